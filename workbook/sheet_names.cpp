@@ -1,0 +1,61 @@
+#include "workbook/sheet_names.h"
+
+#include <algorithm>
+#include <string>
+
+#include "frame/errors.h"
+
+namespace orv {
+namespace {
+
+constexpr std::string_view kForbidden = ":\\/?*[]";
+
+char foldCase(char c) { return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c; }
+
+std::int32_t utf8Length(std::string_view s) {
+  // Continuation bytes (10xxxxxx) do not start a character.
+  return static_cast<std::int32_t>(std::count_if(s.begin(), s.end(), [](char c) {
+    return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U;
+  }));
+}
+
+[[noreturn]] void invalidName(std::string_view name, std::string_view why) {
+  raiseHost("The sheet name \"" + std::string(name) + "\" is not valid: " + std::string(why));
+}
+
+}  // namespace
+
+void checkSheetName(std::string_view name) {
+  if (name.empty()) invalidName(name, "a sheet name cannot be empty");
+  if (utf8Length(name) > kMaxSheetNameLength) {
+    invalidName(name, "a sheet name has at most 31 characters");
+  }
+  if (name.find_first_of(kForbidden) != std::string_view::npos) {
+    invalidName(name, "a sheet name cannot hold any of : \\ / ? * [ ]");
+  }
+  if (name.front() == '\'' || name.back() == '\'') {
+    invalidName(name, "a sheet name cannot begin or end with an apostrophe");
+  }
+}
+
+bool sameSheetName(std::string_view a, std::string_view b) {
+  return a.size() == b.size() &&
+         std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) { return foldCase(x) == foldCase(y); });
+}
+
+std::int64_t defaultSheetNumber(std::string_view name) {
+  constexpr std::string_view kPrefix = "sheet";
+  // Up to 15 digits keeps N well inside 64 bits.
+  if (name.size() <= kPrefix.size() || name.size() > kPrefix.size() + 15) return 0;
+  if (!sameSheetName(name.substr(0, kPrefix.size()), kPrefix)) return 0;
+  std::int64_t n = 0;
+  for (char c : name.substr(kPrefix.size())) {
+    if (c < '0' || c > '9') return 0;
+    n = n * 10 + (c - '0');
+  }
+  return n;
+}
+
+std::string defaultSheetName(std::int64_t n) { return "Sheet" + std::to_string(n); }
+
+}  // namespace orv

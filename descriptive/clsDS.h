@@ -1,0 +1,108 @@
+#pragma once
+// clsDS: the public descriptive analysis of linear data.
+//
+// Set the options (write-only properties, in the interface's member order below), then call
+// Results. Results checks the input, computes every selected statistic of every column of every
+// area with a fresh clsDSBO, writes the table to the scratch sheet through clsDSOutput, and pastes
+// it at the output place (a new sheet at the end of the active workbook when none is given).
+//
+// Errors leave as ComponentError with the source of the procedure the caller called
+// ("Line 0 in ORVDescriptives.clsDS.Results", "... clsDS.LetHeaders"). Own numbers: 5002 (no input
+// range), 5038 (areas of different heights). The InputRange and OutputRange setters have no trap of
+// their own: a bad reference reaches the caller with the host's error as it stands.
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "descriptive/plot_rows.h"
+#include "frame/range.h"
+#include "frame/value_array.h"
+
+namespace orv {
+
+class clsDSBO;
+
+class clsDS {
+ public:
+  clsDS();
+
+  void Headers(bool v);
+  void GetMean(bool v);
+  void GetMedian(bool v);
+  void GetMode(bool v);
+  void GetSE(bool v);
+  void GetSD(bool v);
+  void GetVariance(bool v);
+  void GetCV(bool v);
+  void GetCL(bool v);
+  void GetSum(bool v);
+  void GetSkewness(bool v);
+  void GetKurtosis(bool v);
+  void GetMin(bool v);
+  void GetMax(bool v);
+  void GetCount(bool v);
+  void GetLargest(bool v);
+  void GetSmallest(bool v);
+  void GetRange(bool v);
+  void GetPercentile(bool v);
+  void PlotBox(bool v);
+  void PlotError(bool v);
+  // Resolves the reference at once; an empty text raises 5002. A different text drops the cached
+  // results block.
+  void InputRange(const std::string& reference);
+  // Resolves the reference at once; an empty text means "a new sheet".
+  void OutputRange(const std::string& reference);
+  void CL(std::uint8_t v);
+  void Percentile(std::uint8_t v);
+  void Largest(std::int32_t v);
+  void Smallest(std::int32_t v);
+  void BoxTitle(const std::string& v);
+  void BoxYTitle(const std::string& v);
+  void ErrorTitle(const std::string& v);
+  void ErrorYTitle(const std::string& v);
+  // A changed text drops the cached results block.
+  void ErrorCentre(const std::string& v);
+  void ErrorError(const std::string& v);
+  void Results(bool overWrite = false);
+  // Kept for the public surface; it has no effect on any output.
+  void OutputFrequencies(bool v);
+
+  // For the chart drivers and for inspection: the rows recorded by the last Results call, and
+  // the place the last block was pasted at.
+  const PlotRows& plotRows() const { return plotRows_; }
+  const std::optional<Range>& outputRange() const { return output_; }
+
+ private:
+  struct Selection;
+
+  Range GetResults();
+  Selection chartNeeds();
+  Range FormatResults(const Array1D<std::string>& columnNames, const ValueArray2D& matrix,
+                      Int16& firstRow);
+  void DrawBoxPlot(Int16 columns, Int16 headerRow, Int16 lowerPercentileRow,
+                   Int16 upperPercentileRow, Int16 minimumRow, Int16 maximumRow, Int16 medianRow);
+  void DrawErrorPlot(Int16 columns, Int16 headerRow, Int16 centreRow, Int16 upperErrorRow,
+                     Int16 lowerErrorRow);
+
+  bool headers_ = false;
+  bool getMean_ = false, getMedian_ = false, getMode_ = false, getSE_ = false, getSD_ = false;
+  bool getVariance_ = false, getCV_ = false, getCL_ = false, getSum_ = false;
+  bool getSkewness_ = false, getKurtosis_ = false, getMin_ = false, getMax_ = false;
+  bool getCount_ = false, getLargest_ = false, getSmallest_ = false, getRange_ = false;
+  bool getPercentile_ = false;
+  bool plotBox_ = false, plotError_ = false, outputFrequencies_ = false;
+  std::uint8_t cl_ = 95;
+  std::uint8_t percentile_ = 25;
+  std::int32_t largest_ = 0;
+  std::int32_t smallest_ = 0;
+  std::string boxTitle_, boxYTitle_, errorTitle_, errorYTitle_, errorCentre_, errorError_;
+
+  std::string inputText_;
+  std::optional<Range> input_;
+  std::optional<Range> output_;
+  std::optional<Range> block_;
+  PlotRows plotRows_;
+};
+
+}  // namespace orv

@@ -1,0 +1,167 @@
+// clsDSBO: data intake, caching and the statistics built on sums.
+
+#include "descriptive/clsDSBO.h"
+
+#include "descriptive/clsDSBO_internal.h"
+#include "frame/conversions.h"
+#include "frame/host.h"
+#include "support/array_tools.h"
+#include "support/host_session.h"
+
+namespace orv {
+
+using detail::forRows;
+using detail::kDSBO;
+
+namespace {
+
+// Half-width factor of the confidence interval: the two-tailed t quantile for the confidence
+// level cl (percent) with n - 1 degrees of freedom, from the host.
+double tCritical(std::int16_t cl, std::int32_t n) {
+  const Int16 tail = Int16(100) - Int16(cl);
+  const double p = divide(tail.value(), 100.0);
+  const Int32 degrees = Int32(n) - Int32(1);
+  return checked(HostSession::Application().worksheetFunction().TInv(p, degrees.value()));
+}
+
+}  // namespace
+
+clsDSBO::clsDSBO() {
+  kDSBO("Class_Initialize", [&] { ResetFlags(); });
+}
+
+void clsDSBO::Data(const ValueArray2D& column) {
+  kDSBO("LetData", [&] {
+    data_ = column;
+    ArrayTools::SortRows(data_, 1);
+    ResetFlags();
+  });
+}
+
+void clsDSBO::Data(const CellValue& single) {
+  kDSBO("LetData", [&] {
+    ValueArray2D column(1, 1);
+    column(1, 1) = single;
+    Data(column);
+  });
+}
+
+double clsDSBO::value(std::int64_t row) const { return toNumber(data_(row, 1)); }
+
+std::int32_t clsDSBO::Count() {
+  return kDSBO("Count", [&] {
+    if (!haveCount_) {
+      // The sort put every empty cell after the observations, so the first empty cell ends them.
+      Int32 n = 0;
+      while (!data_(static_cast<std::int64_t>(n.value()) + 1, 1).isEmpty()) {
+        ++n;
+        if (n.value() == data_.rows()) break;
+      }
+      count_ = n.value();
+      haveCount_ = true;
+    }
+    return count_;
+  });
+}
+
+double clsDSBO::Sum() {
+  return kDSBO("Sum", [&] {
+    if (!haveSum_) {
+      // Counts in 16 bits: more than 32767 observations overflow here, and with them every
+      // statistic built on the sum. Kept on purpose; Count itself goes on answering.
+      double total = 0.0;
+      forRows<Int16>(Count(), [&](std::int64_t i) { total = add(total, value(i)); });
+      sum_ = total;
+      haveSum_ = true;
+    }
+    return sum_;
+  });
+}
+
+double clsDSBO::Mean() {
+  return kDSBO("Mean", [&] {
+    if (!haveMean_) {
+      // No observations: 0/0, which the platform reports as an overflow.
+      mean_ = divide(Sum(), static_cast<double>(Count()));
+      haveMean_ = true;
+    }
+    return mean_;
+  });
+}
+
+double clsDSBO::Variance() {
+  return kDSBO("Variance", [&] {
+    if (!haveVariance_) {
+      // Squared deviations from the mean rather than power sums: no cancellation for data far
+      // from zero. This loop counts in 32 bits; the 16-bit limit comes from Mean.
+      const double mean = Mean();
+      double squares = 0.0;
+      forRows<Int32>(Count(), [&](std::int64_t i) {
+        squares = add(squares, power(subtract(value(i), mean), 2.0));
+      });
+      const Int32 n = Count();
+      variance_ = n.value() < 2 ? 0.0 : divide(squares, static_cast<double>((n - Int32(1)).value()));
+      haveVariance_ = true;
+    }
+    return variance_;
+  });
+}
+
+double clsDSBO::SD() {
+  return kDSBO("SD", [&] { return squareRoot(Variance()); });
+}
+
+double clsDSBO::SE() {
+  return kDSBO("SE", [&] { return squareRoot(divide(Variance(), static_cast<double>(Count()))); });
+}
+
+double clsDSBO::CV() {
+  // Keeps the sign of the mean: a negative mean gives a negative percentage.
+  return kDSBO("CV", [&] { return multiply(divide(squareRoot(Variance()), Mean()), 100.0); });
+}
+
+double clsDSBO::Min() {
+  // Row 1 of the sorted column; with no observations an empty cell, read as 0.
+  return kDSBO("Min", [&] { return value(1); });
+}
+
+double clsDSBO::Max() {
+  // Row Count: with no observations that is row 0, a subscript error.
+  return kDSBO("Max", [&] { return value(Count()); });
+}
+
+double clsDSBO::rng() {
+  return kDSBO("rng", [&] {
+    const double last = value(Count());
+    return subtract(last, value(1));
+  });
+}
+
+double clsDSBO::LCL(std::int16_t cl) {
+  return kDSBO("LCL", [&] {
+    const std::int32_t n = Count();
+    if (n < 2) return Mean();
+    const double se = SE();
+    return subtract(Mean(), multiply(se, tCritical(cl, n)));
+  });
+}
+
+double clsDSBO::UCL(std::int16_t cl) {
+  return kDSBO("UCL", [&] {
+    const std::int32_t n = Count();
+    if (n < 2) return Mean();
+    const double se = SE();
+    return add(Mean(), multiply(se, tCritical(cl, n)));
+  });
+}
+
+void clsDSBO::ResetFlags() {
+  kDSBO("ResetFlags", [&] {
+    // The cached values stay; a cleared flag is enough to have them computed again.
+    haveCount_ = haveSum_ = haveMean_ = haveVariance_ = false;
+    haveSkewness_ = haveSkewnessP_ = haveKurtosis_ = haveKurtosisP_ = false;
+    sum2_ = sum3_ = sum4_ = 0.0;
+  });
+}
+
+}  // namespace orv

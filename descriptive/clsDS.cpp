@@ -218,6 +218,8 @@ void clsDS::Results(bool overWrite) {
 
     block_->Copy();
     output_->Cells(1, 1).PasteSpecial(HostConstants::PasteType());
+    pasted_ = Range::Span(output_->Cells(1, 1),
+                          output_->Cells(block_->RowsCount(), block_->ColumnsCount()));
 
     if (plotBox_) {
       DrawBoxPlot(plotRows_.columns, plotRows_.header, plotRows_.lowerPercentile,

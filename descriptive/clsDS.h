@@ -68,10 +68,11 @@ class clsDS {
   // Kept for the public surface; it has no effect on any output.
   void OutputFrequencies(bool v);
 
-  // For the chart drivers and for inspection: the rows recorded by the last Results call, and
-  // the place the last block was pasted at.
+  // For the chart drivers and for callers that report what was written: the rows recorded by the
+  // last Results call, the output place, and the block pasted there.
   const PlotRows& plotRows() const { return plotRows_; }
   const std::optional<Range>& outputRange() const { return output_; }
+  const std::optional<Range>& pastedBlock() const { return pasted_; }
 
  private:
   struct Selection;
@@ -102,6 +103,7 @@ class clsDS {
   std::optional<Range> input_;
   std::optional<Range> output_;
   std::optional<Range> block_;
+  std::optional<Range> pasted_;
   PlotRows plotRows_;
 };
 

@@ -63,6 +63,11 @@ inline constexpr std::int32_t kBinsNotIncreasing = kObjectErrorBase + 5099;
 inline constexpr std::int32_t kInputColumnNotNumeric = kObjectErrorBase + 6001;  // text/Boolean/error among data
 inline constexpr std::int32_t kOutputAreaOccupied = kObjectErrorBase + 6002;     // target block not empty
 
+// Errors of the file layer.
+inline constexpr std::int32_t kFileUnreadable = kObjectErrorBase + 6101;  // not a workbook or text file we read
+// Errors of the workbook files.
+inline constexpr std::int32_t kFileUnwritable = kObjectErrorBase + 6102;        // output workbook cannot be written
+
 // The description of an error raised without one of its own.
 inline constexpr std::string_view kGenericDescription = "Application-defined or object-defined error";
 

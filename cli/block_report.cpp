@@ -1,0 +1,94 @@
+#include "cli/block_report.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <vector>
+
+#include "frame/conversions.h"
+
+namespace orv::cli {
+namespace {
+
+std::string shortNumber(double x) {
+  char buf[32];
+  std::snprintf(buf, sizeof buf, "%.6g", x);
+  return buf;
+}
+
+std::string cellText(const CellValue& v) {
+  return v.isNumber() ? shortNumber(v.number()) : toText(v);
+}
+
+// Heading lines ("Descriptive Statistics for:", "Input Range = ...") stand alone in column 1 of
+// a row; they must not widen the label column.
+bool isHeadingRow(const ValueArray2D& block, std::int32_t r) {
+  if (block.columns() < 2 || !block(r, 1).isText()) return false;
+  for (std::int32_t c = 2; c <= block.columns(); ++c)
+    if (!block(r, c).isEmpty()) return false;
+  return true;
+}
+
+}  // namespace
+
+std::string formatTable(const ValueArray2D& block) {
+  const std::int32_t rows = block.rows();
+  const std::int32_t cols = block.columns();
+  std::vector<std::size_t> width(static_cast<std::size_t>(cols), 0);
+  for (std::int32_t r = 1; r <= rows; ++r) {
+    if (isHeadingRow(block, r)) continue;
+    for (std::int32_t c = 1; c <= cols; ++c) {
+      auto& w = width[static_cast<std::size_t>(c - 1)];
+      w = std::max(w, cellText(block(r, c)).size());
+    }
+  }
+  // Trailing empty rows of the block are not printed.
+  std::int32_t last = rows;
+  while (last > 0) {
+    bool empty = true;
+    for (std::int32_t c = 1; c <= cols && empty; ++c) empty = block(last, c).isEmpty();
+    if (!empty) break;
+    --last;
+  }
+
+  std::string out;
+  for (std::int32_t r = 1; r <= last; ++r) {
+    std::string line;
+    if (isHeadingRow(block, r)) {
+      line = cellText(block(r, 1));
+    } else {
+      for (std::int32_t c = 1; c <= cols; ++c) {
+        const std::size_t w = width[static_cast<std::size_t>(c - 1)];
+        if (w == 0) continue;
+        const std::string text = cellText(block(r, c));
+        const std::string pad(w - text.size(), ' ');
+        if (c > 1) line += "  ";
+        line += c == 1 ? text + pad : pad + text;
+      }
+    }
+    while (!line.empty() && line.back() == ' ') line.pop_back();
+    out += line;
+    out += '\n';
+  }
+  return out;
+}
+
+nlohmann::json blockToJson(const ValueArray2D& block) {
+  nlohmann::json rows = nlohmann::json::array();
+  for (std::int32_t r = 1; r <= block.rows(); ++r) {
+    nlohmann::json row = nlohmann::json::array();
+    for (std::int32_t c = 1; c <= block.columns(); ++c) {
+      const CellValue& v = block(r, c);
+      switch (v.kind()) {
+        case CellValue::Kind::Empty: row.push_back(nullptr); break;
+        case CellValue::Kind::Number: row.push_back(v.number()); break;
+        case CellValue::Kind::Text: row.push_back(v.text()); break;
+        case CellValue::Kind::Boolean: row.push_back(v.boolean()); break;
+        case CellValue::Kind::Error: row.push_back(std::string(errorValueText(v.error()))); break;
+      }
+    }
+    rows.push_back(std::move(row));
+  }
+  return rows;
+}
+
+}  // namespace orv::cli

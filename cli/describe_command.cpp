@@ -1,0 +1,145 @@
+#include "cli/describe_command.h"
+
+#include <CLI/CLI.hpp>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "cli/analysis_run.h"
+#include "descriptive/clsDS.h"
+
+namespace orv::cli {
+namespace {
+
+// A statistic flag: its name on the command line, its help and the option of clsDS it sets.
+struct StatisticFlag {
+  const char* name;
+  const char* help;
+  void (clsDS::*set)(bool);
+};
+
+const std::vector<StatisticFlag> kFlags = {
+    {"--mean", "arithmetic mean", &clsDS::GetMean},
+    {"--median", "median", &clsDS::GetMedian},
+    {"--mode", "most frequent values", &clsDS::GetMode},
+    {"--se", "standard error of the mean", &clsDS::GetSE},
+    {"--sd", "standard deviation", &clsDS::GetSD},
+    {"--variance", "sample variance", &clsDS::GetVariance},
+    {"--cv", "coefficient of variation, percent", &clsDS::GetCV},
+    {"--sum", "sum", &clsDS::GetSum},
+    {"--min", "minimum", &clsDS::GetMin},
+    {"--max", "maximum", &clsDS::GetMax},
+    {"--count", "number of observations", &clsDS::GetCount},
+    {"--range", "maximum minus minimum", &clsDS::GetRange},
+    {"--skewness", "skewness and its normality-test probability", &clsDS::GetSkewness},
+    {"--kurtosis", "excess kurtosis and its normality-test probability", &clsDS::GetKurtosis},
+};
+
+struct DescribeOptions {
+  FileOptions files;
+  std::string input;
+  std::string output;
+  bool headers = false;
+  bool overwrite = false;
+  bool all = false;
+  std::vector<int> chosen = std::vector<int>(kFlags.size(), 0);  // times each flag was given
+  int cl = 95;
+  int percentile = 25;
+  int largest = 0;
+  int smallest = 0;
+  CLI::Option* clOption = nullptr;
+  CLI::Option* percentileOption = nullptr;
+  CLI::Option* largestOption = nullptr;
+  CLI::Option* smallestOption = nullptr;
+};
+
+nlohmann::json optionsJson(const DescribeOptions& o) {
+  nlohmann::json j;
+  j["headers"] = o.headers;
+  j["overwrite"] = o.overwrite;
+  j["output"] = o.output.empty() ? nlohmann::json(nullptr) : nlohmann::json(o.output);
+  nlohmann::json stats = nlohmann::json::array();
+  for (std::size_t i = 0; i < kFlags.size(); ++i) {
+    if (o.all || o.chosen[i]) stats.push_back(std::string(kFlags[i].name + 2));
+  }
+  if (o.all || o.clOption->count() > 0) stats.push_back("cl");
+  if (o.all || o.percentileOption->count() > 0) stats.push_back("percentiles");
+  if (o.largestOption->count() > 0) stats.push_back("largest");
+  if (o.smallestOption->count() > 0) stats.push_back("smallest");
+  j["statistics"] = stats;
+  j["cl"] = o.cl;
+  j["percentile"] = o.percentile;
+  j["largest"] = o.largest;
+  j["smallest"] = o.smallest;
+  return j;
+}
+
+int run(const DescribeOptions& o) {
+  AnalysisRequest request;
+  request.analysis = "describe";
+  request.options = optionsJson(o);
+  request.context = ErrorContext{o.input, o.output};
+  request.run = [&o]() {
+    clsDS ds;
+    ds.Headers(o.headers);
+    for (std::size_t i = 0; i < kFlags.size(); ++i) {
+      if (o.all || o.chosen[i]) (ds.*kFlags[i].set)(true);
+    }
+    ds.GetCL(o.all || o.clOption->count() > 0);
+    ds.CL(static_cast<std::uint8_t>(o.cl));
+    ds.GetPercentile(o.all || o.percentileOption->count() > 0);
+    ds.Percentile(static_cast<std::uint8_t>(o.percentile));
+    ds.GetLargest(o.largestOption->count() > 0);
+    ds.Largest(o.largest);
+    ds.GetSmallest(o.smallestOption->count() > 0);
+    ds.Smallest(o.smallest);
+    ds.InputRange(o.input);
+    ds.OutputRange(o.output);
+    ds.Results(o.overwrite);
+    return *ds.pastedBlock();
+  };
+  return runAnalysis(o.files, request);
+}
+
+}  // namespace
+
+void addDescribeCommand(CLI::App& app, int& exitCode) {
+  auto options = std::make_shared<DescribeOptions>();
+  DescribeOptions& o = *options;
+  CLI::App* cmd = app.add_subcommand("describe", "Descriptive statistics of the columns of a range");
+  cmd->footer(R"(With no statistic chosen the table holds Mean, Std Error, Std Dev. and Count.
+
+Examples:
+  orvella describe plants.xlsx --input "Heights!A1:C13" --headers
+  orvella describe plants.xlsx --input "Heights!A1:C13" --headers --all -o results.xlsx
+  orvella describe data.csv --input "A2:A200,C2:C200" --mean --cl 99 --percentiles 10 --json)");
+  addFileOptions(*cmd, o.files);
+  cmd->add_option("-i,--input", o.input, "range to analyse, e.g. \"Data!A1:C20\" or \"A1:A10,C1:C10\"")
+      ->required();
+  cmd->add_option("--output", o.output,
+                  "cell where the table goes, e.g. \"Data!F1\" (default: a new sheet at the end)");
+  cmd->add_flag("--overwrite", o.overwrite, "replace whatever is in the output area");
+  cmd->add_flag("--headers", o.headers, "the first row of every column holds its name");
+  cmd->add_flag("--all", o.all, "every statistic except the k-th largest and smallest");
+  for (std::size_t i = 0; i < kFlags.size(); ++i) {
+    cmd->add_flag(kFlags[i].name, o.chosen[i], kFlags[i].help);
+  }
+  o.clOption = cmd->add_option("--cl", o.cl, "confidence limits of the mean at LEVEL percent (default 95)")
+                   ->expected(0, 1)
+                   ->default_str("95")
+                   ->check(CLI::Range(1, 99));
+  o.percentileOption =
+      cmd->add_option("--percentiles", o.percentile,
+                      "the P-th and (100-P)-th percentiles (default 25, giving quartiles)")
+          ->expected(0, 1)
+          ->default_str("25")
+          ->check(CLI::Range(1, 99));
+  o.largestOption = cmd->add_option("--largest", o.largest, "the K-th largest value")
+                        ->check(CLI::PositiveNumber);
+  o.smallestOption = cmd->add_option("--smallest", o.smallest, "the K-th smallest value")
+                         ->check(CLI::PositiveNumber);
+  cmd->callback([options, &exitCode] { exitCode = run(*options); });
+}
+
+}  // namespace orv::cli

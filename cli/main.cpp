@@ -1,0 +1,37 @@
+// orvella: descriptive statistics of spreadsheet data from the terminal.
+
+#include <CLI/CLI.hpp>
+
+#include "cli/analysis_run.h"
+#include "cli/describe_command.h"
+#include "cli/sheets_command.h"
+
+#ifndef ORVELLA_VERSION
+#define ORVELLA_VERSION "0.0.0"
+#endif
+
+int main(int argc, char** argv) {
+  CLI::App app{"Orvella: descriptive statistics for spreadsheet data.\n"
+               "Reads a workbook, writes a labelled results table into it, and prints the table."};
+  app.set_version_flag("--version", "orvella " ORVELLA_VERSION);
+  app.require_subcommand(1);
+  app.footer(R"(Examples:
+  orvella sheets plants.xlsx
+  orvella describe plants.xlsx --input "Heights!A1:C13" --headers --all
+  orvella describe plants.xlsx --input "Heights!A1:C13" --headers --mean --sd -o results.xlsx
+
+Run "orvella COMMAND --help" for the options of a command.)");
+
+  int exitCode = orv::cli::kExitOk;
+  orv::cli::addDescribeCommand(app, exitCode);
+  orv::cli::addSheetsCommand(app, exitCode);
+
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::ParseError& e) {
+    const int code = app.exit(e);
+    // Help and version are successes; every other parse failure is wrong usage.
+    return code == 0 ? 0 : orv::cli::kExitUsage;
+  }
+  return exitCode;
+}

@@ -1,0 +1,81 @@
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <string>
+
+#include "xlsx/reader_sheet.h"
+#include "xlsx/writer_cell.h"
+#include "xlsx/writer_sheet.h"
+#include "xlsx/writer_xml.h"
+
+namespace orv::test {
+namespace {
+
+TEST(WriterCell, EachValueKindHasItsElement) {
+  struct Row {
+    CellValue value;
+    std::uint32_t style;
+    std::string prefix;
+    std::string expected;
+  };
+  const Row rows[] = {
+      {CellValue{}, 3, "", R"(<c r="B7" s="3"/>)"},
+      {CellValue(5.1), 0, "", R"(<c r="B7"><v>5.1</v></c>)"},
+      {CellValue(-1e-300), 2, "", R"(<c r="B7" s="2"><v>-1e-300</v></c>)"},
+      {CellValue(0.1 + 0.2), 0, "", R"(<c r="B7"><v>0.30000000000000004</v></c>)"},
+      {CellValue(true), 0, "", R"(<c r="B7" t="b"><v>1</v></c>)"},
+      {CellValue(ErrorValue::Div0), 0, "", R"(<c r="B7" t="e"><v>#DIV/0!</v></c>)"},
+      {CellValue("Mean"), 1, "", R"(<c r="B7" s="1" t="inlineStr"><is><t>Mean</t></is></c>)"},
+      {CellValue(" a "), 0, "", R"(<c r="B7" t="inlineStr"><is><t xml:space="preserve"> a </t></is></c>)"},
+      {CellValue("n/a"), 0, "x:", R"(<x:c r="B7" t="inlineStr"><x:is><x:t>n/a</x:t></x:is></x:c>)"},
+  };
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.expected);
+    EXPECT_EQ(cellXml(7, 2, row.value, row.style, row.prefix), row.expected);
+  }
+}
+
+TEST(WriterXml, TextEscapesMarkupControlsAndLiteralEscapes) {
+  const std::pair<std::string, std::string> rows[] = {
+      {"a<b & c>d", "a&lt;b &amp; c&gt;d"},
+      {"say \"hi\"", "say \"hi\""},
+      {std::string("bell\x07", 5), "bell_x0007_"},
+      {"_x0041_", "_x005F_x0041_"},
+      {"_x00G1_ and _x12", "_x00G1_ and _x12"},
+      {"Größe", "Größe"},
+      {"line\nbreak", "line\nbreak"},
+  };
+  for (const auto& [input, expected] : rows) {
+    SCOPED_TRACE(input);
+    EXPECT_EQ(xml::text(input), expected);
+  }
+  EXPECT_EQ(xml::attribute("a\"b\nc"), "a&quot;b&#10;c");
+}
+
+TEST(WriterXml, NumbersRoundTrip) {
+  for (const double v : {0.0, 1.0, -2.5, 1.0 / 3.0, 6.02214076e23, 4.9e-324, 123456789012345.0}) {
+    SCOPED_TRACE(v);
+    EXPECT_EQ(std::strtod(xml::number(v).c_str(), nullptr), v);
+  }
+  EXPECT_EQ(xml::number(15.0), "15");
+}
+
+TEST(WriterSheet, ColumnWidthsInCharactersOfTheDefaultFont) {
+  const std::pair<double, double> rows[] = {
+      {48.0, 9.140625},  // the default column: 64 px
+      {0.0, 0.0},
+      {75.0, 14.28515625},  // 100 px
+  };
+  for (const auto& [points, characters] : rows) {
+    SCOPED_TRACE(points);
+    EXPECT_DOUBLE_EQ(columnWidthCharacters(points), characters);
+  }
+  // Whole-pixel widths come back from the reader as they went out.
+  for (int pixels = 1; pixels <= 400; ++pixels) {
+    const double points = pixels * 0.75;
+    ASSERT_DOUBLE_EQ(columnWidthPoints(columnWidthCharacters(points)), points) << pixels << " px";
+  }
+}
+
+}  // namespace
+}  // namespace orv::test

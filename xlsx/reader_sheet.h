@@ -1,0 +1,49 @@
+#pragma once
+// Reads one worksheet part into a sheet of the in-memory host: cell values and the row heights
+// and column widths the part sets.
+//
+// The part is scanned once, front to back, without building a document tree, so a sheet of
+// 32767 rows by 100 columns costs time and memory linear in its size. Cells keep their file
+// types: numbers, shared strings (index into `sharedStrings`), inline strings (rich text runs
+// joined), Booleans, error values, ISO dates (as serial numbers in the workbook's date system),
+// and the cached results of formulas; a formula without a cached result leaves its cell empty.
+// Cells and rows without an `r` attribute follow the one before them; namespace prefixes are
+// ignored. The declared <dimension> is not used: only the cells present are stored.
+//
+// Errors (kFileUnreadable via raiseDamaged, the detail naming the sheet): XML that is not
+// well-formed or is cut short, a cell reference off the sheet, a value that does not fit its
+// type, a shared-string index out of range, and a sheet whose stored cells would need more than
+// `maxStoredCells` slots (the host stores each column densely from its first to its last cell).
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace orv {
+
+class InMemoryWorksheet;
+
+struct SheetReadOptions {
+  const std::vector<std::string>* sharedStrings = nullptr;  // none: the workbook has none
+  bool date1904 = false;
+  // Dense cell slots allowed for all sheets of one workbook together (about 40 bytes each);
+  // `usedCells` carries the count from sheet to sheet.
+  std::uint64_t maxStoredCells = 50'000'000;
+  std::uint64_t* usedCells = nullptr;
+};
+
+void readSheetXml(std::string_view xml, InMemoryWorksheet& sheet, const SheetReadOptions& options);
+
+// A column width as files give it (characters of the default font's digit width, padding
+// included) in points, by the spreadsheet's rule for a 7-pixel digit:
+// pixels = trunc((256 w + trunc(128 / 7)) / 256 * 7), points = pixels * 0.75. Widths are held
+// to 0..255 characters, the spreadsheet's range. 9.140625 (a default column) gives 48 pt.
+double columnWidthPoints(double characters);
+
+// An ISO 8601 date or date-time ("2024-03-01", "2024-03-01T12:30:00.5") as a serial day number
+// in the 1900 date system (with its phantom 29 February 1900) or the 1904 one; false when the
+// text is no such date.
+bool isoDateSerial(std::string_view text, bool date1904, double& serial);
+
+}  // namespace orv

@@ -1,0 +1,176 @@
+#include "xlsx/reader_workbook.h"
+
+#include <algorithm>
+#include <optional>
+
+#include <pugixml.hpp>
+
+#include "frame/procedure.h"
+#include "workbook/in_memory_application.h"
+#include "xlsx/csv_reader.h"
+#include "xlsx/reader_errors.h"
+#include "xlsx/reader_package.h"
+#include "xlsx/reader_shared_strings.h"
+#include "xlsx/reader_sheet.h"
+#include "xlsx/reader_sniff.h"
+#include "xlsx/reader_xml.h"
+
+namespace orv {
+namespace {
+
+constexpr Procedures kProc("WorkbookFile");
+
+std::string lowerExtension(const std::filesystem::path& file) {
+  std::string e = file.extension().string();
+  std::transform(e.begin(), e.end(), e.begin(), [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+  return e;
+}
+
+bool isTextExtension(std::string_view e) { return e == ".csv" || e == ".tsv" || e == ".txt"; }
+
+// A zip archive without an officeDocument workbook: say what it is instead.
+[[noreturn]] void raiseNotAWorkbook(ZipInput& zip, std::string_view officeTarget) {
+  if (officeTarget.ends_with(".bin") || zip.contains("xl/workbook.bin")) {
+    raiseDamaged("is a binary workbook (.xlsb), which is not read; save it as .xlsx");
+  }
+  if (auto mime = zip.read("mimetype")) {
+    if (mime->starts_with("application/vnd.oasis.opendocument.spreadsheet")) {
+      raiseDamaged("is an OpenDocument spreadsheet (.ods), which is not read; save it as .xlsx");
+    }
+    if (mime->starts_with("application/vnd.oasis.opendocument")) raiseDamaged("is an OpenDocument file, not a workbook");
+  }
+  if (officeTarget.starts_with("word/") || zip.contains("word/document.xml")) {
+    raiseDamaged("is a word-processing document, not a workbook");
+  }
+  if (officeTarget.starts_with("ppt/") || zip.contains("ppt/presentation.xml")) {
+    raiseDamaged("is a presentation, not a workbook");
+  }
+  raiseDamaged("is a zip archive that holds no workbook");
+}
+
+std::string findWorkbookPart(ZipInput& zip) {
+  const std::vector<Relationship> rels = readRelationships(zip, "");
+  const auto office = std::find_if(rels.begin(), rels.end(), [](const Relationship& r) {
+    return !r.external && hasRelationshipType(r, "officeDocument");
+  });
+  if (office != rels.end()) {
+    if (!office->target.ends_with(".xml") && !zip.contains(office->target)) raiseNotAWorkbook(zip, office->target);
+    if (office->target.starts_with("word/") || office->target.starts_with("ppt/") || office->target.ends_with(".bin")) {
+      raiseNotAWorkbook(zip, office->target);
+    }
+    return office->target;
+  }
+  // Packages without their root relationships still open where the workbook sits in its usual place.
+  if (zip.contains("xl/workbook.xml")) return "xl/workbook.xml";
+  raiseNotAWorkbook(zip, "");
+}
+
+struct SheetEntry {
+  std::string name;
+  std::string part;
+};
+
+bool truthy(std::string_view v) { return v == "1" || v == "true"; }
+
+LoadedWorkbook loadPackage(InMemoryApplication& app, const std::filesystem::path& file, const ReadLimits& limits) {
+  LoadedPackageInfo info;
+  info.fromPackage = true;
+  std::vector<SheetEntry> sheets;
+  std::vector<std::string> sharedStrings;
+  std::optional<ZipInput> zip;
+
+  namingFile(file, [&] {
+    zip.emplace(file, limits.zip);
+    info.workbookPart = findWorkbookPart(*zip);
+    auto xml = zip->read(info.workbookPart);
+    if (!xml) raiseDamaged("is damaged: its workbook part \"" + info.workbookPart + "\" is missing");
+    pugi::xml_document doc;
+    parsePart(doc, *xml, info.workbookPart);
+    const pugi::xml_node root = doc.document_element();
+    if (localName(root.name()) != "workbook") raiseNotAWorkbook(*zip, "");
+    info.date1904 = truthy(attributeNamed(childNamed(root, "workbookPr"), "date1904").value());
+
+    const std::vector<Relationship> rels = readRelationships(*zip, info.workbookPart);
+    for (pugi::xml_node s = childNamed(childNamed(root, "sheets"), "sheet"); s; s = s.next_sibling()) {
+      if (s.type() != pugi::node_element || localName(s.name()) != "sheet") continue;
+      const std::string name = attributeNamed(s, "name").value();
+      // The relationship id is the only attribute named "id" that carries a prefix (r:id).
+      std::string_view id;
+      for (pugi::xml_attribute a = s.first_attribute(); a; a = a.next_attribute()) {
+        const std::string_view qualified = a.name();
+        if (localName(qualified) == "id" && qualified.find(':') != std::string_view::npos) id = a.value();
+      }
+      const auto rel = std::find_if(rels.begin(), rels.end(), [&](const Relationship& r) { return r.id == id; });
+      if (rel == rels.end()) raiseDamaged("is damaged: the sheet \"" + name + "\" has no part");
+      if (!hasRelationshipType(*rel, "worksheet")) continue;  // chart, dialog and macro sheets
+      if (rel->external || !zip->contains(rel->target)) {
+        raiseDamaged("is damaged: the part \"" + rel->target + "\" of the sheet \"" + name + "\" is missing");
+      }
+      sheets.push_back({name, rel->target});
+    }
+    if (sheets.empty()) raiseDamaged("is damaged: its workbook lists no worksheet");
+
+    const auto strings = std::find_if(rels.begin(), rels.end(), [](const Relationship& r) {
+      return !r.external && hasRelationshipType(r, "sharedStrings");
+    });
+    if (strings != rels.end()) {
+      if (auto sst = zip->read(strings->target)) sharedStrings = parseSharedStrings(*sst, strings->target);
+    }
+  });
+
+  InMemoryWorkbook& book = app.AddWorkbook(file.filename().string(), {});
+  std::uint64_t usedCells = 0;
+  SheetReadOptions options;
+  options.sharedStrings = &sharedStrings;
+  options.date1904 = info.date1904;
+  options.maxStoredCells = limits.maxStoredCells;
+  options.usedCells = &usedCells;
+  namingFile(file, [&] {
+    for (const SheetEntry& entry : sheets) {
+      InMemoryWorksheet* sheet = nullptr;
+      try {
+        sheet = &book.addSheet(entry.name);
+      } catch (const ComponentError&) {
+        raiseDamaged("is damaged: \"" + entry.name + "\" cannot name a sheet (invalid or repeated)");
+      }
+      std::optional<std::string> xml = zip->read(entry.part);
+      readSheetXml(*xml, *sheet, options);
+      info.sheetParts.push_back(entry.part);
+    }
+  });
+  book.activateSheet(book.Worksheets(1));
+  return {book, std::move(info)};
+}
+
+}  // namespace
+
+LoadedWorkbook openWorkbookFile(InMemoryApplication& app, const std::filesystem::path& file, const ReadLimits& limits) {
+  return kProc("Open", [&]() -> LoadedWorkbook {
+    const std::string extension = lowerExtension(file);
+    switch (sniffFile(file)) {
+      case FileKind::Zip: return loadPackage(app, file, limits);
+      case FileKind::EncryptedWorkbook:
+        raiseUnreadable(file, "is a password-protected workbook (an encrypted package); save it without a password");
+      case FileKind::CompoundDocument:
+        raiseUnreadable(file, extension == ".xls" || extension == ".xlt"
+                                  ? "is a legacy binary workbook (.xls), which is not read; save it as .xlsx"
+                                  : "is a compound document (such as a legacy .xls or .doc file), not a workbook that is read");
+      case FileKind::Utf16Text:
+        raiseUnreadable(file, "is UTF-16 text, which is not read; save it as UTF-8");
+      case FileKind::Binary: raiseUnreadable(file, "is neither a workbook nor a text file");
+      case FileKind::Empty:
+        if (!isTextExtension(extension)) raiseUnreadable(file, "is empty");
+        [[fallthrough]];
+      case FileKind::Text:
+        if (!isTextExtension(extension)) {
+          raiseUnreadable(file, extension == ".xlsx" || extension == ".xlsm"
+                                    ? "is no workbook: it is text, not a zip package"
+                                    : "is text without a .csv, .tsv or .txt extension");
+        }
+        return {loadDelimitedText(app, file), LoadedPackageInfo{}};
+    }
+    raiseUnreadable(file, "is of an unknown kind");
+  });
+}
+
+}  // namespace orv

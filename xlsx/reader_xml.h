@@ -1,0 +1,32 @@
+#pragma once
+// Small helpers for reading package XML with pugixml whatever namespace prefix a writer chose
+// ("x:sheet", "sheet"): elements and attributes are matched by local name.
+
+#include <string>
+#include <string_view>
+
+#include <pugixml.hpp>
+
+namespace orv {
+
+// The part of a qualified name after its prefix: "x:sheet" -> "sheet".
+std::string_view localName(std::string_view qualified);
+
+// First child element / attribute with that local name; an empty handle when there is none.
+pugi::xml_node childNamed(pugi::xml_node parent, std::string_view local);
+pugi::xml_attribute attributeNamed(pugi::xml_node node, std::string_view local);
+
+// Parses a whole part; a part that is no well-formed XML raises kFileUnreadable naming `part`.
+// Whitespace-only text is kept, since a string of blanks is a legitimate cell text.
+void parsePart(pugi::xml_document& doc, std::string& xml, std::string_view part);
+
+// Undoes the _xHHHH_ escapes spreadsheet files use for characters XML cannot carry
+// ("_x000D_" is a carriage return, "_x005F_" a literal underscore); text without them is
+// returned unchanged. An escape of a surrogate half or of nothing valid stays as written.
+std::string decodeSpreadsheetEscapes(std::string text);
+
+// The text of a string item (<si> or <is>): its own <t>, or the <t> of each rich-text run
+// (<r>) in order; phonetic runs (<rPh>) are hints, not content, and are left out.
+std::string stringItemText(pugi::xml_node item);
+
+}  // namespace orv

@@ -108,7 +108,7 @@ int runAnalysis(const FileOptions& files, const AnalysisRequest& request) {
       doc["block"] = blockToJson(block);
       std::cout << doc.dump(2) << "\n";
     } else {
-      std::cout << formatTable(block);
+      std::cout << formatTable(block) << std::flush;
       if (!target.empty()) {
         std::cerr << fmt::format("Results written to {}, sheet \"{}\" at {}.\n", target.string(),
                                  sheetName, pasted.Cells(1, 1).Address());

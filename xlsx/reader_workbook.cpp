@@ -133,7 +133,8 @@ LoadedWorkbook loadPackage(InMemoryApplication& app, const std::filesystem::path
       } catch (const ComponentError&) {
         raiseDamaged("is damaged: \"" + entry.name + "\" cannot name a sheet (invalid or repeated)");
       }
-      std::optional<std::string> xml = zip->read(entry.part);
+      const std::optional<std::string> xml = zip->read(entry.part);
+      if (!xml) raiseDamaged("is damaged: the part \"" + entry.part + "\" is missing");
       readSheetXml(*xml, *sheet, options);
       info.sheetParts.push_back(entry.part);
     }

@@ -1,0 +1,97 @@
+#pragma once
+// clsDSCirc: the public analysis of circular data, angles in degrees.
+//
+// Set the options (write-only properties, in the interface's member order below), then call
+// Results. Results checks every input column (acceptable to RangeChecks, every value from 0 to
+// 360, title cell included), computes the selected statistics of every column of every area with
+// a fresh clsDSCircBO, writes the table (and with Plot the sine/cosine plot data under
+// "Data for Plots") to the scratch sheet through clsDSOutput, and pastes the block at the output
+// place (a new sheet at the end of the input's workbook when none is given). With nothing
+// selected the table holds the eight single-row statistics; Rayleigh's rows come only on request.
+// The confidence row is always the 95 % one: CL is stored but changes no result.
+//
+// Errors leave as ComponentError. Own numbers: 5002 (no input range), 5024 (a value outside 0 to
+// 360; a reference the host cannot resolve), 5038 (areas of different heights), 5001 (an output
+// reference the host cannot resolve). Sources: "Line 0 in ORVDescriptives.clsDSCirc.<procedure>"
+// for a failure of the class itself; a failure that arrives already carrying a "Line ..." source
+// (from the engine, the writer, the support services) gets ".<procedure>" appended at every level
+// instead, FormatResults appending ".FormatSimpleResults". The range setters have their own
+// handler: the component's own numbers pass unchanged, any other failure becomes 5024 (input) or
+// 5001 (output) with the library's name as source.
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "descriptive/clsDSOutput.h"
+#include "frame/numerics.h"
+#include "frame/range.h"
+#include "frame/value_array.h"
+
+namespace orv {
+
+class clsDSCirc {  // NOLINT(readability-identifier-naming): the component's own class name
+ public:
+  clsDSCirc();
+
+  void Headers(bool v);
+  void GetMean(bool v);
+  void GetMeanVector(bool v);
+  void GetCount(bool v);
+  void GetAngularSD(bool v);
+  void GetAngularVar(bool v);
+  void GetCircularSD(bool v);
+  void GetCircularVar(bool v);
+  void GetRayleigh(bool v);
+  void GetCL(bool v);
+  void Plot(bool v);
+  // Resolves the reference at once; an empty text raises 5002. The same text again keeps the
+  // range resolved before; a different one drops the results block.
+  void InputRange(const std::string& reference);
+  // Resolves the reference at once; an empty text means "a new sheet".
+  void OutputRange(const std::string& reference);
+  void CL(std::uint8_t v);
+  void Results(bool overWrite = false);
+
+  // For the chart layer and for inspection: the sheet rows of the plot values in the last
+  // written block (scratch-sheet rows), the place the last block was pasted at, and the two
+  // ranges on the output sheet the scatter plot was last asked to draw from (plot values, two
+  // columns per data column; the row of column names above the "Sin"/"Cos" row).
+  struct ScatterSources {
+    Range data;
+    Range titles;
+  };
+  const PlotDataRows& plotPositions() const { return plotPositions_; }
+  const std::optional<Range>& outputRange() const { return output_; }
+  const std::optional<ScatterSources>& scatterSources() const { return scatterSources_; }
+
+ private:
+  static constexpr std::size_t kSwitchCount = 9;  // the Get* options, one per statistic
+
+  void letSwitch(std::string_view procedure, std::size_t which, bool v);
+  void letFlag(std::string_view procedure, bool& field, bool v);
+
+  Range GetResults(Int16& columnCount, PlotDataRows& plotPositions);
+  // With plot data (and the positions it reports) the "Data for Plots" block follows the table.
+  Range FormatResults(const Array1D<std::string>& columnHeaders, const ValueArray2D& matrix,
+                      const ValueArray2D* plotData = nullptr,
+                      PlotDataRows* plotPositions = nullptr);
+  void DoScatterPlot(const Range& plotData, const Range& titles);
+
+  bool headers_ = false;
+  std::array<bool, kSwitchCount> switches_{};
+  bool plot_ = false;
+  std::uint8_t cl_ = 95;
+
+  std::string inputText_;
+  std::optional<Range> input_;
+  std::optional<Range> output_;
+  std::optional<Range> block_;
+  Int16 columnCount_ = 0;
+  PlotDataRows plotPositions_;
+  std::optional<ScatterSources> scatterSources_;
+};
+
+}  // namespace orv

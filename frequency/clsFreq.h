@@ -1,0 +1,124 @@
+#pragma once
+// clsFreq: the public frequency analysis.
+//
+// Set the options (write-only properties, in the interface's member order below), then call
+// Results. Results checks the combination of ranges, reads every variable (a column, or a row
+// with DataInRows; the first cell is its name with Headers), counts it with a fresh clsFreqBO,
+// writes the tables to the scratch sheet through clsFreqOutput and pastes the block at the output
+// place (a new sheet at the end of the workbook when none is given).
+//
+// Tables: a raw one (one category per distinct value or item) for nominal data, or for data with
+// ShowRawData, or for data without bins and without a histogram; a binned one with proposed bins
+// for numerical data without bins when a histogram is wanted; a binned one with the given bins
+// whenever a BinRange is given. With a FrequencyRange and data, the first data variable is
+// counted, weighted by the frequencies; without data every frequency variable is counted over
+// the bins (pre-counted data).
+//
+// The finished block is kept across Results calls until an address property changes its text.
+// Errors leave as ComponentError with source "Line 0 in ORVDescriptives.clsFreq.<procedure>"
+// ("Results", "Let<Property>"; the BinRange setter reports as "LetFrequencyRange"). Own numbers,
+// checked in this order: 5002 no data and no bins; 5086 bins without data and frequencies; 5052
+// more than one frequency variable beside data; 5098 more than one bin variable; 5018 a frequency
+// variable whose length differs from a data variable's; 5097 (no data) one whose length differs
+// from the bin variable's; 5081 fewer than two bins; 5099 bins that are not numbers rising
+// strictly (four-decimal steps), an empty cell among them included. Empty cells at the end of
+// the bin range are dropped.
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "frame/range.h"
+#include "frequency/freq_data_type.h"
+#include "frequency/frequency_results.h"
+
+namespace orv {
+
+// What the histogram needs besides the pasted block: the options that shape it.
+struct HistogramOptions {
+  bool plot = false;
+  bool normal = true;
+  bool cumulative = false;
+  std::string title;
+  std::string xTitle;
+  std::string yTitle;
+  bool categoryStartPoints = false;  // labels: start values when true, "from - to" when false
+};
+
+// One table of the finished block, with rows and columns counted from the block's top-left
+// cell (1-based), which is also the output place's top-left cell after pasting.
+struct FrequencyTablePlace {
+  enum class Kind { Raw, ProposedBins, GivenBins };
+  Kind kind = Kind::Raw;
+  std::int32_t headingRow = 0;         // names and "N", "Cum. N", "%", "Cum. %"
+  std::vector<std::int32_t> lastRows;  // per variable: the row of its last category
+  std::vector<CategoryFlags> flags;    // per variable, binned tables only
+};
+
+class clsFreq {
+ public:
+  clsFreq();
+
+  void Headers(bool v);
+  void DataType(ORVDescriptivesFreqDataType v);
+  void PlotHistogram(bool v);
+  void PlotNormal(bool v);
+  void PlotCumulative(bool v);
+  void HistogramTitle(const std::string& v);
+  void HistogramXTitle(const std::string& v);
+  void HistogramYTitle(const std::string& v);
+  void CategoryStartPoint(bool v);
+  void ShowRawData(bool v);
+  void DataInRows(bool v);
+  // Address setters: a text equal to the stored one changes nothing; any other text is resolved
+  // at once (empty: no range) and drops the finished block. A bad reference fails the setter
+  // and stores nothing.
+  void InputRange(const std::string& reference);
+  void FrequencyRange(const std::string& reference);
+  void BinRange(const std::string& reference);
+  void OutputRange(const std::string& reference);
+  void Results(bool overWrite = false);
+
+  // For the histogram and for inspection: the options, the finished block on the scratch sheet
+  // and its tables, and the place the block was last pasted at.
+  const HistogramOptions& histogramOptions() const { return histogram_; }
+  const std::optional<Range>& resultsBlock() const { return block_; }
+  const std::vector<FrequencyTablePlace>& tables() const { return tables_; }
+  const std::optional<Range>& outputRange() const { return output_.range; }
+
+ private:
+  struct AddressProperty {
+    std::string text;
+    std::optional<Range> range;
+  };
+  struct Variable;
+  struct Analysed;
+  struct Table;
+
+  void setAddress(AddressProperty& property, const std::string& reference);
+  void CheckRanges() const;
+  Range GetResults();
+  std::vector<Variable> readVariables(const Range& range) const;
+  std::vector<Analysed> analysedVariables() const;
+  ValueArray1D CheckBins(const ValueArray1D& column) const;
+  Table countTable(FrequencyTablePlace::Kind kind, const std::vector<Analysed>& variables,
+                   const std::optional<ValueArray1D>& bins);
+  Range FormatResults(const std::vector<Table>& tables);
+  void PasteResults(bool overWrite);
+
+  bool headers_ = false;
+  ORVDescriptivesFreqDataType dataType_ = ORVDescriptivesFreqNumerical;
+  HistogramOptions histogram_;
+  bool showRawData_ = false;
+  bool dataInRows_ = false;
+  AddressProperty input_;
+  AddressProperty frequency_;
+  AddressProperty bin_;
+  AddressProperty output_;
+
+  std::optional<Range> block_;  // the finished results on the scratch sheet
+  std::vector<FrequencyTablePlace> tables_;
+};
+
+}  // namespace orv

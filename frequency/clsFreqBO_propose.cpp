@@ -1,0 +1,80 @@
+// clsFreqBO: the automatic bin rule.
+//
+// The range max - min is normalised to x in (10, 100] by powers of ten; x picks a step of 2, 3,
+// 5, 7.5 or 10, which gives about ten bins of width step / scale. A width below the data's own
+// resolution (the smallest non-zero gap between neighbouring sorted values) is raised to it. The
+// first bin starts at the multiple of the width at or below min, and bins are added until the
+// closed top of the last one reaches max; a top equal to max leaves max in a ">=" category when
+// the bins are counted (0..10 gives bins 0..9 and a ">=" category 10), which is kept.
+
+#include <algorithm>
+#include <optional>
+#include <vector>
+
+#include "frequency/clsFreqBO.h"
+#include "frequency/clsFreqBO_internal.h"
+#include "support/array_tools.h"
+
+namespace orv {
+
+using detail::kFreqBO;
+using detail::kMaxCounter;
+
+namespace {
+
+double stepFor(double x) {
+  if (x >= 60) return 10;
+  if (x >= 50) return 7.5;
+  if (x >= 30) return 5;
+  if (x >= 20) return 3;
+  return 2;
+}
+
+}  // namespace
+
+std::optional<ValueArray1D> clsFreqBO::ProposeBins(const ValueArray1D& data) {
+  return kFreqBO("ProposeBins", [&]() -> std::optional<ValueArray1D> {
+    const std::int32_t n = data.size();
+    ValueArray2D column(n, 1);
+    std::copy(data.items().begin(), data.items().end(), column.cells().begin());
+    const double max = ArrayTools::MaxOf(column);
+    const double min = ArrayTools::MinOf(column);
+    const double range = subtract(max, min);
+    if (range == 0.0) return std::nullopt;
+
+    // Empty cells sort last and read as 0, so a column with blanks can yield a negative
+    // difference here; it only lowers the gap and so never narrows a bin.
+    ArrayTools::SortRows(column, 1);
+    double gap = range;
+    for (std::int32_t i = 2; i <= n; ++i) {
+      if (i > kMaxCounter) raiseOverflow();
+      const double d = subtract(toNumber(column(i, 1)), toNumber(column(i - 1, 1)));
+      if (d < gap && d != 0.0) gap = d;
+    }
+
+    double x = range;
+    double scale = 1.0;
+    while (x <= 10.0) {
+      x = multiply(x, 10.0);
+      scale = multiply(scale, 10.0);
+    }
+    while (x > 100.0) {
+      x = divide(x, 10.0);
+      scale = divide(scale, 10.0);
+    }
+    double width = divide(stepFor(x), scale);
+    if (width < gap) width = gap;
+
+    const double start = multiply(intFloor(divide(min, width)), width);
+    Int16 k = 1;
+    while (start + k.value() * width < max) ++k;
+
+    std::vector<CellValue> bins{CellValue(numberToText(start))};
+    for (Int16 i = 2; i <= k; ++i) {
+      bins.emplace_back(numberToText(add(multiply(i.value() - 1, width), start)));
+    }
+    return ValueArray1D(std::move(bins));
+  });
+}
+
+}  // namespace orv

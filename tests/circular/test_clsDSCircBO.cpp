@@ -1,0 +1,130 @@
+// The circular engine: mean direction by quadrant, the confidence half-width and its "n/a"
+// answers, the failures that leave it, and random samples against the textbook definitions.
+
+#include <cmath>
+#include <numbers>
+#include <random>
+
+#include "circular_fixture.h"
+
+namespace orv::test {
+namespace {
+
+constexpr double kDegrees = 180.0 / std::numbers::pi;
+
+TEST_F(CircularTest, MeanAngleByQuadrant) {
+  const std::pair<std::vector<double>, double> rows[] = {
+      {{10, 20, 30}, 20},       {{100, 110, 120}, 110}, {{280, 290, 300}, 290},
+      {{190, 200, 210}, 340},   // a third-quadrant mean is reported reflected into the fourth
+      {{215, 225, 235}, 315},   {{181, 183}, 358},      {{350, 20, 50}, 20},
+      {{0, 0}, 0},              {{90, 90, 90}, 90},     {{180, 180}, 180}, {{270, 270}, 270},
+      {{350, 10}, 0},           // 0 or a hair under 360, by the sign of the rounding in S̄
+  };
+  for (const auto& [degrees, mean] : rows) {
+    SCOPED_TRACE(::testing::PrintToString(degrees));
+    const double got = engineOf(degrees).Mean();
+    ASSERT_TRUE(got >= 0 && got <= 360) << got;
+    const double apart = std::fabs(got - mean);
+    EXPECT_LT(std::fmin(apart, 360 - apart), 1e-9) << got;
+  }
+}
+
+TEST_F(CircularTest, ObservationsEndAtTheFirstEmptyCellUnsorted) {
+  clsDSCircBO bo;
+  bo.Data(column({10.0, "20", 30.0, CellValue(), 300.0}));  // a numeric text is a number
+  EXPECT_EQ(bo.Count(), 3.0);
+  EXPECT_NEAR(bo.Mean(), 20.0, 1e-9);
+  EXPECT_EQ(bo.PlotData().rows(), 3);
+}
+
+TEST_F(CircularTest, ConfidenceHalfWidth) {
+  // Expected values worked out with the library arccos rather than the arctangent form.
+  const std::pair<std::vector<double>, double> rows[] = {
+      {{10, 20, 30, 40, 50, 60, 70, 80}, 19.26550155676808},       // r = 0.92 > 0.9
+      {{0, 20, 40, 60, 80, 100, 120, 140}, 39.61080656959055},     // r = 0.71
+      {{10, 20, 30, 40, 50, 60, 70}, NAN},                         // 7 observations
+      {{0, 40, 80, 120, 160, 200, 240, 280}, NAN},                 // r = 0.125: too dispersed
+      {{0, 180, 180, 360, 0, 180, 180, 360}, NAN},                 // r = 0 fails the set-up
+      {std::vector<double>(9, 45.0), NAN},                         // x = 1: division by 0
+  };
+  for (const auto& [degrees, halfWidth] : rows) {
+    SCOPED_TRACE(::testing::PrintToString(degrees));
+    const CellValue cl = engineOf(degrees).CL();
+    if (std::isnan(halfWidth)) {
+      EXPECT_TRUE(isNotAvailable(cl)) << describe(cl);
+    } else {
+      ASSERT_TRUE(cl.isNumber()) << describe(cl);
+      EXPECT_NEAR(cl.number(), halfWidth, 1e-9);
+    }
+  }
+  clsDSCircBO text;
+  text.Data(column({10.0, 20.0, "NE", 30.0, 40.0, 50.0, 60.0, 70.0}));
+  EXPECT_TRUE(isNotAvailable(text.CL()));
+  HostSession::Attach(nullptr);  // no ChiInv
+  EXPECT_TRUE(isNotAvailable(engineOf(rows[0].first).CL()));
+}
+
+TEST_F(CircularTest, FailuresLeaveWithTheNumberAndTheReadingProcedure) {
+  using Read = double (clsDSCircBO::*)();
+  struct Row {
+    std::vector<CellValue> values;
+    Read read;
+    const char* procedure;
+    std::int32_t number;
+  };
+  const Row rows[] = {
+      {{0.0, 180.0, 180.0, 360.0}, &clsDSCircBO::MeanVector, "MeanVector", err::kOverflow},  // C̄/r = 0/0
+      {{0.0, 180.0}, &clsDSCircBO::Mean, "Mean", err::kDivisionByZero},  // C̄ = 0, r tiny
+      {{CellValue(), 10.0}, &clsDSCircBO::Count, "Count", err::kOverflow},  // no observations
+      {{10.0, "north"}, &clsDSCircBO::RayleighP, "RayleighP", err::kTypeMismatch},
+      {{1e308}, &clsDSCircBO::Rayleigh, "Rayleigh", err::kOverflow},
+      // Eight angles of 9 degrees: r rounds one unit above 1, the variances are tiny negatives.
+      {std::vector<CellValue>(8, 9.0), &clsDSCircBO::AngularSD, "AngularSD", err::kInvalidProcedureCall},
+      {std::vector<CellValue>(8, 9.0), &clsDSCircBO::CircularSD, "CircularSD", err::kInvalidProcedureCall},
+      {std::vector<CellValue>(32768, 9.0), &clsDSCircBO::Count, "Count", err::kOverflow},  // 16-bit
+  };
+  for (const Row& row : rows) {
+    SCOPED_TRACE(::testing::Message() << row.procedure << " of " << row.values.size() << " values");
+    clsDSCircBO bo;
+    bo.Data(column(row.values));
+    const ComponentError e = errorOf([&] { (bo.*row.read)(); });
+    EXPECT_EQ(e.number(), row.number);
+    EXPECT_EQ(e.source(), source(std::string("clsDSCircBO.") + row.procedure));
+  }
+  clsDSCircBO single;  // a one-cell range reads as a value, not an array
+  single.Data(CellValue(45.0));
+  EXPECT_EQ(errorOf([&] { single.Mean(); }).number(), err::kTypeMismatch);
+  EXPECT_EQ(engineOf(std::vector<double>(32767, 9.0)).Count(), 32767.0);
+}
+
+TEST_F(CircularTest, RandomSamplesAgreeWithTheDefinitions) {
+  for (std::uint32_t seed = 1; seed <= 40; ++seed) {
+    std::mt19937 rng(seed);
+    std::normal_distribution<double> scatter(0.0, 5.0 + (seed % 6) * 30.0);
+    const double centre = std::uniform_real_distribution<double>(0.0, 360.0)(rng);
+    const std::size_t n = 2 + seed * 7 % 200;
+    std::vector<double> degrees;
+    double c = 0, s = 0;
+    for (std::size_t i = 0; i < n; ++i) {
+      degrees.push_back(std::fmod(centre + scatter(rng) + 720.0, 360.0));
+      c += std::cos(degrees.back() / kDegrees) / static_cast<double>(n);
+      s += std::sin(degrees.back() / kDegrees) / static_cast<double>(n);
+    }
+    SCOPED_TRACE(::testing::Message() << "seed " << seed << ", n = " << n);
+    clsDSCircBO bo = engineOf(degrees);
+    const double r = std::hypot(c, s);
+    EXPECT_NEAR(bo.MeanVector(), r, 1e-12);
+    EXPECT_NEAR(bo.Rayleigh(), static_cast<double>(n) * r * r, 1e-9);
+    EXPECT_NEAR(bo.CircularSD(), std::sqrt(-2.0 * std::log(r)) * kDegrees, 1e-6);
+    EXPECT_NEAR(bo.AngularSD(), std::sqrt(2.0 * (1.0 - r)) * kDegrees, 1e-6);
+    double mean = std::fmod(std::atan2(s, c) * kDegrees + 360.0, 360.0);
+    if (mean > 180.0 && mean < 270.0) mean = 540.0 - mean;  // the third-quadrant reflection
+    EXPECT_NEAR(bo.Mean(), mean, 1e-8);
+    const ValueArray2D plot = bo.PlotData();
+    EXPECT_EQ(plot(n, 1), CellValue(std::sin(degrees.back() * std::numbers::pi / 180.0)));
+    EXPECT_EQ(plot(n, 2), CellValue(std::cos(degrees.back() * std::numbers::pi / 180.0)));
+  }
+}
+
+}  // namespace
+}  // namespace orv::test

@@ -1,0 +1,121 @@
+// Counting distinct values (numerical, no bins) and distinct items (nominal): which categories,
+// in which order, and what is counted in them.
+
+#include <string>
+#include <vector>
+
+#include "engine_fixture.h"
+
+namespace orv::test {
+namespace {
+
+struct DistinctCase {
+  const char* what;
+  std::vector<CellValue> data;
+  std::vector<CellValue> weights;
+  Texts values;
+  Counts counts;
+};
+
+TEST(FreqBODistinct, NumericalValuesAscendAsTexts) {
+  const std::vector<DistinctCase> cases = {
+      {"3, 1, 3, 2", {3, 1, 3, 2}, {}, {"1", "2", "3"}, {1, 1, 2}},
+      {"numerical, not text order", {10, -1.5, 2, -1.5}, {}, {"-1.5", "2", "10"}, {2, 1, 1}},
+      {"a blank forms no category and counts nowhere", {2, kBlank, 2, kBlank}, {}, {"2"}, {2}},
+      {"only blanks: one empty category", {kBlank, kBlank}, {}, {""}, {2}},
+      {"a number and its text are one value", {3, "3", 3.0}, {}, {"3"}, {3}},
+      {"values equal to 15 digits are one value", {0.1 + 0.2, 0.3}, {}, {"0.3"}, {2}},
+      {"minus zero is zero", {-0.0, 0.0}, {}, {"0"}, {2}},
+      {"texts come after the numbers", {"b", 2, "a", 1}, {}, {"1", "2", "a", "b"}, {1, 1, 1, 1}},
+      {"weights", {5, 7, 5}, {2, 1, 2.5}, {"5", "7"}, {4, 1}},
+  };
+  for (const DistinctCase& c : cases) {
+    SCOPED_TRACE(c.what);
+    clsFreqBO bo = analysed({c.data, c.weights, {}});
+    const ValueArray1D values = bo.Values();
+    EXPECT_EQ(textsOf(values), c.values);
+    for (const CellValue& v : values.items()) EXPECT_TRUE(v.isText()) << describe(v);
+    EXPECT_EQ(bo.Counts().items(), c.counts);
+    EXPECT_FALSE(bo.LessThanCatUsed());
+    EXPECT_FALSE(bo.GreaterThanCatUsed());
+  }
+}
+
+TEST(FreqBODistinct, NominalItemsKeepTheirOrderOfFirstAppearance) {
+  const std::vector<DistinctCase> cases = {
+      {"b, a, b, c, a", {"b", "a", "b", "c", "a"}, {}, {"b", "a", "c"}, {2, 2, 1}},
+      {"blanks in the middle count nowhere", {"x", kBlank, "y", kBlank, "x"}, {}, {"x", "y"},
+       {2, 1}},
+      {"a blank first cell is a category and collects every blank",
+       {kBlank, "a", kBlank, "a"}, {}, {"", "a"}, {2, 2}},
+      {"comparison is exact and case-sensitive", {"Red", "red", "Red "}, {}, {"Red", "red", "Red "},
+       {1, 1, 1}},
+      {"weights 2 and 3 for x, x", {"x", "x"}, {2, 3}, {"x"}, {5}},
+      {"a number equals its text form", {3, "3", 4, "4"}, {}, {"3", "4"}, {2, 2}},
+  };
+  for (const DistinctCase& c : cases) {
+    SCOPED_TRACE(c.what);
+    clsFreqBO bo = analysed({c.data, c.weights, {}, ORVDescriptivesFreqNominal});
+    EXPECT_EQ(textsOf(bo.Values()), c.values);
+    EXPECT_EQ(bo.Counts().items(), c.counts);
+  }
+}
+
+TEST(FreqBODistinct, TheFirstItemStaysAsItStandsAndLaterOnesAreTexts) {
+  clsFreqBO numbers = analysed({{1, 2, kBlank, 1}, {}, {}, ORVDescriptivesFreqNominal});
+  EXPECT_EQ(numbers.Values().items(), (std::vector<CellValue>{1, "2"}));
+
+  clsFreqBO blank = analysed({{kBlank, 5}, {}, {}, ORVDescriptivesFreqNominal});
+  EXPECT_TRUE(blank.Values()(1).isEmpty());
+}
+
+TEST(FreqBODistinct, NominalFiguresFollowTheCounts) {
+  clsFreqBO bo = analysed({{"b", "a", "b", "c", "a"}, {}, {}, 7});  // any non-zero type is nominal
+  EXPECT_EQ(bo.CumCounts().items(), (Counts{2, 4, 5}));
+  EXPECT_EQ(bo.Percents().items(), (Doubles{40, 40, 20}));
+  EXPECT_EQ(bo.CumPercents().items(), (Doubles{40, 80, 100}));
+  // The bins are ignored on the nominal path, and no flag is raised.
+  clsFreqBO withBins = analysed({{"b", "a"}, {}, {0, 10}, ORVDescriptivesFreqNominal});
+  EXPECT_EQ(textsOf(withBins.Values()), (Texts{"b", "a"}));
+  EXPECT_FALSE(withBins.GreaterThanCatUsed());
+}
+
+TEST(FreqBODistinct, Faults) {
+  clsFreqBO noData;
+  noData.DataType(ORVDescriptivesFreqNominal);
+  const ComponentError e = errorOf([&] { noData.Analyse(); });
+  EXPECT_EQ(e.number(), err::kTypeMismatch);
+  EXPECT_EQ(e.source(), "Line 0 in ORVDescriptives.clsFreqBO.Analyse");
+
+  EXPECT_EQ(errorOf([] { analysed({{}, {}, {}}); }).number(), err::kSubscriptOutOfRange);
+  EXPECT_EQ(errorOf([] { analysed({{"a", "b"}, {0, 0}, {}, 1}); }).number(), err::kOverflow);
+  // A weight that is no number matters only where its datum is counted.
+  EXPECT_EQ(analysed({{1, kBlank}, {1, "x"}, {}}).Counts().items(), Counts{1});
+  EXPECT_EQ(errorOf([] { analysed({{1, 1}, {1, "x"}, {}}); }).number(), err::kTypeMismatch);
+}
+
+TEST(FreqBODistinct, TheFirstCategoryInAscendingOrderReportsItsFaultFirst) {
+  // Category "3" is scanned before "5": its weight overflows before 5's weight is found to be
+  // no number, although 5 comes first in the data.
+  const ComponentError e = errorOf([] { analysed({{5, 3}, {"x", 3e9}, {}}); });
+  EXPECT_EQ(e.number(), err::kOverflow);
+}
+
+TEST(FreqBODistinct, SixteenBitCountersStopAt32767Observations) {
+  std::vector<CellValue> data;
+  for (int i = 0; i < 32767; ++i) data.emplace_back(static_cast<double>(i));
+  for (std::int32_t type : {0, 1}) {
+    SCOPED_TRACE(type);
+    clsFreqBO bo = analysed({data, {}, {}, type});
+    EXPECT_EQ(bo.Values().size(), 32767);
+    EXPECT_EQ(bo.CumCounts()(32767), 32767);
+  }
+  data.emplace_back(1.0);
+  for (std::int32_t type : {0, 1}) {
+    SCOPED_TRACE(type);
+    EXPECT_EQ(errorOf([&] { analysed({data, {}, {}, type}); }).number(), err::kOverflow);
+  }
+}
+
+}  // namespace
+}  // namespace orv::test

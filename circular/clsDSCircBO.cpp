@@ -1,5 +1,7 @@
 #include "circular/clsDSCircBO.h"
 
+#include <algorithm>
+
 #include <cmath>
 #include <exception>
 #include <optional>
@@ -118,7 +120,10 @@ void clsDSCircBO::initialCalculations() {
     // No observations: 0/0. Opposed directions (r = 0): C̄/r is 0/0 as well.
     meanCos_ = divide(sumCos, static_cast<double>(n_));
     meanSin_ = divide(sumSin, static_cast<double>(n_));
-    r_ = squareRoot(add(multiply(meanCos_, meanCos_), multiply(meanSin_, meanSin_)));
+    // Equal directions give r = 1 up to rounding, which can land one unit above 1; a length
+    // above 1 does not exist, and left so it would make both variances tiny negatives whose
+    // square roots fail. Clamp it.
+    r_ = std::min(1.0, squareRoot(add(multiply(meanCos_, meanCos_), multiply(meanSin_, meanSin_))));
     cosMean_ = divide(meanCos_, r_);
     sinMean_ = divide(meanSin_, r_);
     calculated_ = true;
@@ -164,7 +169,6 @@ double clsDSCircBO::AngularVar() {
 }
 
 double clsDSCircBO::AngularSD() {
-  // r rounded a hair above 1 makes the variance a tiny negative number, whose root fails.
   return kProc("AngularSD", [&] { return squareRoot(AngularVar()); });
 }
 

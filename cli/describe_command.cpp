@@ -36,6 +36,11 @@ const std::vector<StatisticFlag> kFlags = {
     {"--kurtosis", "excess kurtosis and its normality-test probability", &clsDS::GetKurtosis},
 };
 
+// The error-bar choices clsDS knows, as its ErrorError option spells them.
+const std::vector<std::string> kErrorBars = {
+    "Standard Error", "Standard Deviation", "Variance", "Range", "Interpercentile Range",
+    "Confidence Limits"};
+
 struct DescribeOptions {
   FileOptions files;
   std::string input;
@@ -48,6 +53,11 @@ struct DescribeOptions {
   int percentile = 25;
   int largest = 0;
   int smallest = 0;
+  bool boxPlot = false;
+  bool errorPlot = false;
+  std::string boxTitle, boxYTitle, errorTitle, errorYTitle;
+  std::string errorCentre = "Mean";
+  std::string errorBars = "Standard Error";
   CLI::Option* clOption = nullptr;
   CLI::Option* percentileOption = nullptr;
   CLI::Option* largestOption = nullptr;
@@ -72,6 +82,13 @@ nlohmann::json optionsJson(const DescribeOptions& o) {
   j["percentile"] = o.percentile;
   j["largest"] = o.largest;
   j["smallest"] = o.smallest;
+  j["boxPlot"] = o.boxPlot ? nlohmann::json{{"title", o.boxTitle}, {"yTitle", o.boxYTitle}}
+                           : nlohmann::json(nullptr);
+  j["errorPlot"] = o.errorPlot ? nlohmann::json{{"title", o.errorTitle},
+                                                {"yTitle", o.errorYTitle},
+                                                {"centre", o.errorCentre},
+                                                {"bars", o.errorBars}}
+                               : nlohmann::json(nullptr);
   return j;
 }
 
@@ -94,6 +111,14 @@ int run(const DescribeOptions& o) {
     ds.Largest(o.largest);
     ds.GetSmallest(o.smallestOption->count() > 0);
     ds.Smallest(o.smallest);
+    ds.PlotBox(o.boxPlot);
+    ds.BoxTitle(o.boxTitle);
+    ds.BoxYTitle(o.boxYTitle);
+    ds.PlotError(o.errorPlot);
+    ds.ErrorTitle(o.errorTitle);
+    ds.ErrorYTitle(o.errorYTitle);
+    ds.ErrorCentre(o.errorCentre);
+    ds.ErrorError(o.errorBars);
     ds.InputRange(o.input);
     ds.OutputRange(o.output);
     ds.Results(o.overwrite);
@@ -113,7 +138,11 @@ void addDescribeCommand(CLI::App& app, int& exitCode) {
 Examples:
   orvella describe plants.xlsx --input "Heights!A1:C13" --headers
   orvella describe plants.xlsx --input "Heights!A1:C13" --headers --all -o results.xlsx
-  orvella describe data.csv --input "A2:A200,C2:C200" --mean --cl 99 --percentiles 10 --json)");
+  orvella describe data.csv --input "A2:A200,C2:C200" --mean --cl 99 --percentiles 10 --json
+  orvella describe plants.xlsx -i "Heights!A1:C13" --headers --box-plot --error-plot \
+      --error-bars "Confidence Limits" -o charts.xlsx
+
+Charts stand beside the table in the written workbook, the error plot below the box plot.)");
   addFileOptions(*cmd, o.files);
   cmd->add_option("-i,--input", o.input, "range to analyse, e.g. \"Data!A1:C20\" or \"A1:A10,C1:C10\"")
       ->required();
@@ -139,6 +168,19 @@ Examples:
                         ->check(CLI::PositiveNumber);
   o.smallestOption = cmd->add_option("--smallest", o.smallest, "the K-th smallest value")
                          ->check(CLI::PositiveNumber);
+  cmd->add_flag("--box-plot", o.boxPlot,
+                "draw a box-and-whisker chart (median, percentiles, minimum, maximum) beside the table");
+  cmd->add_option("--box-title", o.boxTitle, "title of the box plot");
+  cmd->add_option("--box-y-title", o.boxYTitle, "title of the box plot's value axis");
+  cmd->add_flag("--error-plot", o.errorPlot, "draw each column's centre with error bars beside the table");
+  cmd->add_option("--error-title", o.errorTitle, "title of the error plot");
+  cmd->add_option("--error-y-title", o.errorYTitle, "title of the error plot's value axis");
+  cmd->add_option("--error-centre", o.errorCentre, "the plotted centre: Mean or Median (default Mean)")
+      ->check(CLI::IsMember({"Mean", "Median"}));
+  cmd->add_option("--error-bars", o.errorBars,
+                  "what the bars show: \"Standard Error\" (default), \"Standard Deviation\", "
+                  "Variance, Range, \"Interpercentile Range\" or \"Confidence Limits\"")
+      ->check(CLI::IsMember(kErrorBars));
   cmd->callback([options, &exitCode] { exitCode = run(*options); });
 }
 

@@ -3,6 +3,8 @@
 #include <array>
 #include <string_view>
 
+#include "charts/clsPlotBox.h"
+#include "charts/clsPlotError.h"
 #include "descriptive/clsDSBO.h"
 #include "descriptive/clsDSOutput.h"
 #include "frame/conversions.h"
@@ -395,14 +397,91 @@ Range clsDS::FormatResults(const Array1D<std::string>& columnNames, const ValueA
   });
 }
 
-// The box and error plots are drawn by the chart layer, which the host's chart model will carry;
-// the rows they read are complete in plotRows_ already.
-void clsDS::DrawBoxPlot(Int16, Int16, Int16, Int16, Int16, Int16, Int16) {
-  kProc("DrawBoxPlot", [] {});
+namespace {
+
+// Cell (1, W + 2) of the output range, one empty column right of the pasted block of W columns;
+// cell (1, W) when that lies beyond the sheet's last column.
+template <class Builder>
+void anchorBesideBlock(Builder& builder, const Range& output, std::int32_t blockColumns) {
+  try {
+    builder.OutputRange(output.Cells(1, std::int64_t{blockColumns} + 2));
+  } catch (const ComponentError&) {
+    builder.OutputRange(output.Cells(1, blockColumns));
+  }
 }
 
-void clsDS::DrawErrorPlot(Int16, Int16, Int16, Int16, Int16) {
-  kProc("DrawErrorPlot", [] {});
+// Columns 2 to C + 1 of one row of the output range: the data columns of the pasted table.
+Range tableRow(const Range& output, Int16 row, Int16 columns) {
+  return Range::Span(output.Cells(row, 2), output.Cells(row, std::int64_t{columns} + 1));
+}
+
+}  // namespace
+
+void clsDS::DrawBoxPlot(Int16 columns, Int16 headerRow, Int16 lowerPercentileRow,
+                        Int16 upperPercentileRow, Int16 minimumRow, Int16 maximumRow,
+                        Int16 medianRow) {
+  kProc("DrawBoxPlot", [&] {
+    clsPlotBox plot;
+    const Range& output = *output_;
+    const std::int32_t blockColumns = block_->ColumnsCount();
+    anchorBesideBlock(plot, output, blockColumns);
+
+    plot.HeadersRange(tableRow(output, headerRow, columns));
+    plot.LPRange(tableRow(output, lowerPercentileRow, columns));
+    plot.UPRange(tableRow(output, upperPercentileRow, columns));
+    plot.MinRange(tableRow(output, minimumRow, columns));
+    plot.MaxRange(tableRow(output, maximumRow, columns));
+    plot.MedianRange(tableRow(output, medianRow, columns));
+    plot.ChartTitle(boxTitle_);
+    plot.YAxisTitle(boxYTitle_);
+    // A title takes 20 points of its own.
+    plot.ChartHeight(boxTitle_.empty() ? 180 : 200);
+    plot.ChartWidth((Int32(blockColumns) * 50 + 50).value());
+    plot.CreatePlot();
+
+    chartOffset_ = toInt32(chartOffset_ + 1.1 * plot.ChartHeight());
+  });
+}
+
+void clsDS::DrawErrorPlot(Int16 columns, Int16 headerRow, Int16 centreRow, Int16 upperErrorRow,
+                          Int16 lowerErrorRow) {
+  kProc("DrawErrorPlot", [&] {
+    clsPlotError plot;
+    const Range& output = *output_;
+    const std::int32_t blockColumns = block_->ColumnsCount();
+    anchorBesideBlock(plot, output, blockColumns);
+
+    plot.HeadersRange(tableRow(output, headerRow, columns));
+    plot.CentreRange(tableRow(output, centreRow, columns));
+    if (errorError_ != "Range" && errorError_ != "Interpercentile Range" &&
+        errorError_ != "Confidence Limits") {
+      // A spread: the bar reaches the spread's own value above and below the centre.
+      plot.ErrorNegRange(tableRow(output, lowerErrorRow, columns));
+      plot.ErrorPosRange(tableRow(output, upperErrorRow, columns));
+    } else {
+      // The rows hold the limits themselves; the bars need their distances from the centre.
+      const auto number = [&](Int16 row, std::int32_t column) {
+        const CellValue v = output.Cells(row, column).Value();
+        if (!v.isNumber()) raise(err::kTypeMismatch);
+        return v.number();
+      };
+      ValueArray1D distances(columns);
+      for (std::int32_t i = 1; i <= columns; ++i) {
+        distances(i) = subtract(number(upperErrorRow, i + 1), number(centreRow, i + 1));
+      }
+      plot.ErrorPosArray(distances);
+      for (std::int32_t i = 1; i <= columns; ++i) {
+        distances(i) = subtract(number(centreRow, i + 1), number(lowerErrorRow, i + 1));
+      }
+      plot.ErrorNegArray(distances);
+    }
+    plot.ChartHeight(errorTitle_.empty() ? 180 : 200);
+    plot.ChartWidth((Int32(blockColumns) * 50 + 50).value());
+    plot.ChartTitle(errorTitle_);
+    plot.YAxisTitle(errorYTitle_);
+    plot.VerticalOffset(chartOffset_);
+    plot.CreatePlot();
+  });
 }
 
 }  // namespace orv

@@ -105,6 +105,10 @@ class clsDS {
   std::optional<Range> block_;
   std::optional<Range> pasted_;
   PlotRows plotRows_;
+  // Points below the output cell where the next error plot goes: grows by 1.1 times the height
+  // of every box plot this object draws and is never reset, so that a second Results call
+  // stacks its charts below the first call's.
+  std::int32_t chartOffset_ = 0;
 };
 
 }  // namespace orv

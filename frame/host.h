@@ -18,6 +18,8 @@
 namespace orv {
 
 class Application;
+class ChartObjects;
+class Shape;
 class Workbook;
 
 class Worksheet {
@@ -53,6 +55,11 @@ class Worksheet {
   // Worksheet.Move After:=sheet, within the sheet's own workbook.
   virtual void MoveAfter(Worksheet& sheet) = 0;
   virtual void select(const std::vector<CellBlock>& areas) = 0;
+
+  // Worksheet.ChartObjects (frame/chart.h), and Worksheet.Shapes(name) for the drawing objects by
+  // name; a name the sheet does not have is a host failure (1004).
+  virtual ChartObjects& chartObjects() = 0;
+  virtual Shape& shapes(std::string_view name) = 0;
 };
 
 class Workbook {

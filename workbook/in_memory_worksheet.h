@@ -12,6 +12,8 @@
 
 #include "frame/host.h"
 #include "workbook/cell_store.h"
+#include "workbook/chart_model.h"
+#include "workbook/in_memory_chart_objects.h"
 #include "workbook/format_store.h"
 #include "workbook/sheet_geometry.h"
 
@@ -74,8 +76,12 @@ class InMemoryWorksheet final : public Worksheet {
 
   const FormatStore& formats() const { return formats_; }
 
-  // Charts: the chart objects of this sheet (ChartObjects, recorded as plain models that tests
-  // inspect and the .xlsx writer serialises) belong here, beside the cells they refer to.
+  // The chart objects of this sheet, and the charts recorded behind them in the order of adding
+  // (what tests inspect and the .xlsx writer serialises). Shapes are found among the chart
+  // objects, the only drawing objects this host makes.
+  ChartObjects& chartObjects() override { return charts_; }
+  Shape& shapes(std::string_view name) override { return charts_.Item(name); }
+  const std::vector<ChartModel>& charts() const { return charts_.models(); }
 
  private:
   friend class InMemoryWorkbook;  // sets the name after checking it
@@ -86,6 +92,7 @@ class InMemoryWorksheet final : public Worksheet {
   FormatStore formats_;
   SheetGeometry geometry_;
   std::vector<CellBlock> selection_{CellBlock{}};
+  InMemoryChartObjects charts_{*this};
 };
 
 }  // namespace orv

@@ -12,6 +12,7 @@
 #include "xlsx/package_atomic_write.h"
 #include "xlsx/package_parts.h"
 #include "xlsx/package_zip.h"
+#include "xlsx/writer_drawing_package.h"
 #include "xlsx/writer_sheet.h"
 #include "xlsx/writer_sheet_splice.h"
 #include "xlsx/writer_styles.h"
@@ -156,6 +157,7 @@ void editPackage(ZipPackage& zip, InMemoryWorkbook& book, const std::vector<Shee
   std::vector<std::string> addedTitles;
   Overrides overrides;
   std::optional<std::int32_t> activeTab;
+  std::vector<std::pair<const InMemoryWorksheet*, std::string>> newParts;
   std::int32_t n = 1;
   for (InMemoryWorksheet* sheet : sheetsOf(book)) {
     if (findSheet(layout, sheet->Name())) continue;
@@ -165,12 +167,25 @@ void editPackage(ZipPackage& zip, InMemoryWorkbook& book, const std::vector<Shee
     if (select) activeTab = static_cast<std::int32_t>(layout.sheets.size() + added.size());
     activeIsOurs = activeIsOurs || select;
     edited[part] = worksheetXml(*sheet, styles, SheetPartOptions{select, std::nullopt});
+    newParts.emplace_back(sheet, part);
     std::string id;
     const std::string target = part.substr(folderOf(layout.workbookPart).size());
     workbookRels = package::addRelationship(workbookRels, layout.workbookRelsPart, relationshipType("worksheet"), target, id);
     added.push_back({sheet->Name(), id});
     addedTitles.push_back(sheet->Name());
     overrides.emplace_back(part, std::string(package::kWorksheetType));
+  }
+
+  {
+    PartSet parts([&zip](const std::string& part) { return zip.read(part); }, edited, overrides, zip.entryNames());
+    std::set<std::string> charted;
+    for (const SheetChange& change : changes) {
+      const std::string& part = layout.sheetParts[*findSheet(layout, change.sheetName)];
+      if (!charted.insert(part).second) continue;
+      const InMemoryWorksheet& sheet = book.Worksheets(change.sheetName);
+      attachCharts(parts, part, sheet.geometry(), sheet.charts());
+    }
+    for (const auto& [sheet, part] : newParts) attachCharts(parts, part, sheet->geometry(), sheet->charts());
   }
 
   if (activeIsOurs) {
@@ -221,6 +236,7 @@ void writeNewWorkbook(InMemoryWorkbook& book, const std::filesystem::path& out) 
     Overrides overrides{{"xl/workbook.xml", "application/vnd.openxmlformats-officedocument.spreadsheetml.sheet.main+xml"},
                         {"xl/styles.xml", std::string(package::kStylesType)}};
     std::int32_t activeTab = 0;
+    std::map<std::string, std::string> chartParts;  // drawings, charts, their rels; sheets given drawings
     for (std::size_t i = 0; i < sheets.size(); ++i) {
       const std::string id = "rId" + std::to_string(i + 1);
       const std::string target = "worksheets/sheet" + std::to_string(i + 1) + ".xml";
@@ -232,6 +248,23 @@ void writeNewWorkbook(InMemoryWorkbook& book, const std::filesystem::path& out) 
       overrides.emplace_back("xl/" + target, std::string(package::kWorksheetType));
     }
     workbookRels.push_back({"rId" + std::to_string(sheets.size() + 1), relationshipType("styles"), "styles.xml", false});
+    std::vector<std::string> names;
+    for (const auto& [part, content] : parts) names.push_back(part);
+    PartSet chartSet([&parts](const std::string& name) -> std::optional<std::string> {
+      for (const auto& [part, content] : parts) {
+        if (part == name) return content;
+      }
+      return std::nullopt;
+    }, chartParts, overrides, names);
+    for (std::size_t i = 0; i < sheets.size(); ++i) {
+      attachCharts(chartSet, parts[i].first, sheets[i]->geometry(), sheets[i]->charts());
+    }
+    for (auto& [part, content] : parts) {
+      if (auto given = chartParts.find(part); given != chartParts.end()) {
+        content = std::move(given->second);
+        chartParts.erase(given);
+      }
+    }
 
     writeFileAtomically(out, [&](const std::filesystem::path& temporary) {
       ZipPackage zip = ZipPackage::create(temporary);
@@ -241,6 +274,7 @@ void writeNewWorkbook(InMemoryWorkbook& book, const std::filesystem::path& out) 
       zip.put("xl/_rels/workbook.xml.rels", package::freshRelationships(workbookRels));
       zip.put("xl/styles.xml", styles.xml());
       for (auto& [part, content] : parts) zip.put(part, std::move(content));
+      for (auto& [part, content] : chartParts) zip.put(part, std::move(content));
       zip.commit();
     });
   }); });

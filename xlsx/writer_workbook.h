@@ -12,8 +12,14 @@
 // receives the model's cells of the change's block and keeps everything else (see
 // writer_sheet_splice.h). Only these parts change: [Content_Types].xml, the workbook part and its
 // rels, the styles part (formats are appended), docProps/app.xml when it lists sheet titles, the
-// receiving sheets, and — when the model's active sheet is a new or receiving sheet, which then
-// becomes the selected tab — the sheet view of the previously selected sheet.
+// receiving sheets (and their rels and drawings when they get charts), and — when the model's
+// active sheet is a new or receiving sheet, which then becomes the selected tab — the sheet
+// view of the previously selected sheet.
+//
+// Charts: every chart the model records on a written sheet (a sheet of a new workbook, a new
+// sheet, or a receiving sheet) becomes a native chart part anchored at its recorded position
+// (writer_drawing_package.h); a receiving sheet that already has a drawing gets the anchors
+// appended to it. The model holds only the charts the analysis made, so nothing is replaced.
 //
 // Both write to a temporary file beside `out` and rename it (package_atomic_write.h); `out` may
 // equal `original` for in-place writing, and is otherwise the only file touched.

@@ -2,6 +2,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
 #include <sstream>
 
 #include "cli_fixture.h"
@@ -84,6 +85,38 @@ TEST_F(CliTest, JsonBlockIsWhatTheWorkbookHolds) {
   }
   EXPECT_EQ(block[4][0], "Mean");
   EXPECT_EQ(block[4][1], 5.0);
+}
+
+TEST_F(CliTest, ChartOptionsReachTheAnalysis) {
+  const auto file = workbook("two.xlsx", kTwoColumns);
+  const RunResult r = run({"describe", file.string(), "-i", "Data!A1:B9", "--headers", "--mean",
+                           "--box-plot", "--box-title", "Spread", "--error-plot", "--error-centre",
+                           "Median", "--error-bars", "Confidence Limits", "--json", "-o",
+                           (dir / "charts.xlsx").string()});
+  ASSERT_EQ(r.exitCode, 0) << r.err;
+  const nlohmann::json doc = nlohmann::json::parse(r.out);
+  EXPECT_EQ(doc["options"]["boxPlot"]["title"], "Spread");
+  EXPECT_EQ(doc["options"]["errorPlot"]["centre"], "Median");
+  EXPECT_EQ(doc["options"]["errorPlot"]["bars"], "Confidence Limits");
+  // The charts force the rows they read: median, percentiles, extremes and confidence limits.
+  std::vector<std::string> labels;
+  for (const nlohmann::json& line : doc["block"]) {
+    if (line[0].is_string()) labels.push_back(line[0].get<std::string>());
+  }
+  for (const char* label : {"Mean", "Median", "Lower 95%CL", "Upper 95%CL", "25th Percentile",
+                            "75th Percentile", "Minimum", "Maximum"}) {
+    EXPECT_NE(std::find(labels.begin(), labels.end(), label), labels.end()) << label;
+  }
+
+  // Only the analysis' own spellings are accepted.
+  for (const std::vector<std::string>& bad : {std::vector<std::string>{"--error-centre", "mean"},
+                                              std::vector<std::string>{"--error-bars", "SE"}}) {
+    std::vector<std::string> args = {"describe", file.string(), "-i", "Data!A1:B9", "--error-plot"};
+    args.insert(args.end(), bad.begin(), bad.end());
+    const RunResult refused = run(args);
+    EXPECT_EQ(refused.exitCode, 2) << bad[0];
+    EXPECT_NE(refused.err.find(bad[0]), std::string::npos) << refused.err;
+  }
 }
 
 TEST_F(CliTest, OutputIntoAnExistingSheetAndInPlace) {

@@ -1,0 +1,73 @@
+#include "charts/clsPlotError.h"
+
+#include "charts/plot_steps.h"
+#include "frame/procedure.h"
+#include "support/host_constants.h"
+
+namespace orv {
+namespace {
+
+const Procedures kProc{"clsPlotError"};
+
+const Range& set(const std::optional<Range>& range) {
+  if (!range) plot_steps::raiseUnsetRange();
+  return *range;
+}
+
+}  // namespace
+
+clsPlotError::clsPlotError() {
+  kProc("Class_Initialize", [] {});
+}
+
+void clsPlotError::VerticalOffset(std::int32_t points) { kProc("LetVerticalOffset", [&] { verticalOffset_ = points; }); }
+std::int32_t clsPlotError::VerticalOffset() const { return kProc("GetVerticalOffset", [&] { return verticalOffset_; }); }
+void clsPlotError::HorizontalOffset(std::int32_t points) { kProc("LetHorizontalOffset", [&] { horizontalOffset_ = points; }); }
+std::int32_t clsPlotError::HorizontalOffset() const { return kProc("GetHorizontalOffset", [&] { return horizontalOffset_; }); }
+void clsPlotError::ChartTitle(const std::string& title) { kProc("LetChartTitle", [&] { chartTitle_ = title; }); }
+std::string clsPlotError::ChartTitle() const { return kProc("GetChartTitle", [&] { return chartTitle_; }); }
+void clsPlotError::YAxisTitle(const std::string& title) { kProc("LetYAxisTitle", [&] { yAxisTitle_ = title; }); }
+std::string clsPlotError::YAxisTitle() const { return kProc("GetYAxisTitle", [&] { return yAxisTitle_; }); }
+void clsPlotError::ChartHeight(std::int32_t points) { kProc("LetChartHeight", [&] { chartHeight_ = points; }); }
+std::int32_t clsPlotError::ChartHeight() const { return kProc("GetChartHeight", [&] { return chartHeight_; }); }
+void clsPlotError::ChartWidth(std::int32_t points) { kProc("LetChartWidth", [&] { chartWidth_ = points; }); }
+std::int32_t clsPlotError::ChartWidth() const { return kProc("GetChartWidth", [&] { return chartWidth_; }); }
+
+void clsPlotError::OutputRange(const Range& cell) { kProc("SetOutputRange", [&] { output_ = cell; }); }
+// Reports under the OutputRange setter's name, as it always has.
+void clsPlotError::HeadersRange(const Range& cells) { kProc("SetOutputRange", [&] { headers_ = cells; }); }
+void clsPlotError::CentreRange(const Range& cells) { kProc("SetCentreRange", [&] { centre_ = cells; }); }
+void clsPlotError::ErrorPosRange(const Range& cells) { kProc("SetErrorPosRange", [&] { plus_ = cells; }); }
+void clsPlotError::ErrorNegRange(const Range& cells) { kProc("SetErrorNegRange", [&] { minus_ = cells; }); }
+void clsPlotError::ErrorPosArray(const ValueArray1D& distances) { kProc("SetErrorPosArray", [&] { plus_ = distances; }); }
+void clsPlotError::ErrorNegArray(const ValueArray1D& distances) { kProc("SetErrorNegArray", [&] { minus_ = distances; }); }
+
+void clsPlotError::CreatePlot() {
+  kProc("CreatePlot", [&] {
+    const Range& output = set(output_);
+    const plot_steps::Placement at =
+        plot_steps::placeChart(output, verticalOffset_, horizontalOffset_);
+    ChartObject& object = plot_steps::addEmptyChart(output, at, chartWidth_, chartHeight_);
+    Chart& chart = object.Chart();
+
+    SeriesCollection& series = chart.SeriesCollection();
+    series.Add(Union(set(headers_), set(centre_)), HostConstants::SeriesInColumns(), false, true,
+               false);
+    chart.SetChartType(HostConstants::LineMarkers());
+
+    // The host's default bars go first; the custom ones replace them.
+    Series& centre = series.Item(1);
+    centre.SetHasErrorBars(true);
+    centre.ErrorBars().Delete();
+    centre.ErrorBar(HostConstants::VerticalBars(), HostConstants::BarsBothWays(),
+                    HostConstants::CustomAmounts(), plus_, minus_);
+    centre.ErrorBars().SetEndStyle(HostConstants::CappedEnds());
+    // Points only: the columns are separate samples, not a course.
+    centre.Border().SetLineStyle(HostConstants::NoLine());
+
+    plot_steps::formatChart(chart, settings_.BoxFillColorIndex(), chartTitle_, yAxisTitle_);
+    plot_steps::settleChart(object, output, verticalOffset_, horizontalOffset_);
+  });
+}
+
+}  // namespace orv

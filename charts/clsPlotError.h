@@ -1,0 +1,68 @@
+#pragma once
+// clsPlotError: one centre value per data column (a mean, say) with error bars above and below
+// it, drawn beside results already written to a sheet. The plus and minus amounts are distances
+// from the centre, one per column, given either as a range of cells or as an array of numbers;
+// the range and array setters of one side write the same field, so the later call wins.
+//
+// CreatePlot draws a line chart with markers whose single series has no joining line and
+// custom, capped vertical error bars; placement, size and formatting follow clsPlotBox (offsets
+// and sizes in points; a vertical offset that reaches the sheet's last row is dropped). Every
+// call draws a new chart.
+//
+// Errors leave as ComponentError with the source of the member ("... clsPlotError.CreatePlot").
+// The HeadersRange setter reports itself as "SetOutputRange", like the OutputRange setter. A range
+// used before it is set raises 91; amounts that were never set make the host's ErrorBar fail
+// (1004). A chart already added stays on the sheet when a later step fails.
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "frame/chart.h"
+#include "frame/range.h"
+#include "frame/value_array.h"
+#include "support/chart_settings.h"
+
+namespace orv {
+
+class clsPlotError {
+ public:
+  clsPlotError();
+
+  void VerticalOffset(std::int32_t points);
+  std::int32_t VerticalOffset() const;
+  void HorizontalOffset(std::int32_t points);
+  std::int32_t HorizontalOffset() const;
+  void ChartTitle(const std::string& title);
+  std::string ChartTitle() const;
+  void YAxisTitle(const std::string& title);
+  std::string YAxisTitle() const;
+  void ChartHeight(std::int32_t points);  // default 200
+  std::int32_t ChartHeight() const;
+  void ChartWidth(std::int32_t points);   // default 200
+  std::int32_t ChartWidth() const;
+
+  void OutputRange(const Range& cell);
+  void HeadersRange(const Range& cells);
+  void CentreRange(const Range& cells);
+  void ErrorPosRange(const Range& cells);
+  void ErrorNegRange(const Range& cells);
+  // Stored as given; the host accepts arrays of numbers only.
+  void ErrorPosArray(const ValueArray1D& distances);
+  void ErrorNegArray(const ValueArray1D& distances);
+
+  void CreatePlot();
+
+ private:
+  std::int32_t verticalOffset_ = 0;
+  std::int32_t horizontalOffset_ = 0;
+  std::string chartTitle_;
+  std::string yAxisTitle_;
+  std::int32_t chartHeight_ = 200;
+  std::int32_t chartWidth_ = 200;
+  std::optional<Range> output_, headers_, centre_;
+  ErrorAmount plus_, minus_;
+  ChartSettings settings_;
+};
+
+}  // namespace orv

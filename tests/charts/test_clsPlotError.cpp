@@ -1,0 +1,169 @@
+// The error bar plot builder on the in-memory host: the recorded chart after CreatePlot.
+
+#include <functional>
+
+#include "chart_fixture.h"
+#include "charts/clsPlotError.h"
+#include "support/chart_settings.h"
+
+namespace orv::test {
+namespace {
+
+ValueArray1D numbers(std::vector<CellValue> values) { return ValueArray1D(std::move(values)); }
+
+class PlotErrorTest : public ChartTest {
+ protected:
+  PlotErrorTest() {
+    row(1, 2, {"Alpha", "Beta"});
+    row(2, 2, {5.0, 12.0});  // centres
+    row(3, 2, {1.0, 2.0});   // plus distances
+    row(4, 2, {0.5, 1.5});   // minus distances
+  }
+  void configure(clsPlotError& plot) {
+    plot.OutputRange(cells(3, 5, 3, 5));
+    plot.HeadersRange(cells(1, 2, 1, 3));
+    plot.CentreRange(cells(2, 2, 2, 3));
+  }
+};
+
+TEST_F(PlotErrorTest, OneSeriesOfPointsWithCappedCustomBars) {
+  clsPlotError plot;
+  configure(plot);
+  plot.ErrorPosRange(cells(3, 2, 3, 3));
+  plot.ErrorNegRange(cells(4, 2, 4, 3));
+  plot.ChartTitle("Means");
+  plot.YAxisTitle("cm");
+  plot.ChartWidth(150);
+  plot.ChartHeight(200);
+  plot.VerticalOffset(30);
+  plot.CreatePlot();
+
+  const ChartModel& chart = onlyChart(data);
+  EXPECT_DOUBLE_EQ(chart.left, 4 * 48);
+  EXPECT_DOUBLE_EQ(chart.top, 2 * 15 + 30);
+  EXPECT_DOUBLE_EQ(chart.width, 150);
+  EXPECT_DOUBLE_EQ(chart.height, 200);
+  EXPECT_EQ(chart.kind, ChartKind::LineMarkers);
+  ASSERT_EQ(chart.series.size(), 1U);
+  const SeriesModel& s = chart.series.front();
+  EXPECT_EQ(s.categories.cells, ref(1, 2, 1, 3));
+  EXPECT_EQ(s.values.cells, ref(2, 2, 2, 3));
+  EXPECT_FALSE(s.line);
+  EXPECT_EQ(s.marker, MarkerSymbol::Automatic);
+  ASSERT_TRUE(s.errorBars.has_value());
+  EXPECT_TRUE(s.errorBars->plus && s.errorBars->minus && s.errorBars->endCaps);
+  EXPECT_EQ(s.errorBars->plusAmounts.cells, ref(3, 2, 3, 3));
+  EXPECT_EQ(s.errorBars->minusAmounts.cells, ref(4, 2, 4, 3));
+  EXPECT_EQ(s.errorBars->minusAmounts.cached, (Cached{0.5, 1.5}));
+
+  EXPECT_FALSE(chart.upDownBars);
+  EXPECT_FALSE(chart.highLowLines);
+  EXPECT_FALSE(chart.legend);
+  EXPECT_EQ(chart.chartAreaColorIndex, ChartSettings().BoxFillColorIndex());
+  EXPECT_EQ(chart.title, "Means");
+  EXPECT_DOUBLE_EQ(chart.titleFont.size, 10);
+  EXPECT_TRUE(chart.titleFont.bold);
+  ASSERT_EQ(chart.axes.size(), 2U);
+  for (const AxisModel& a : chart.axes) EXPECT_FALSE(a.deleted);
+  const AxisModel* values = axis(chart, AxisKind::Value, AxisGroup::Primary);
+  EXPECT_EQ(values->title, "cm");
+  EXPECT_DOUBLE_EQ(values->titleFont.size, 10);
+  EXPECT_FALSE(values->titleFont.bold);
+  // Centre 12 is plotted; the bars do not widen the automatic scale (0 to 14).
+  EXPECT_EQ(values->tickLabelNumberFormat, "0");
+  // 150 x 200 with a title: the plot starts 40 points down (halved to 20), 15 in, 120 wide.
+  EXPECT_DOUBLE_EQ(chart.plotArea.top, 20);
+  EXPECT_DOUBLE_EQ(chart.plotArea.height, 154);
+  EXPECT_DOUBLE_EQ(chart.plotArea.width, 120);
+}
+
+TEST_F(PlotErrorTest, TheLaterSetterOfASideWins) {
+  struct Case {
+    std::string name;
+    std::function<void(clsPlotError&)> amounts;
+    bool plusFromCells, minusFromCells;
+  };
+  const Range plusCells = cells(3, 2, 3, 3);
+  const Range minusCells = cells(4, 2, 4, 3);
+  const std::vector<Case> cases = {
+      {"range then array",
+       [&](clsPlotError& p) {
+         p.ErrorPosRange(plusCells);
+         p.ErrorPosArray(numbers({1.0, 2.0}));
+         p.ErrorNegRange(minusCells);
+         p.ErrorNegArray(numbers({0.5, 1.5}));
+       },
+       false, false},
+      {"array then range",
+       [&](clsPlotError& p) {
+         p.ErrorPosArray(numbers({1.0, 2.0}));
+         p.ErrorPosRange(plusCells);
+         p.ErrorNegArray(numbers({0.5, 1.5}));
+         p.ErrorNegRange(minusCells);
+       },
+       true, true},
+      {"a range above and an array below",
+       [&](clsPlotError& p) {
+         p.ErrorPosRange(plusCells);
+         p.ErrorNegArray(numbers({0.5, 1.5}));
+       },
+       true, false},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.name);
+    clsPlotError plot;
+    configure(plot);
+    c.amounts(plot);
+    plot.CreatePlot();
+    const ErrorBarsModel& bars = *data.charts().back().series.front().errorBars;
+    EXPECT_EQ(bars.plusAmounts.cells.has_value(), c.plusFromCells);
+    EXPECT_EQ(bars.minusAmounts.cells.has_value(), c.minusFromCells);
+    EXPECT_EQ(c.plusFromCells ? bars.plusAmounts.cached : bars.plusAmounts.literal, (Cached{1.0, 2.0}));
+    EXPECT_EQ(c.minusFromCells ? bars.minusAmounts.cached : bars.minusAmounts.literal, (Cached{0.5, 1.5}));
+  }
+}
+
+TEST_F(PlotErrorTest, FailuresReportCreatePlotAndLeaveTheChartAdded) {
+  struct Case {
+    std::string name;
+    std::function<void(clsPlotError&)> setUp;
+    std::int32_t number;
+    std::size_t chartsLeft;
+  };
+  const std::vector<Case> cases = {
+      {"no output range", [](clsPlotError&) {}, 91, 0},
+      {"no centre range",
+       [&](clsPlotError& p) {
+         p.OutputRange(cells(3, 5, 3, 5));
+         p.HeadersRange(cells(1, 2, 1, 3));
+       },
+       91, 1},
+      {"no amounts", [&](clsPlotError& p) { configure(p); }, err::kHostFailure, 1},
+      {"no minus amounts",
+       [&](clsPlotError& p) {
+         configure(p);
+         p.ErrorPosRange(cells(3, 2, 3, 3));
+       },
+       err::kHostFailure, 1},
+      {"a text among the distances",
+       [&](clsPlotError& p) {
+         configure(p);
+         p.ErrorPosArray(numbers({1.0, "-"}));
+         p.ErrorNegArray(numbers({1.0, 1.0}));
+       },
+       err::kHostFailure, 1},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.name);
+    const std::size_t before = data.charts().size();
+    clsPlotError plot;
+    c.setUp(plot);
+    const ComponentError e = errorOf([&] { plot.CreatePlot(); });
+    EXPECT_EQ(e.number(), c.number);
+    EXPECT_EQ(e.source(), "Line 0 in ORVDescriptives.clsPlotError.CreatePlot");
+    EXPECT_EQ(data.charts().size(), before + c.chartsLeft);
+  }
+}
+
+}  // namespace
+}  // namespace orv::test

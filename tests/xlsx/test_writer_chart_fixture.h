@@ -1,0 +1,229 @@
+#pragma once
+// A results sheet with the four kinds of chart the component draws (box plot, error plot,
+// circular scatter plot, histogram), built by hand as the chart builders record them, and the
+// package that holds them.
+
+#include <string>
+#include <vector>
+
+#include "test_writer_support.h"
+#include "workbook/chart_model.h"
+#include "workbook/in_memory_application.h"
+#include "xlsx/package_parts.h"
+#include "xlsx/package_zip.h"
+#include "xlsx/writer_drawing_package.h"
+#include "xlsx/writer_workbook.h"
+
+namespace orv::test {
+
+inline constexpr const char* kResults = "Results & O'Neil";
+
+inline SheetRef cells(std::int32_t top, std::int32_t left, std::int32_t bottom, std::int32_t right) {
+  return {kResults, CellBlock{top, left, bottom, right}};
+}
+
+// Rows 1..9 of columns A..D: headers, LP, Min, Max, UP, Median, Mean, SE, cumulative percentages;
+// rows 14..19: X, Y.
+inline void fillResults(InMemoryWorksheet& sheet) {
+  const char* labels[] = {"", "LP", "Min", "Max", "UP", "Median", "Mean", "SE", "Cum %"};
+  const double values[][3] = {{3, 4, 2},       {1, 2, 0.5},     {9.1, 8, 6},     {7, 6.5, 4},
+                              {5, 5, 3},       {5.2, 5.1, 3.1}, {0.8, 0.6, 0.4}, {30, 70, 100}};
+  const char* names[] = {"Alpha", "Beta", "Gamma"};
+  for (int r = 1; r < 9; ++r) sheet.storeRaw(r + 1, 1, CellValue(labels[r]));
+  for (int c = 0; c < 3; ++c) {
+    sheet.storeRaw(1, c + 2, CellValue(names[c]));
+    for (int r = 0; r < 8; ++r) sheet.storeRaw(r + 2, c + 2, CellValue(values[r][c]));
+  }
+  const double xy[][2] = {{1, 0}, {0.5, 0.866}, {-0.5, 0.866}, {-1, 0}, {-0.5, -0.866}, {0.5, -0.866}};
+  for (int r = 0; r < 6; ++r) {
+    sheet.storeRaw(14 + r, 1, CellValue(xy[r][0]));
+    sheet.storeRaw(14 + r, 2, CellValue(xy[r][1]));
+  }
+}
+
+inline ChartData rowData(const InMemoryWorksheet& sheet, std::int32_t row) {
+  ChartData d;
+  d.cells = cells(row, 2, row, 4);
+  for (int c = 2; c <= 4; ++c) d.cached.push_back(sheet.cellValue(row, c).number());
+  return d;
+}
+
+inline ChartLabels headers() { return {cells(1, 2, 1, 4), {"Alpha", "Beta", "Gamma"}}; }
+
+inline AxisModel axis(AxisKind kind, AxisGroup group = AxisGroup::Primary) {
+  AxisModel a;
+  a.kind = kind;
+  a.group = group;
+  return a;
+}
+
+inline ChartModel boxPlot(const InMemoryWorksheet& sheet, double left, double top) {
+  ChartModel c;
+  c.name = "Chart 1";
+  c.left = left;
+  c.top = top;
+  c.width = 200;
+  c.height = 180;
+  c.kind = ChartKind::StockOHLC;
+  c.title = "Box plot";
+  c.legend = false;
+  for (std::int32_t row : {2, 3, 4, 5}) {
+    SeriesModel s;
+    s.kind = ChartKind::StockOHLC;
+    s.categories = headers();
+    s.values = rowData(sheet, row);
+    c.series.push_back(s);
+  }
+  for (int i = 0; i < 2; ++i) {
+    SeriesModel s;
+    s.kind = ChartKind::StockOHLC;
+    s.axisGroup = AxisGroup::Secondary;
+    s.categories = headers();
+    s.values = rowData(sheet, 6);
+    s.line = false;
+    s.marker = MarkerSymbol::Dash;
+    s.markerSize = 12;
+    c.series.push_back(s);
+  }
+  c.upDownBars = true;
+  c.highLowLines = true;
+  c.upBarsColorIndex = 15;
+  c.chartAreaColorIndex = 2;
+  c.plotArea = {20, 25, 170, 145, true, false, false};
+  AxisModel cat = axis(AxisKind::Category);
+  cat.line = false;
+  cat.tickLabelFont = {8, false};
+  AxisModel val = axis(AxisKind::Value);
+  val.title = "Value";
+  val.tickLabelNumberFormat = "0";
+  AxisModel secondary = axis(AxisKind::Value, AxisGroup::Secondary);
+  secondary.deleted = true;
+  c.axes = {cat, val, secondary};
+  return c;
+}
+
+// Plus amounts from the SE row; minus amounts from cells too, or as literal distances.
+inline ChartModel errorPlot(const InMemoryWorksheet& sheet, double left, double top, bool literalMinus) {
+  ChartModel c;
+  c.name = literalMinus ? "Chart 3" : "Chart 2";
+  c.left = left;
+  c.top = top;
+  c.width = 200;
+  c.height = 200;
+  c.title = "Mean with standard error";
+  c.legend = false;
+  SeriesModel s;
+  s.categories = headers();
+  s.values = rowData(sheet, 7);
+  s.line = false;
+  s.marker = MarkerSymbol::Diamond;
+  ErrorBarsModel bars;
+  bars.plusAmounts = rowData(sheet, 8);
+  if (literalMinus) {
+    bars.minusAmounts.literal = {1.6, 1.1, 1.2};
+  } else {
+    bars.minusAmounts = rowData(sheet, 8);
+  }
+  s.errorBars = bars;
+  c.series.push_back(s);
+  c.axes = {axis(AxisKind::Category), axis(AxisKind::Value)};
+  return c;
+}
+
+inline ChartModel scatterPlot(const InMemoryWorksheet& sheet, double left, double top) {
+  ChartModel c;
+  c.name = "Chart 4";
+  c.left = left;
+  c.top = top;
+  c.width = 200;
+  c.height = 200;
+  c.kind = ChartKind::XYScatter;
+  c.title = "Direction";
+  c.legend = false;
+  SeriesModel s;
+  s.kind = ChartKind::XYScatter;
+  s.xValues.cells = cells(14, 1, 19, 1);
+  s.values.cells = cells(14, 2, 19, 2);
+  for (int r = 14; r <= 19; ++r) {
+    s.xValues.cached.push_back(sheet.cellValue(r, 1).number());
+    s.values.cached.push_back(sheet.cellValue(r, 2).number());
+  }
+  s.line = false;
+  s.marker = MarkerSymbol::Circle;
+  s.markerSize = 5;
+  c.series.push_back(s);
+  for (AxisKind kind : {AxisKind::Category, AxisKind::Value}) {
+    AxisModel a = axis(kind);
+    a.minimumScale = -1;
+    a.maximumScale = 1;
+    a.majorUnit = 0.5;
+    c.axes.push_back(a);
+  }
+  c.plotArea = {25, 25, 160, 160, true, false, true};
+  return c;
+}
+
+inline ChartModel histogram(const InMemoryWorksheet& sheet, double left, double top) {
+  ChartModel c;
+  c.name = "Chart 5";
+  c.left = left;
+  c.top = top;
+  c.width = 300;
+  c.height = 200;
+  c.kind = ChartKind::ColumnClustered;
+  c.title = "Histogram";
+  c.gapWidth = 0;
+  SeriesModel bars;
+  bars.kind = ChartKind::ColumnClustered;
+  bars.name = "Frequency";
+  bars.categories = headers();
+  bars.values = rowData(sheet, 2);
+  SeriesModel normal;
+  normal.name = "Normal";
+  normal.categories = headers();
+  normal.values = rowData(sheet, 7);
+  normal.marker = MarkerSymbol::None;
+  normal.smooth = true;
+  SeriesModel cumulative;
+  cumulative.name = "Cumulative Frequency";
+  cumulative.axisGroup = AxisGroup::Secondary;
+  cumulative.categories = headers();
+  cumulative.values = rowData(sheet, 9);
+  c.series = {bars, normal, cumulative};
+  AxisModel percent = axis(AxisKind::Value, AxisGroup::Secondary);
+  percent.minimumScale = 0;
+  percent.maximumScale = 100;
+  percent.tickLabelNumberFormat = "0\"%\"";
+  AxisModel xAxis = axis(AxisKind::Category);
+  xAxis.title = "Class";
+  AxisModel yAxis = axis(AxisKind::Value);
+  yAxis.title = "Count";
+  c.axes = {xAxis, yAxis, percent};
+  return c;
+}
+
+// Columns F on: the box plot, the error plots 198 pt and 396 pt below, the scatter plot and
+// the histogram in column L.
+inline std::vector<ChartModel> allCharts(const InMemoryWorksheet& sheet) {
+  const double f = sheet.geometry().columnLeft(6);
+  const double l = sheet.geometry().columnLeft(12);
+  return {boxPlot(sheet, f, 0), errorPlot(sheet, f, 198, false), errorPlot(sheet, f, 396, true),
+          scatterPlot(sheet, l, 0), histogram(sheet, l, 210)};
+}
+
+// Writes `book` as a new workbook, then puts `charts` on the sheet `sheetPart` as the writer
+// does for a receiving sheet.
+inline void addCharts(const std::filesystem::path& file, const std::string& sheetPart, const SheetGeometry& geometry,
+                      const std::vector<ChartModel>& charts) {
+  ZipPackage zip = ZipPackage::open(file);
+  std::map<std::string, std::string> edited;
+  PartSet::Overrides overrides;
+  PartSet parts([&zip](const std::string& part) { return zip.read(part); }, edited, overrides, zip.entryNames());
+  attachCharts(parts, sheetPart, geometry, charts);
+  const std::string types = package::addOverrides(*zip.read("[Content_Types].xml"), overrides);
+  zip.put("[Content_Types].xml", types);
+  for (auto& [part, content] : edited) zip.put(part, std::move(content));
+  zip.commit();
+}
+
+}  // namespace orv::test

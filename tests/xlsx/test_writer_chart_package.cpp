@@ -1,0 +1,219 @@
+// Charts written into packages and read back: the parts and relationships that reach them,
+// anchors in EMU, chart types, series references and error-bar amounts; a sheet that already
+// has a drawing; the schema and consistency tools and a PDF conversion where they exist.
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+
+#include "test_writer_chart_fixture.h"
+
+namespace orv::test {
+namespace {
+
+int run(const std::string& command) { return std::system((command + " >/dev/null 2>&1").c_str()); }
+std::string quoted(const std::filesystem::path& p) { return "'" + p.string() + "'"; }
+
+std::vector<std::string> texts(const pugi::xml_node& root, const char* xpath) {
+  std::vector<std::string> out;
+  for (const pugi::xpath_node& n : root.select_nodes(xpath)) {
+    out.emplace_back(n.attribute() ? n.attribute().value() : n.node().text().get());
+  }
+  return out;
+}
+
+class ChartPackage : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    InMemoryWorkbook& book = app_.AddWorkbook("data.csv", {"data"});
+    results_ = &book.addSheet(kResults);
+    fillResults(*results_);
+    results_->geometry().setRowHeight(5, 30.0);  // the anchor walk must see it
+    file_ = folder_ / "charts.xlsx";
+    writeNewWorkbook(book, file_);
+    addCharts(file_, "xl/worksheets/sheet2.xml", results_->geometry(), allCharts(*results_));
+    zip_ = readZip(file_);
+  }
+
+  pugi::xml_document part(const std::string& name) { return parseXml(zip_.at(name)); }
+
+  InMemoryApplication app_;
+  InMemoryWorksheet* results_ = nullptr;
+  ScratchFolder folder_;
+  std::filesystem::path file_;
+  ZipContents zip_;
+};
+
+TEST_F(ChartPackage, PartsRelationshipsAndContentTypes) {
+  EXPECT_EQ(texts(part("xl/worksheets/sheet2.xml").document_element(), "//drawing/@r:id"), std::vector<std::string>{"rId1"});
+  EXPECT_EQ(texts(part("xl/worksheets/_rels/sheet2.xml.rels").document_element(), "//Relationship/@Target"),
+            std::vector<std::string>{"../drawings/drawing1.xml"});
+  EXPECT_EQ(texts(part("xl/drawings/_rels/drawing1.xml.rels").document_element(), "//Relationship/@Target"),
+            (std::vector<std::string>{"../charts/chart1.xml", "../charts/chart2.xml", "../charts/chart3.xml",
+                                      "../charts/chart4.xml", "../charts/chart5.xml"}));
+  const pugi::xml_document types = part("[Content_Types].xml");
+  EXPECT_EQ(texts(types.document_element(), "//Override[@PartName='/xl/charts/chart5.xml']/@ContentType"),
+            std::vector<std::string>{std::string(kChartContentType)});
+  EXPECT_EQ(texts(types.document_element(), "//Override[@PartName='/xl/drawings/drawing1.xml']/@ContentType"),
+            std::vector<std::string>{std::string(kDrawingContentType)});
+}
+
+TEST_F(ChartPackage, AnchorsWalkRowHeightsInEmu) {
+  const pugi::xml_document drawing = part("xl/drawings/drawing1.xml");
+  const auto anchors = drawing.select_nodes("//xdr:oneCellAnchor");
+  ASSERT_EQ(anchors.size(), 5u);
+  struct Row { const char* name; const char* col; const char* row; const char* rowOff; const char* cx; const char* cy; };
+  // Rows are 15 pt but row 5 is 30 pt: 198 pt down is row 13 (0-based 12), whose top is at 195 pt.
+  const Row expected[] = {{"Chart 1", "5", "0", "0", "2540000", "2286000"},
+                          {"Chart 2", "5", "12", "38100", "2540000", "2540000"},
+                          {"Chart 3", "5", "25", "76200", "2540000", "2540000"},
+                          {"Chart 4", "11", "0", "0", "2540000", "2540000"},
+                          {"Chart 5", "11", "13", "0", "3810000", "2540000"}};
+  for (std::size_t i = 0; i < 5; ++i) {
+    SCOPED_TRACE(expected[i].name);
+    const pugi::xml_node a = anchors[i].node();
+    EXPECT_STREQ(a.select_node(".//xdr:cNvPr").node().attribute("name").value(), expected[i].name);
+    EXPECT_STREQ(a.select_node(".//xdr:cNvPr").node().attribute("id").value(), std::to_string(i + 2).c_str());
+    EXPECT_STREQ(a.select_node("xdr:from/xdr:col").node().text().get(), expected[i].col);
+    EXPECT_STREQ(a.select_node("xdr:from/xdr:colOff").node().text().get(), "0");
+    EXPECT_STREQ(a.select_node("xdr:from/xdr:row").node().text().get(), expected[i].row);
+    EXPECT_STREQ(a.select_node("xdr:from/xdr:rowOff").node().text().get(), expected[i].rowOff);
+    EXPECT_STREQ(a.select_node("xdr:ext").node().attribute("cx").value(), expected[i].cx);
+    EXPECT_STREQ(a.select_node("xdr:ext").node().attribute("cy").value(), expected[i].cy);
+  }
+}
+
+TEST_F(ChartPackage, BoxPlotIsAStockChartWithMediansOnDeletedSecondaryAxis) {
+  const pugi::xml_document chart = part("xl/charts/chart1.xml");
+  const pugi::xml_node plot = chart.select_node("//c:plotArea").node();
+  EXPECT_EQ(texts(plot, "c:stockChart/c:ser/c:val/c:numRef/c:f"),
+            (std::vector<std::string>{"'Results & O''Neil'!$B$2:$D$2", "'Results & O''Neil'!$B$3:$D$3",
+                                      "'Results & O''Neil'!$B$4:$D$4", "'Results & O''Neil'!$B$5:$D$5"}));
+  EXPECT_TRUE(plot.select_node("c:stockChart/c:hiLowLines"));
+  EXPECT_TRUE(plot.select_node("c:stockChart/c:upDownBars/c:upBars"));
+  EXPECT_EQ(texts(plot, "c:lineChart/c:ser/c:val/c:numRef/c:f"),
+            (std::vector<std::string>{"'Results & O''Neil'!$B$6:$D$6", "'Results & O''Neil'!$B$6:$D$6"}));
+  EXPECT_EQ(texts(plot, "c:lineChart/c:ser/c:marker/c:symbol/@val"), (std::vector<std::string>{"dash", "dash"}));
+  EXPECT_EQ(texts(plot, "c:lineChart/c:ser/c:spPr/a:ln/a:noFill").size(), 2u);
+  EXPECT_EQ(texts(plot, "c:lineChart/c:axId/@val"), (std::vector<std::string>{"1003", "1004"}));
+  EXPECT_EQ(texts(plot, "c:valAx[c:axId/@val='1004']/c:delete/@val"), std::vector<std::string>{"1"});
+  EXPECT_EQ(texts(plot, "c:stockChart/c:ser[1]/c:val/c:numRef/c:numCache/c:pt/c:v"),
+            (std::vector<std::string>{"3", "4", "2"}));
+}
+
+TEST_F(ChartPackage, ErrorPlotsCarryRangesAndLiteralDistances) {
+  for (const char* name : {"xl/charts/chart2.xml", "xl/charts/chart3.xml"}) {
+    SCOPED_TRACE(name);
+    const pugi::xml_document chart = part(name);
+    const pugi::xml_node ser = chart.select_node("//c:lineChart/c:ser").node();
+    EXPECT_TRUE(ser.select_node("c:spPr/a:ln/a:noFill"));
+    EXPECT_EQ(texts(ser, "c:errBars/c:errValType/@val"), std::vector<std::string>{"cust"});
+    EXPECT_EQ(texts(ser, "c:errBars/c:noEndCap/@val"), std::vector<std::string>{"0"});
+    EXPECT_EQ(texts(ser, "c:errBars/c:plus/c:numRef/c:f"), std::vector<std::string>{"'Results & O''Neil'!$B$8:$D$8"});
+  }
+  EXPECT_EQ(texts(part("xl/charts/chart2.xml").document_element(), "//c:minus/c:numRef/c:numCache/c:pt/c:v"),
+            (std::vector<std::string>{"0.8", "0.6", "0.4"}));
+  EXPECT_EQ(texts(part("xl/charts/chart3.xml").document_element(), "//c:minus/c:numLit/c:pt/c:v"),
+            (std::vector<std::string>{"1.6", "1.1", "1.2"}));
+}
+
+TEST_F(ChartPackage, ScatterAndHistogramGroupsAndAxes) {
+  const pugi::xml_document scatter = part("xl/charts/chart4.xml");
+  EXPECT_EQ(texts(scatter.document_element(), "//c:scatterChart/c:ser/c:xVal/c:numRef/c:f"),
+            std::vector<std::string>{"'Results & O''Neil'!$A$14:$A$19"});
+  EXPECT_EQ(texts(scatter.document_element(), "//c:valAx/c:scaling/c:min/@val"), (std::vector<std::string>{"-1", "-1"}));
+  EXPECT_EQ(texts(scatter.document_element(), "//c:valAx/c:crosses/@val"),
+            (std::vector<std::string>{"autoZero", "autoZero"}));
+  EXPECT_TRUE(scatter.select_node("//c:catAx").node().empty());
+
+  const pugi::xml_document histogram = part("xl/charts/chart5.xml");
+  const pugi::xml_node plot = histogram.select_node("//c:plotArea").node();
+  std::vector<std::string> groups;
+  for (pugi::xml_node n = plot.first_child(); n; n = n.next_sibling()) groups.emplace_back(n.name());
+  EXPECT_EQ(groups, (std::vector<std::string>{"c:layout", "c:barChart", "c:lineChart", "c:lineChart", "c:catAx",
+                                              "c:valAx", "c:valAx", "c:catAx", "c:spPr"}));
+  EXPECT_EQ(texts(plot, "c:barChart/c:gapWidth/@val"), std::vector<std::string>{"0"});
+  EXPECT_EQ(texts(plot, "c:lineChart/c:ser/c:smooth/@val"), (std::vector<std::string>{"1", "0"}));
+  EXPECT_EQ(texts(plot, "c:lineChart[2]/c:ser/c:tx/c:v"), std::vector<std::string>{"Cumulative Frequency"});
+  EXPECT_EQ(texts(plot, "c:valAx[c:axId/@val='1004']/c:scaling/c:max/@val"), std::vector<std::string>{"100"});
+  EXPECT_EQ(texts(plot, "c:valAx[c:axId/@val='1004']/c:numFmt/@formatCode"), std::vector<std::string>{"0\"%\""});
+}
+
+// A sheet that has a drawing keeps it and gets the new anchors appended; new parts take free
+// names whatever their case.
+TEST_F(ChartPackage, ExistingDrawingReceivesTheNewAnchors) {
+  addCharts(file_, "xl/worksheets/sheet2.xml", results_->geometry(), {histogram(*results_, 0, 420)});
+  const ZipContents again = readZip(file_);
+  const pugi::xml_document drawing = parseXml(again.at("xl/drawings/drawing1.xml"));
+  const auto ids = texts(drawing.document_element(), "//xdr:cNvPr/@id");
+  EXPECT_EQ(ids, (std::vector<std::string>{"2", "3", "4", "5", "6", "7"}));
+  EXPECT_EQ(again.entries.count("xl/drawings/drawing2.xml"), 0u);
+  EXPECT_EQ(texts(parseXml(again.at("xl/drawings/_rels/drawing1.xml.rels")).document_element(),
+                  "//Relationship[@Id='rId6']/@Target"),
+            std::vector<std::string>{"../charts/chart6.xml"});
+  EXPECT_EQ(texts(parseXml(again.at("xl/worksheets/sheet2.xml")).document_element(), "//drawing").size(), 1u);
+
+  // The first sheet has no drawing: it gets drawing2 and chart7.
+  addCharts(file_, "xl/worksheets/sheet1.xml", SheetGeometry{}, {histogram(*results_, 0, 0)});
+  const ZipContents third = readZip(file_);
+  EXPECT_EQ(texts(parseXml(third.at("xl/drawings/_rels/drawing2.xml.rels")).document_element(), "//Relationship/@Target"),
+            std::vector<std::string>{"../charts/chart7.xml"});
+}
+
+// Where <drawing> goes in sheets written elsewhere: before the elements the schema puts after it,
+// with the sheet's own prefix; a <drawing> whose relationship leads nowhere is reused.
+TEST(ChartSheetPart, DrawingElementTakesItsSchemaPlace) {
+  const std::string head = R"(<x:worksheet xmlns:x="http://schemas.openxmlformats.org/spreadsheetml/2006/main">)";
+  const std::string margins = R"(<x:sheetData/><x:pageMargins left="1" right="1" top="1" bottom="1" header="0" footer="0"/>)";
+  const std::string drawing =
+      R"(<x:drawing xmlns:r="http://schemas.openxmlformats.org/officeDocument/2006/relationships" r:id="rId1"/>)";
+  const std::tuple<const char*, std::string, std::string> rows[] = {
+      {"at the end", head + margins + "</x:worksheet>", head + margins + drawing + "</x:worksheet>"},
+      {"before legacy drawing and table parts",
+       head + margins + R"(<x:legacyDrawing r:id="rId9"/><x:tableParts count="0"/></x:worksheet>)",
+       head + margins + drawing + R"(<x:legacyDrawing r:id="rId9"/><x:tableParts count="0"/></x:worksheet>)"},
+      {"stale drawing reused", head + margins + R"(<x:drawing r:id="rId7"/></x:worksheet>)",
+       head + margins + R"(<x:drawing r:id="rId1"/></x:worksheet>)"},
+  };
+  for (const auto& [what, sheet, expected] : rows) {
+    SCOPED_TRACE(what);
+    std::map<std::string, std::string> edited{{"xl/worksheets/sheet1.xml", sheet}};
+    PartSet::Overrides overrides;
+    PartSet parts(nullptr, edited, overrides, {});
+    attachCharts(parts, "xl/worksheets/sheet1.xml", SheetGeometry{}, {ChartModel{}});
+    EXPECT_EQ(edited["xl/worksheets/sheet1.xml"], expected);
+    EXPECT_EQ(overrides.size(), 2u);  // chart1 and drawing1
+  }
+}
+
+TEST_F(ChartPackage, SchemaAndConsistencyChecksPass) {
+  const char* tools = std::getenv("ORV_XLSX_TOOLS");
+  if (tools == nullptr || run("command -v xmllint") != 0) GTEST_SKIP() << "ORV_XLSX_TOOLS unset or xmllint missing";
+  EXPECT_EQ(run(std::string(tools) + "/validate-xlsx " + quoted(file_)), 0);
+  EXPECT_EQ(run(std::string(tools) + "/xlsx-inspect check " + quoted(file_)), 0);
+}
+
+TEST_F(ChartPackage, OpenpyxlReadsEveryChart) {
+  std::string python;
+  for (const char* candidate : {"python3", "/usr/bin/python3"}) {
+    if (python.empty() && run(std::string(candidate) + " -c 'import openpyxl'") == 0) python = candidate;
+  }
+  if (python.empty()) GTEST_SKIP() << "python3-openpyxl missing";
+  EXPECT_EQ(run(python + " -W error -c 'import openpyxl, sys; "
+                         "assert len(openpyxl.load_workbook(sys.argv[1]).worksheets[1]._charts) == 5' " + quoted(file_)),
+            0);
+}
+
+TEST_F(ChartPackage, OfficeSuiteConvertsAllChartKindsToPdf) {
+  if (run("command -v soffice") != 0) GTEST_SKIP() << "soffice missing";
+  EXPECT_EQ(run("HOME=" + quoted(folder_.path()) + " soffice -env:UserInstallation=file://" + folder_.path().string() +
+                "/profile --headless --convert-to pdf --outdir " + quoted(folder_.path()) + " " + quoted(file_)),
+            0);
+  EXPECT_TRUE(std::filesystem::exists(folder_ / "charts.pdf"));
+  if (const char* keep = std::getenv("ORV_KEEP_OUTPUT")) {
+    std::filesystem::copy_file(file_, std::filesystem::path(keep) / "charts.xlsx", std::filesystem::copy_options::overwrite_existing);
+  }
+}
+
+}  // namespace
+}  // namespace orv::test

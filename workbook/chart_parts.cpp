@@ -1,0 +1,44 @@
+#include "workbook/chart_parts.h"
+
+#include <cmath>
+
+#include "frame/cell_format.h"
+#include "frame/errors.h"
+
+namespace orv {
+
+void RecordedFont::SetSize(double points) {
+  if (!(points >= 1 && points <= 409)) raiseHost("Unable to set the Size property of the Font class");
+  font_().size = points;
+}
+
+void RecordedBorder::SetLineStyle(host::LineStyle style) {
+  if (!drawn_) raiseHost("Unable to set the LineStyle property of the Border class in this host");
+  // The recorded model knows drawn or not drawn; dashes and dots are drawn lines.
+  drawn_() = style != host::LineStyle::None;
+}
+
+void RecordedBorder::SetWeight(host::BorderWeight weight) {
+  if (!weight_) raiseHost("Unable to set the Weight property of the Border class in this host");
+  double points = 0.75;
+  switch (weight) {
+    case host::BorderWeight::Hairline: points = 0.25; break;
+    case host::BorderWeight::Thin: points = 0.75; break;
+    case host::BorderWeight::Medium: points = 1.5; break;
+    case host::BorderWeight::Thick: points = 2.25; break;
+  }
+  weight_() = points;
+}
+
+void RecordedInterior::SetColorIndex(std::int32_t index) {
+  const bool palette = index >= 1 && index <= 56;
+  if (!palette && index != kColorIndexAutomatic && index != kColorIndexNone) {
+    raiseHost("Unable to set the ColorIndex property of the Interior class");
+  }
+  colorIndex_() = index;
+}
+
+RecordedTickLabels::RecordedTickLabels(FieldOf<AxisModel> axis)
+    : axis_(std::move(axis)), font_([this]() -> FontModel& { return axis_().tickLabelFont; }) {}
+
+}  // namespace orv

@@ -2,9 +2,13 @@
 
 #include <zip.h>
 
+#include <algorithm>
+#include <cstring>
 #include <ctime>
+#include <memory>
 
 #include "frame/errors.h"
+#include "xlsx/package_deflate.h"
 
 namespace orv {
 namespace {
@@ -29,6 +33,65 @@ zip* openArchive(const std::filesystem::path& path, int flags) {
   return archive;
 }
 
+// An entry's content, already deflated, as a libzip source. Its stat names deflate as the method
+// and gives both sizes and the CRC, so zip_close writes the bytes read from it as they are,
+// without inflating or deflating again. The source owns this state and frees it with itself.
+struct DeflatedSource {
+  DeflatedPart part;
+  std::size_t readAt = 0;
+  int error = ZIP_ER_OK;
+
+  zip_int64_t fail(int code) {
+    error = code;
+    return -1;
+  }
+};
+
+zip_int64_t serveDeflated(void* state, void* data, zip_uint64_t length, zip_source_cmd_t command) {
+  auto* source = static_cast<DeflatedSource*>(state);
+  switch (command) {
+    case ZIP_SOURCE_OPEN:
+      source->readAt = 0;
+      return 0;
+    case ZIP_SOURCE_READ: {
+      const std::size_t count = std::min<std::size_t>(length, source->part.bytes.size() - source->readAt);
+      if (count > 0) std::memcpy(data, source->part.bytes.data() + source->readAt, count);
+      source->readAt += count;
+      return static_cast<zip_int64_t>(count);
+    }
+    case ZIP_SOURCE_CLOSE:
+      return 0;
+    case ZIP_SOURCE_STAT: {
+      if (length < sizeof(zip_stat_t)) return source->fail(ZIP_ER_INVAL);
+      auto* stat = static_cast<zip_stat_t*>(data);
+      zip_stat_init(stat);
+      stat->size = source->part.size;
+      stat->comp_size = source->part.bytes.size();
+      stat->crc = source->part.crc;
+      stat->comp_method = ZIP_CM_DEFLATE;
+      stat->encryption_method = ZIP_EM_NONE;
+      stat->valid = ZIP_STAT_SIZE | ZIP_STAT_COMP_SIZE | ZIP_STAT_CRC | ZIP_STAT_COMP_METHOD |
+                    ZIP_STAT_ENCRYPTION_METHOD;
+      return sizeof(zip_stat_t);
+    }
+    case ZIP_SOURCE_ERROR: {
+      zip_error_t error;
+      zip_error_init_with_code(&error, source->error);
+      const zip_int64_t written = zip_error_to_data(&error, data, length);
+      zip_error_fini(&error);
+      return written;
+    }
+    case ZIP_SOURCE_FREE:
+      delete source;
+      return 0;
+    case ZIP_SOURCE_SUPPORTS:
+      return zip_source_make_command_bitmap(ZIP_SOURCE_OPEN, ZIP_SOURCE_READ, ZIP_SOURCE_CLOSE, ZIP_SOURCE_STAT,
+                                            ZIP_SOURCE_ERROR, ZIP_SOURCE_FREE, ZIP_SOURCE_SUPPORTS, -1);
+    default:
+      return source->fail(ZIP_ER_OPNOTSUPP);
+  }
+}
+
 }  // namespace
 
 ZipPackage ZipPackage::create(const std::filesystem::path& path) {
@@ -40,7 +103,7 @@ ZipPackage ZipPackage::open(const std::filesystem::path& path) {
 }
 
 ZipPackage::ZipPackage(ZipPackage&& other) noexcept
-    : archive_(other.archive_), path_(std::move(other.path_)), contents_(std::move(other.contents_)) {
+    : archive_(other.archive_), path_(std::move(other.path_)) {
   other.archive_ = nullptr;
 }
 
@@ -81,12 +144,15 @@ std::optional<std::string> ZipPackage::read(std::string_view name) const {
   return content;
 }
 
-void ZipPackage::put(std::string_view name, std::string content) {
+void ZipPackage::put(std::string_view name, std::string_view content) {
   const std::string key(name);
-  contents_.push_back(std::move(content));
-  const std::string& data = contents_.back();
-  zip_source_t* source = zip_source_buffer(archive_, data.data(), data.size(), 0);
+  std::optional<DeflatedPart> deflated = deflatePart(content);
+  if (!deflated) raiseFor(path_, key + ": out of memory while compressing");
+  auto state = std::make_unique<DeflatedSource>();
+  state->part = std::move(*deflated);
+  zip_source_t* source = zip_source_function(archive_, serveDeflated, state.get());
   if (source == nullptr) fail(key);
+  state.release();  // the source frees it
   zip_int64_t index = zip_name_locate(archive_, key.c_str(), ZIP_FL_NOCASE);
   if (index >= 0) {
     if (zip_file_replace(archive_, static_cast<zip_uint64_t>(index), source, 0) != 0) {
@@ -100,6 +166,8 @@ void ZipPackage::put(std::string_view name, std::string content) {
       fail(key);
     }
   }
+  // The method must be deflate, as the source's stat says: an entry stored uncompressed in the
+  // original would otherwise have its new bytes inflated back to be stored.
   const auto at = static_cast<zip_uint64_t>(index);
   if (zip_set_file_compression(archive_, at, ZIP_CM_DEFLATE, 0) != 0 ||
       zip_file_set_mtime(archive_, at, kFixedStamp, 0) != 0) {

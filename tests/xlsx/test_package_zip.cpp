@@ -1,0 +1,192 @@
+#include <zip.h>
+#include <zlib.h>
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <iterator>
+#include <string>
+
+#include "test_writer_support.h"
+#include "xlsx/package_deflate.h"
+#include "xlsx/package_zip.h"
+
+namespace orv::test {
+namespace {
+
+// An entry as it sits in the archive: its method, CRC, sizes and compressed bytes.
+struct RawEntry {
+  zip_int32_t method = -1;
+  zip_uint32_t crc = 0;
+  zip_uint64_t size = 0;
+  std::string compressed;
+};
+
+RawEntry rawEntry(const std::filesystem::path& path, const std::string& name) {
+  RawEntry raw;
+  int code = 0;
+  zip_t* archive = zip_open(path.c_str(), ZIP_RDONLY, &code);
+  EXPECT_NE(archive, nullptr) << path;
+  if (archive == nullptr) return raw;
+  zip_stat_t stat;
+  if (zip_stat(archive, name.c_str(), 0, &stat) == 0) {
+    raw.method = stat.comp_method;
+    raw.crc = stat.crc;
+    raw.size = stat.size;
+    raw.compressed.resize(static_cast<std::size_t>(stat.comp_size));
+    zip_file_t* file = zip_fopen(archive, name.c_str(), ZIP_FL_COMPRESSED);
+    EXPECT_NE(file, nullptr) << name;
+    if (file != nullptr) {
+      EXPECT_EQ(zip_fread(file, raw.compressed.data(), stat.comp_size), static_cast<zip_int64_t>(stat.comp_size));
+      zip_fclose(file);
+    }
+  } else {
+    ADD_FAILURE() << "no entry " << name;
+  }
+  zip_discard(archive);
+  return raw;
+}
+
+// Inflates a raw deflate stream with zlib alone, so nothing of libzip's reading is involved.
+std::string inflateRaw(const std::string& compressed, std::size_t size) {
+  std::string out(size + 1, '\0');  // one spare byte: a stream that inflates too long shows
+  z_stream stream{};
+  EXPECT_EQ(inflateInit2(&stream, -15), Z_OK);
+  stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(compressed.data()));
+  stream.avail_in = static_cast<uInt>(compressed.size());
+  stream.next_out = reinterpret_cast<Bytef*>(out.data());
+  stream.avail_out = static_cast<uInt>(out.size());
+  EXPECT_EQ(inflate(&stream, Z_FINISH), Z_STREAM_END);
+  EXPECT_EQ(stream.avail_in, 0u) << "bytes after the end of the stream";
+  out.resize(stream.total_out);
+  inflateEnd(&stream);
+  return out;
+}
+
+std::uint32_t crcOf(const std::string& content) {
+  return static_cast<std::uint32_t>(crc32_z(0, reinterpret_cast<const Bytef*>(content.data()), content.size()));
+}
+
+// Rows of a sheet, varied enough that deflate has work to do, above the fast-level threshold.
+std::string largeSheet() {
+  std::string xml = "<sheetData>";
+  for (int r = 1; xml.size() <= kFastDeflateAbove + 1000; ++r) {
+    xml += "<row r=\"" + std::to_string(r) + "\"><c r=\"A" + std::to_string(r) + "\"><v>" +
+           std::to_string((r * 7919) % 100003) + "</v></c></row>";
+  }
+  return xml + "</sheetData>";
+}
+
+std::string fileBytes(const std::filesystem::path& path) {
+  std::ifstream in(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
+
+TEST(PackageZip, PutEntriesInflateBackToTheirContent) {
+  struct Row {
+    const char* name;
+    std::string content;
+  };
+  const std::vector<Row> rows = {
+      {"empty.xml", ""},
+      {"small.xml", "<a tabSelected=\"1\">x</a>"},
+      {"binary.bin", std::string("\0\xFF\x01 zip \0\0 tail", 15)},
+      {"xl/worksheets/large.xml", largeSheet()},
+  };
+  ScratchFolder folder;
+  ZipPackage package = ZipPackage::create(folder / "new.zip");
+  for (const Row& row : rows) package.put(row.name, row.content);
+  package.commit();
+
+  ZipPackage reread = ZipPackage::open(folder / "new.zip");
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.name);
+    const RawEntry raw = rawEntry(folder / "new.zip", row.name);
+    EXPECT_EQ(raw.method, ZIP_CM_DEFLATE);
+    EXPECT_EQ(raw.size, row.content.size());
+    EXPECT_EQ(raw.crc, crcOf(row.content));
+    EXPECT_EQ(inflateRaw(raw.compressed, row.content.size()), row.content);
+    EXPECT_EQ(reread.read(row.name), row.content);
+  }
+}
+
+TEST(PackageZip, ReplacingKeepsOtherEntriesByteForByteAndTheOrder) {
+  ScratchFolder folder;
+  const Entries original = {
+      {"[Content_Types].xml", "<Types/>"},
+      {"xl/worksheets/sheet1.xml", "<worksheet><sheetView tabSelected=\"1\"/>" + std::string(5000, 'r') + "</worksheet>"},
+      {"xl/media/image1.png", std::string("\x89PNG\r\n\x1A\n", 8) + std::string(300, '\x07')},
+      {"xl/styles.xml", "<styleSheet>" + std::string(2000, 's') + "</styleSheet>"},
+  };
+  writeZip(folder / "in.zip", original);
+  // A stored entry as some writers leave small parts: its replacement must come out deflated.
+  {
+    int code = 0;
+    zip_t* archive = zip_open((folder / "in.zip").c_str(), 0, &code);
+    ASSERT_NE(archive, nullptr);
+    zip_source_t* source = zip_source_buffer(archive, "<stored/>", 9, 0);
+    const zip_int64_t at = zip_file_add(archive, "stored.xml", source, 0);
+    ASSERT_GE(at, 0);
+    ASSERT_EQ(zip_set_file_compression(archive, static_cast<zip_uint64_t>(at), ZIP_CM_STORE, 0), 0);
+    ASSERT_EQ(zip_close(archive), 0);
+  }
+  std::filesystem::copy_file(folder / "in.zip", folder / "out.zip");
+
+  const std::string sheet = "<worksheet><sheetView/>" + std::string(5000, 'r') + "</worksheet>";
+  ZipPackage package = ZipPackage::open(folder / "out.zip");
+  package.put("XL/Worksheets/Sheet1.xml", sheet);  // names match without case
+  package.put("stored.xml", "<replaced/>");
+  package.commit();
+
+  for (const char* name : {"[Content_Types].xml", "xl/media/image1.png", "xl/styles.xml"}) {
+    SCOPED_TRACE(name);
+    const RawEntry before = rawEntry(folder / "in.zip", name);
+    const RawEntry after = rawEntry(folder / "out.zip", name);
+    EXPECT_EQ(after.method, before.method);
+    EXPECT_EQ(after.crc, before.crc);
+    EXPECT_EQ(after.compressed, before.compressed);
+  }
+  struct Replaced {
+    const char* name;
+    std::string content;
+  };
+  for (const Replaced& row : {Replaced{"xl/worksheets/sheet1.xml", sheet}, Replaced{"stored.xml", "<replaced/>"}}) {
+    SCOPED_TRACE(row.name);
+    const RawEntry after = rawEntry(folder / "out.zip", row.name);
+    EXPECT_EQ(after.method, ZIP_CM_DEFLATE);
+    EXPECT_EQ(after.crc, crcOf(row.content));
+    EXPECT_EQ(inflateRaw(after.compressed, row.content.size()), row.content);
+  }
+  const std::vector<std::string> expectedOrder = {"[Content_Types].xml", "xl/worksheets/sheet1.xml",
+                                                  "xl/media/image1.png", "xl/styles.xml", "stored.xml"};
+  EXPECT_EQ(readZip(folder / "out.zip").order, expectedOrder);
+}
+
+TEST(PackageZip, EqualInputGivesEqualFiles) {
+  ScratchFolder folder;
+  const std::string sheet = largeSheet();
+  for (const char* name : {"a.zip", "b.zip"}) {
+    ZipPackage package = ZipPackage::create(folder / name);
+    package.put("xl/worksheets/sheet1.xml", sheet);
+    package.put("xl/styles.xml", "<styleSheet/>");
+    package.commit();
+  }
+  const std::string first = fileBytes(folder / "a.zip");
+  EXPECT_FALSE(first.empty());
+  EXPECT_EQ(fileBytes(folder / "b.zip"), first);
+}
+
+TEST(PackageZip, UncommittedPackageLeavesTheFileAlone) {
+  ScratchFolder folder;
+  writeZip(folder / "in.zip", {{"a.xml", "<a/>"}});
+  const std::string before = fileBytes(folder / "in.zip");
+  {
+    ZipPackage package = ZipPackage::open(folder / "in.zip");
+    package.put("a.xml", "<b/>");
+    package.put("new.xml", "<c/>");
+  }
+  EXPECT_EQ(fileBytes(folder / "in.zip"), before);
+}
+
+}  // namespace
+}  // namespace orv::test

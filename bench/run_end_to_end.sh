@@ -1,12 +1,16 @@
 #!/usr/bin/env bash
 # End-to-end benchmark: a workbook of 100 numeric columns by 32767 rows.
 #   bench/run_end_to_end.sh [RUNS]
-# Builds the release configuration, generates the workbook once (under out/bench/), then times
-# with the median of RUNS runs each:
+# Builds the release configuration (BUILD_DIR, default build-bench), generates the workbook once
+# (under out/bench/), then runs each command RUNS times (default 5) and takes the medians of its
+# wall time and of its CPU time (user + system, both threads):
 #   floor     unzip -p of the sheet part (inflating alone)
 #   read      orvella sheets (reading and parsing the whole workbook)
-#   describe  orvella describe --all over every column, results written to a new workbook
-# and prints the ratios to the floor and the peak memory of the full run.
+#   describe  orvella describe --all over every column, printed only
+#   written   the same with the results written to a new workbook
+# and the peak memory (maximum resident set) of the written run. It ends with a Markdown block
+# for the README. On a shared machine the wall times depend on the load, which is printed; the
+# CPU times much less so.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 RUNS=${1:-5}
@@ -18,26 +22,58 @@ DIR=out/bench
 mkdir -p "$DIR"
 BOOK=$DIR/large.xlsx
 [ -f "$BOOK" ] || "$BUILD"/bench/make_large_workbook "$BOOK" 32767 100
+SHEET_PART=xl/worksheets/sheet1.xml
+ORV="$BUILD"/cli/orvella
+INPUT=(--input "Data!A1:CV32767" --all)
 
 median() { sort -n | awk '{a[NR]=$1} END {print a[int((NR+1)/2)]}'; }
-seconds() {  # seconds of one run of the command
-  local start end
-  start=$(date +%s.%N); "$@" >/dev/null 2>&1; end=$(date +%s.%N)
-  echo "$end - $start" | bc -l
+# One line per run: wall seconds, CPU seconds (user + system), peak resident KiB.
+measure() {
+  local i
+  for i in $(seq "$RUNS"); do
+    /usr/bin/time -f "%e %U %S %M" -o "$DIR/time.txt" "$@" >/dev/null 2>&1
+    awk '{printf "%s %.2f %s\n", $1, $2 + $3, $4}' "$DIR/time.txt"
+  done
 }
-timed() { for _ in $(seq "$RUNS"); do seconds "$@"; done | median; }
+# Sets NAME_wall, NAME_cpu and NAME_peak to the medians of RUNS runs of the command.
+timed() {
+  local name=$1 runs
+  shift
+  runs=$(measure "$@")
+  printf -v "${name}_wall" '%s' "$(cut -d' ' -f1 <<<"$runs" | median)"
+  printf -v "${name}_cpu" '%s' "$(cut -d' ' -f2 <<<"$runs" | median)"
+  printf -v "${name}_peak" '%s' "$(cut -d' ' -f3 <<<"$runs" | median)"
+}
+ratio() { echo "$1 / $2" | bc -l; }
 
-SHEET_PART=xl/worksheets/sheet1.xml
-floor=$(timed unzip -p "$BOOK" "$SHEET_PART")
-read=$(timed "$BUILD"/cli/orvella sheets "$BOOK")
-describe=$(timed "$BUILD"/cli/orvella describe "$BOOK" --input "Data!A1:CV32767" --all --overwrite -o "$DIR/large-results.xlsx")
+load_before=$(cut -d' ' -f1 /proc/loadavg)
+timed floor unzip -p "$BOOK" "$SHEET_PART"
+timed read "$ORV" sheets "$BOOK"
+timed describe "$ORV" describe "$BOOK" "${INPUT[@]}"
+timed written "$ORV" describe "$BOOK" "${INPUT[@]}" --overwrite -o "$DIR/large-results.xlsx"
+load_after=$(cut -d' ' -f1 /proc/loadavg)
 xml_bytes=$(unzip -p "$BOOK" "$SHEET_PART" | wc -c)
-peak_kb=$( { /usr/bin/time -f "%M" "$BUILD"/cli/orvella describe "$BOOK" --input "Data!A1:CV32767" --all -o "$DIR/large-results.xlsx" >/dev/null; } 2>&1 | tail -1)
+cpu_model=$(awk -F': ' '/model name/ {print $2; exit}' /proc/cpuinfo)
 
-printf 'machine   %s, %s cores\n' "$(uname -m)" "$(nproc)"
-printf 'workbook  %s (%d bytes; sheet XML %d bytes)\n' "$BOOK" "$(stat -c %s "$BOOK")" "$xml_bytes"
-printf 'runs      %d, median seconds\n' "$RUNS"
-printf 'floor     %.3f s  (unzip -p %s)\n' "$floor" "$SHEET_PART"
-printf 'read      %.3f s  %.2fx floor  (orvella sheets)\n' "$read" "$(echo "$read / $floor" | bc -l)"
-printf 'describe  %.3f s  %.2fx floor  (orvella describe --all, written)\n' "$describe" "$(echo "$describe / $floor" | bc -l)"
-printf 'peak      %.1f MiB  %.2fx the sheet XML\n' "$(echo "$peak_kb / 1024" | bc -l)" "$(echo "$peak_kb * 1024 / $xml_bytes" | bc -l)"
+row() {  # label, command, name
+  local wall="${3}_wall" cpu="${3}_cpu"
+  printf '| %s | `%s` | %.2f s | %.2f× | %.2f s | %.2f× |\n' "$1" "$2" "${!wall}" \
+    "$(ratio "${!wall}" "$floor_wall")" "${!cpu}" "$(ratio "${!cpu}" "$floor_cpu")"
+}
+
+cat <<EOF
+
+Machine: ${cpu_model:-$(uname -m)}, $(nproc) cores, $(uname -sr); load average ${load_before} before
+and ${load_after} after the runs. Workbook: \`$BOOK\`, 100 numeric columns by 32,767 rows
+($(stat -c %s "$BOOK") bytes; its sheet part inflates to ${xml_bytes} bytes of XML). Medians of
+${RUNS} runs each; CPU is user + system time of all threads; the ratios are to the floor.
+
+| step | command | wall | ratio | CPU | ratio |
+|---|---|---|---|---|---|
+EOF
+row "floor: inflate the sheet" "unzip -p large.xlsx $SHEET_PART" floor
+row "read the workbook" "orvella sheets large.xlsx" read
+row "describe every column" "orvella describe large.xlsx -i Data!A1:CV32767 --all" describe
+row "... and write the results" "... --overwrite -o large-results.xlsx" written
+printf '\nPeak memory of the written run: %.0f MiB, %.2f× the sheet XML.\n' \
+  "$(echo "$written_peak / 1024" | bc -l)" "$(echo "$written_peak * 1024 / $xml_bytes" | bc -l)"

@@ -10,6 +10,7 @@
 #include "workbook/in_memory_application.h"
 #include "workbook/sheet_names.h"
 #include "xlsx/reader_errors.h"
+#include "xlsx/reader_workbook.h"
 #include "xlsx/reader_text.h"
 
 namespace orv {
@@ -201,7 +202,8 @@ std::string sheetNameForFile(const std::filesystem::path& file) {
   return name;
 }
 
-InMemoryWorkbook& loadDelimitedText(InMemoryApplication& app, const std::filesystem::path& file) {
+InMemoryWorkbook& loadDelimitedText(InMemoryApplication& app, const std::filesystem::path& file,
+                                    const ReadLimits& limits) {
   std::string text = namingFile(file, [&] { return readWholeFile(file); });
   if (text.starts_with("\xEF\xBB\xBF")) text.erase(0, 3);
   if (!isValidUtf8(text)) text = windows1252ToUtf8(text);
@@ -210,8 +212,24 @@ InMemoryWorkbook& loadDelimitedText(InMemoryApplication& app, const std::filesys
 
   InMemoryWorkbook& book = app.AddWorkbook(file.filename().string(), {sheetNameForFile(file)});
   InMemoryWorksheet& sheet = book.Worksheets(1);
+  // The host stores each column from its first to its last cell: count those slots as the
+  // records come, in order, so that the budget holds before anything is allocated.
+  std::vector<std::int32_t> lastRow;
+  std::uint64_t slots = 0;
   namingFile(file, [&] {
-    parseDelimited(text, delimiter, [&sheet](std::int32_t row, std::int32_t column, std::string&& field) {
+    parseDelimited(text, delimiter, [&](std::int32_t row, std::int32_t column, std::string&& field) {
+      if (field.size() > limits.maxStringBytes) {
+        raiseDamaged("is refused: the field in row " + std::to_string(row) + ", column " + std::to_string(column) +
+                     " is longer than " + std::to_string(limits.maxStringBytes) + " bytes (the text length limit)");
+      }
+      const auto index = static_cast<std::size_t>(column - 1);
+      if (lastRow.size() <= index) lastRow.resize(index + 1, 0);
+      slots += lastRow[index] == 0 ? 1 : static_cast<std::uint64_t>(row - lastRow[index]);
+      lastRow[index] = row;
+      if (slots > limits.maxStoredCells) {
+        raiseDamaged("is refused: its fields spread over more than " + std::to_string(limits.maxStoredCells) +
+                     " cell slots, more than this program holds in memory (the cell count limit)");
+      }
       sheet.storeRaw(row, column, csvFieldValue(std::move(field)));
     });
   });

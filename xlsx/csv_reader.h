@@ -24,6 +24,7 @@ namespace orv {
 
 class InMemoryApplication;
 class InMemoryWorkbook;
+struct ReadLimits;
 
 // `fallback` when nothing in the text decides.
 char detectDelimiter(std::string_view text, char fallback);
@@ -39,8 +40,11 @@ CellValue csvFieldValue(std::string&& field);
 
 // A workbook named after the file (e.g. "data.csv") with one sheet named after its stem, made
 // fit for a sheet name (characters a sheet name cannot hold become "_", at most 31 characters).
-// Raises kFileUnreadable naming the file for unreadable or oversized files.
-InMemoryWorkbook& loadDelimitedText(InMemoryApplication& app, const std::filesystem::path& file);
+// Raises kFileUnreadable naming the file for unreadable or oversized files, and for text past
+// the cell count or text length limit of `limits` (a few short lines far apart would otherwise
+// make the host store millions of empty cells between them).
+InMemoryWorkbook& loadDelimitedText(InMemoryApplication& app, const std::filesystem::path& file,
+                                    const ReadLimits& limits);
 
 // The stem of a file as a sheet name; "Sheet1" when nothing usable remains.
 std::string sheetNameForFile(const std::filesystem::path& file);

@@ -51,12 +51,36 @@ std::filesystem::path makeTemporary(const std::filesystem::path& target) {
   return std::filesystem::path(buffer.data());
 }
 
+std::function<bool(WriteStage)>& faultHook() {
+  static std::function<bool(WriteStage)> hook;
+  return hook;
+}
+
 }  // namespace
+
+void setWriteFaultHook(std::function<bool(WriteStage)> hook) { faultHook() = std::move(hook); }
+
+bool writeFaultAt(WriteStage stage) { return faultHook() && faultHook()(stage); }
 
 void writeFileAtomically(const std::filesystem::path& target,
                          const std::function<void(const std::filesystem::path&)>& produce) {
   TemporaryFile temporary(makeTemporary(target));
-  produce(temporary.path());
+  if (writeFaultAt(WriteStage::TemporaryCreated)) raiseUnwritable(target, "the write was interrupted");
+  try {
+    produce(temporary.path());
+  } catch (const ComponentError& e) {
+    // The writer names the file it was writing: a hidden temporary name means nothing to the
+    // person who asked for `target`.
+    if (e.number() != err::kFileUnwritable) throw;
+    std::string description = e.description();
+    const std::string hidden = temporary.path().string();
+    for (auto at = description.find(hidden); at != std::string::npos; at = description.find(hidden, at)) {
+      description.replace(at, hidden.size(), target.string());
+      at += target.string().size();
+    }
+    throw ComponentError(e.number(), e.source(), description);
+  }
+  if (writeFaultAt(WriteStage::BeforeRename)) raiseUnwritable(target, "the write was interrupted");
   // mkstemp creates mode 0600; a workbook should get the usual permissions of a new file.
   const mode_t mask = ::umask(0);
   ::umask(mask);

@@ -5,8 +5,10 @@
 // target's own folder (same file system, so the final rename is atomic). When `produce` returns,
 // the temporary file replaces `target`; when it throws, the temporary file is removed and the
 // exception goes on, leaving `target` as it was. A folder that cannot take the temporary file or
-// a failing rename raises kFileUnwritable naming the target.
+// a failing rename raises kFileUnwritable naming the target; so does a kFileUnwritable from
+// `produce`, whose mentions of the temporary file are turned into the target.
 
+#include <cstdint>
 #include <filesystem>
 #include <functional>
 
@@ -14,5 +16,19 @@ namespace orv {
 
 void writeFileAtomically(const std::filesystem::path& target,
                          const std::function<void(const std::filesystem::path& temporary)>& produce);
+
+// Points of a write at which a test can make it fail, as a full disk or a lost device would:
+// the temporary file exists but holds nothing; a compressed entry is about to be copied into the
+// package (once per new or replaced entry, in package order); the temporary file is complete
+// and about to replace the target.
+enum class WriteStage : std::uint8_t { TemporaryCreated, WritingEntry, BeforeRename };
+
+// For tests only: `hook` is asked at every stage of every write from now on and fails the write
+// there when it returns true; the write then raises kFileUnwritable naming the target, like any
+// other failure. An empty function removes the hook. Not thread-safe.
+void setWriteFaultHook(std::function<bool(WriteStage)> hook);
+
+// Whether the hook asks for a failure at `stage` (false when there is no hook).
+bool writeFaultAt(WriteStage stage);
 
 }  // namespace orv

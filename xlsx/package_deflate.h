@@ -4,8 +4,9 @@
 //
 // Large parts are deflated at level 1 and others at level 6: a rewritten sheet of a hundred
 // megabytes then takes about a second and a half rather than the half minute of level 9 (level 6
-// would take six), for a compressed part about a quarter larger. The same content always gives
-// the same bytes.
+// would take six), for a compressed part about a quarter larger. Such a part is deflated as two
+// halves on two threads, joined into one stream (the second half does not refer back into the
+// first, which costs a few bytes). The same content always gives the same bytes.
 //
 // None when zlib fails, which only happens when it cannot get memory.
 

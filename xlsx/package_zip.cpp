@@ -8,6 +8,7 @@
 #include <memory>
 
 #include "frame/errors.h"
+#include "xlsx/package_atomic_write.h"
 #include "xlsx/package_deflate.h"
 
 namespace orv {
@@ -51,6 +52,7 @@ zip_int64_t serveDeflated(void* state, void* data, zip_uint64_t length, zip_sour
   auto* source = static_cast<DeflatedSource*>(state);
   switch (command) {
     case ZIP_SOURCE_OPEN:
+      if (writeFaultAt(WriteStage::WritingEntry)) return source->fail(ZIP_ER_CANCELLED);
       source->readAt = 0;
       return 0;
     case ZIP_SOURCE_READ: {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <memory>
 #include <numeric>
 #include <optional>
 #include <utility>
@@ -118,9 +119,7 @@ bool parseCellRef(std::string_view ref, std::int32_t& row, std::int32_t& column)
     ++letters;
   }
   if (letters == 0 || letters > 3) return false;
-  std::string upper(ref.substr(0, letters));
-  for (char& ch : upper) ch = static_cast<char>(ch & ~0x20);
-  column = columnNumber(upper);
+  column = columnNumber(ref.substr(0, letters));
   if (column == 0) return false;
   if (letters == ref.size()) return true;
   std::int32_t r = 0;
@@ -140,14 +139,30 @@ struct ColumnSpec {
   double points;
 };
 
+}  // namespace
+
+namespace detail {
+
+// Scans the XML as it arrives. Each piece is parsed up to the last construct it completes; what
+// is left (a tag, comment or entity cut by the piece's end) waits in `carry_` for the next piece.
+// Incomplete markup only counts as damage once the last piece has come.
 class SheetScanner {
  public:
-  SheetScanner(std::string_view xml, InMemoryWorksheet& sheet, const SheetReadOptions& options)
-      : x_(xml), sheet_(sheet), options_(options) {}
+  SheetScanner(InMemoryWorksheet& sheet, const SheetReadOptions& options) : sheet_(sheet), options_(options) {}
 
-  void run();
+  void feed(std::string_view piece);
+  void finish();
 
  private:
+  // Thrown (and caught in feed) where a construct runs past the end of the XML seen so far.
+  struct NeedMore {};
+  void needMore() const {
+    if (!final_) throw NeedMore{};
+  }
+  void scan();
+  void consumeText();
+  void markup();
+
   [[noreturn]] void fail(std::string_view what) const {
     raiseDamaged("is damaged: the sheet \"" + sheet_.Name() + "\" " + std::string(what));
   }
@@ -157,6 +172,7 @@ class SheetScanner {
 
   std::size_t skipPast(std::string_view terminator, std::size_t from) const {
     const auto e = x_.find(terminator, from);
+    if (e == std::string_view::npos) needMore();
     if (e == std::string_view::npos) fail("is cut short (unterminated markup)");
     return e + terminator.size();
   }
@@ -174,16 +190,30 @@ class SheetScanner {
   void flushDeferred();
   void applyColumnWidths();
 
-  std::string_view x_;
+  std::string_view x_;  // the XML at hand: a piece, or the carry with a piece appended
   std::size_t p_ = 0;
+  std::string carry_;
+  bool final_ = false;
   InMemoryWorksheet& sheet_;
   const SheetReadOptions& options_;
 
+  // Open elements; their qualified names are kept end to end in `openNames_`, since the piece
+  // that held a start tag may be gone by the time its end tag comes.
   struct Open {
     Tag tag;
-    std::string_view name;
+    std::size_t nameAt;
   };
   std::vector<Open> stack_;
+  std::string openNames_;
+  void push(Tag tag, std::string_view name) {
+    stack_.push_back({tag, openNames_.size()});
+    openNames_.append(name);
+  }
+  void pop() {
+    openNames_.resize(stack_.back().nameAt);
+    stack_.pop_back();
+  }
+  std::string_view topName() const { return std::string_view(openNames_).substr(stack_.back().nameAt); }
   std::vector<Attribute> attributes_;
   bool sawRoot_ = false;
 
@@ -204,6 +234,7 @@ class SheetScanner {
   };
   std::vector<Span> spans_;
   std::uint64_t localCells_ = 0;
+  std::uint64_t localTextBytes_ = 0;
   struct Deferred {
     std::int32_t row;
     std::int32_t column;
@@ -214,55 +245,129 @@ class SheetScanner {
   std::vector<ColumnSpec> columns_;
 };
 
-void SheetScanner::run() {
-  while (true) {
-    const auto lt = x_.find('<', p_);
-    if (capture_ == Capture::Value) appendXmlText(value_, x_.substr(p_, lt == std::string_view::npos ? x_.npos : lt - p_));
-    else if (capture_ == Capture::Inline) appendXmlText(inline_, x_.substr(p_, lt == std::string_view::npos ? x_.npos : lt - p_));
-    if (lt == std::string_view::npos) break;
-    p_ = lt;
-    const std::string_view rest = x_.substr(p_);
-    if (rest.starts_with("<!--")) {
-      p_ = skipPast("-->", p_ + 4);
-    } else if (rest.starts_with("<![CDATA[")) {
-      const auto end = x_.find("]]>", p_ + 9);
-      if (end == std::string_view::npos) fail("is cut short (unterminated CDATA section)");
-      const std::string_view data = x_.substr(p_ + 9, end - p_ - 9);
-      if (capture_ == Capture::Value) value_.append(data);
-      else if (capture_ == Capture::Inline) inline_.append(data);
-      p_ = end + 3;
-    } else if (rest.starts_with("<?")) {
-      p_ = skipPast("?>", p_ + 2);
-    } else if (rest.starts_with("<!")) {
-      fail("holds a document type declaration, which workbook parts never have");
-    } else if (rest.starts_with("</")) {
-      parseEndTag();
-    } else {
-      parseStartTag();
-    }
+void SheetScanner::feed(std::string_view piece) {
+  const bool carried = !carry_.empty();
+  if (carried) {
+    carry_.append(piece);
+    x_ = carry_;
+  } else {
+    x_ = piece;
   }
+  p_ = 0;
+  scan();
+  if (carried) {
+    carry_.erase(0, p_);
+  } else {
+    carry_.assign(x_.substr(p_));
+  }
+}
+
+void SheetScanner::finish() {
+  final_ = true;
+  x_ = carry_;
+  p_ = 0;
+  scan();
   if (!stack_.empty() || !sawRoot_) fail("is cut short (its XML ends inside an element)");
   flushDeferred();
   applyColumnWidths();
   if (options_.usedCells != nullptr) *options_.usedCells += localCells_;
+  if (options_.usedTextBytes != nullptr) *options_.usedTextBytes += localTextBytes_;
+}
+
+// Text that runs to the end of a piece: captured text is taken up to where an entity reference or
+// a CR LF pair might continue in the next piece; other text is skipped.
+void SheetScanner::consumeText() {
+  std::size_t cut = x_.size();
+  if (capture_ != Capture::None) {
+    // An '&' closer than 13 bytes to the cut may begin a reference the cut splits.
+    for (bool moved = true; moved && cut > p_;) {
+      moved = false;
+      const std::size_t from = std::max(p_, cut >= 12 ? cut - 12 : std::size_t{0});
+      const auto amp = x_.substr(0, cut).find('&', from);
+      if (amp != std::string_view::npos) {
+        cut = amp;
+        moved = true;
+      } else if (x_[cut - 1] == '\r') {
+        cut -= 1;
+        moved = true;
+      }
+    }
+    appendXmlText(capture_ == Capture::Value ? value_ : inline_, x_.substr(p_, cut - p_));
+  }
+  p_ = cut;
+}
+
+void SheetScanner::scan() {
+  while (true) {
+    const auto lt = x_.find('<', p_);
+    if (lt == std::string_view::npos && !final_) {
+      consumeText();
+      return;
+    }
+    if (capture_ == Capture::Value) appendXmlText(value_, x_.substr(p_, lt == std::string_view::npos ? x_.npos : lt - p_));
+    else if (capture_ == Capture::Inline) appendXmlText(inline_, x_.substr(p_, lt == std::string_view::npos ? x_.npos : lt - p_));
+    if (lt == std::string_view::npos) break;
+    p_ = lt;
+    try {
+      markup();
+    } catch (const NeedMore&) {
+      p_ = lt;
+      return;
+    }
+  }
+}
+
+void SheetScanner::markup() {
+  const std::string_view rest = x_.substr(p_);
+  if (rest.size() < 2) needMore();
+  // Start and end tags, nearly all the markup there is, are told apart by their second byte.
+  if (rest.size() >= 2 && rest[1] != '!' && rest[1] != '?') {
+    if (rest[1] == '/') parseEndTag();
+    else parseStartTag();
+    return;
+  }
+  // The longest opening told apart below is "<![CDATA[".
+  if (rest.size() < 9) needMore();
+  if (rest.starts_with("<!--")) {
+    p_ = skipPast("-->", p_ + 4);
+  } else if (rest.starts_with("<![CDATA[")) {
+    const auto end = x_.find("]]>", p_ + 9);
+    if (end == std::string_view::npos) needMore();
+    if (end == std::string_view::npos) fail("is cut short (unterminated CDATA section)");
+    const std::string_view data = x_.substr(p_ + 9, end - p_ - 9);
+    if (capture_ == Capture::Value) value_.append(data);
+    else if (capture_ == Capture::Inline) inline_.append(data);
+    p_ = end + 3;
+  } else if (rest.starts_with("<?")) {
+    p_ = skipPast("?>", p_ + 2);
+  } else if (rest.starts_with("<!")) {
+    fail("holds a document type declaration, which workbook parts never have");
+  } else if (rest.starts_with("</")) {
+    parseEndTag();
+  } else {
+    parseStartTag();
+  }
 }
 
 void SheetScanner::parseStartTag() {
   std::size_t i = p_ + 1;
   const std::size_t nameStart = i;
   while (i < x_.size() && !isSpace(x_[i]) && x_[i] != '>' && x_[i] != '/') ++i;
+  if (i >= x_.size()) needMore();
   const std::string_view name = x_.substr(nameStart, i - nameStart);
   if (name.empty()) fail("is no well-formed XML (an empty tag)");
   attributes_.clear();
   bool selfClosing = false;
   for (;;) {
     while (i < x_.size() && isSpace(x_[i])) ++i;
+    if (i >= x_.size()) needMore();
     if (i >= x_.size()) fail("is cut short (inside a tag)");
     if (x_[i] == '>') {
       ++i;
       break;
     }
     if (x_[i] == '/') {
+      if (i + 1 >= x_.size()) needMore();
       if (i + 1 >= x_.size() || x_[i + 1] != '>') fail("is no well-formed XML (a stray \"/\" in a tag)");
       selfClosing = true;
       i += 2;
@@ -272,38 +377,46 @@ void SheetScanner::parseStartTag() {
     while (i < x_.size() && x_[i] != '=' && !isSpace(x_[i]) && x_[i] != '>' && x_[i] != '/') ++i;
     const std::string_view attrName = x_.substr(an, i - an);
     while (i < x_.size() && isSpace(x_[i])) ++i;
+    if (i >= x_.size()) needMore();
     if (i >= x_.size() || x_[i] != '=') fail("is no well-formed XML (an attribute without a value)");
     ++i;
     while (i < x_.size() && isSpace(x_[i])) ++i;
+    if (i >= x_.size()) needMore();
     if (i >= x_.size() || (x_[i] != '"' && x_[i] != '\'')) fail("is no well-formed XML (an unquoted attribute)");
     const char quote = x_[i++];
     const auto close = x_.find(quote, i);
+    if (close == std::string_view::npos) needMore();
     if (close == std::string_view::npos) fail("is cut short (inside an attribute)");
     attributes_.push_back({localName(attrName), x_.substr(i, close - i)});
     i = close + 1;
   }
   p_ = i;
   const Tag tag = tagOf(localName(name));
+  if (stack_.size() >= kMaxXmlDepth) {
+    raiseDamaged("is refused: the sheet \"" + sheet_.Name() + "\" nests its XML elements more than " +
+                 std::to_string(kMaxXmlDepth) + " deep (the XML depth limit)");
+  }
   if (stack_.empty()) {
     if (sawRoot_) fail("is no well-formed XML (a second root element)");
     sawRoot_ = true;
   }
-  stack_.push_back({tag, name});
+  push(tag, name);
   startElement(tag);
   if (selfClosing) {
-    stack_.pop_back();
+    pop();
     endElement(tag);
   }
 }
 
 void SheetScanner::parseEndTag() {
   const auto close = x_.find('>', p_ + 2);
+  if (close == std::string_view::npos) needMore();
   if (close == std::string_view::npos) fail("is cut short (inside an end tag)");
   const std::string_view name = trimmed(x_.substr(p_ + 2, close - p_ - 2));
   p_ = close + 1;
-  if (stack_.empty() || stack_.back().name != name) fail("is no well-formed XML (mismatched end tag)");
+  if (stack_.empty() || topName() != name) fail("is no well-formed XML (mismatched end tag)");
   const Tag tag = stack_.back().tag;
-  stack_.pop_back();
+  pop();
   endElement(tag);
 }
 
@@ -418,7 +531,11 @@ void SheetScanner::startCell() {
     if (row_ == 0) row_ = 1;
   }
   nextColumn_ = column_ + 1;
-  type_ = attributeText("t");
+  // Types are plain letters; only a type written with references needs them resolved.
+  const std::optional<std::string_view> type = attribute("t");
+  if (!type) type_.clear();
+  else if (type->find('&') == std::string_view::npos) type_.assign(*type);
+  else type_ = attributeText("t");
   value_.clear();
   inline_.clear();
   hasValue_ = false;
@@ -490,7 +607,22 @@ void SheetScanner::store(CellValue value) {
   const std::uint64_t earlier = options_.usedCells == nullptr ? 0 : *options_.usedCells;
   if (earlier + localCells_ > options_.maxStoredCells) {
     raiseDamaged("is refused: its sheet \"" + sheet_.Name() + "\" spreads its cells over more than " +
-                 std::to_string(options_.maxStoredCells) + " cell slots, more than this program holds in memory");
+                 std::to_string(options_.maxStoredCells) +
+                 " cell slots, more than this program holds in memory (the cell count limit)");
+  }
+  if (value.isText()) {
+    const std::uint64_t bytes = value.text().size();
+    if (bytes > options_.maxStringBytes) {
+      raiseDamaged("is refused: the cell " + columnLetters(column_) + std::to_string(row_) + " of the sheet \"" +
+                   sheet_.Name() + "\" holds a text longer than " + std::to_string(options_.maxStringBytes) +
+                   " bytes (the text length limit)");
+    }
+    localTextBytes_ += bytes;
+    const std::uint64_t earlierText = options_.usedTextBytes == nullptr ? 0 : *options_.usedTextBytes;
+    if (earlierText + localTextBytes_ > options_.maxTextBytes) {
+      raiseDamaged("is refused: its cells hold more than " + std::to_string(options_.maxTextBytes) +
+                   " bytes of text in all, counting each shared string once per cell (the total text limit)");
+    }
   }
   if (deferring_) {
     deferred_.push_back({row_, column_, std::move(value)});
@@ -532,6 +664,10 @@ void SheetScanner::applyColumnWidths() {
   }
 }
 
+}  // namespace detail
+
+namespace {
+
 std::int64_t daysFromCivil(std::int64_t y, std::int64_t m, std::int64_t d) {
   y -= m <= 2 ? 1 : 0;
   const std::int64_t era = (y >= 0 ? y : y - 399) / 400;
@@ -544,8 +680,19 @@ std::int64_t daysFromCivil(std::int64_t y, std::int64_t m, std::int64_t d) {
 }  // namespace
 
 void readSheetXml(std::string_view xml, InMemoryWorksheet& sheet, const SheetReadOptions& options) {
-  SheetScanner(xml, sheet, options).run();
+  SheetXmlStream stream(sheet, options);
+  stream.feed(xml);
+  stream.finish();
 }
+
+SheetXmlStream::SheetXmlStream(InMemoryWorksheet& sheet, const SheetReadOptions& options)
+    : scanner_(std::make_unique<detail::SheetScanner>(sheet, options)) {}
+
+SheetXmlStream::~SheetXmlStream() = default;
+
+void SheetXmlStream::feed(std::string_view piece) { scanner_->feed(piece); }
+
+void SheetXmlStream::finish() { scanner_->finish(); }
 
 double columnWidthPoints(double characters) {
   const double w = std::clamp(characters, 0.0, 255.0);

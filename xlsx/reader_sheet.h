@@ -12,10 +12,13 @@
 //
 // Errors (kFileUnreadable via raiseDamaged, the detail naming the sheet): XML that is not
 // well-formed or is cut short, a cell reference off the sheet, a value that does not fit its
-// type, a shared-string index out of range, and a sheet whose stored cells would need more than
-// `maxStoredCells` slots (the host stores each column densely from its first to its last cell).
+// type, a shared-string index out of range, elements nested deeper than kMaxXmlDepth, and a
+// sheet past a limit of SheetReadOptions: stored cells that would need more than `maxStoredCells`
+// slots (the host stores each column densely from its first to its last cell), a text longer than
+// `maxStringBytes`, texts beyond `maxTextBytes` in all.
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -31,9 +34,36 @@ struct SheetReadOptions {
   // `usedCells` carries the count from sheet to sheet.
   std::uint64_t maxStoredCells = 50'000'000;
   std::uint64_t* usedCells = nullptr;
+  // Bytes of one cell's text, and of all cells' texts of the workbook together (`usedTextBytes`
+  // carries the sum from sheet to sheet); see ReadLimits (reader_workbook.h).
+  std::uint64_t maxStringBytes = 4 * 32767;
+  std::uint64_t maxTextBytes = std::uint64_t{2} << 30;
+  std::uint64_t* usedTextBytes = nullptr;
 };
 
 void readSheetXml(std::string_view xml, InMemoryWorksheet& sheet, const SheetReadOptions& options);
+
+namespace detail {
+class SheetScanner;
+}
+
+// The same reading, fed the XML piece by piece as it is inflated: pieces may split it anywhere,
+// and only the markup that a piece leaves unfinished is held until the next one. Damage that
+// shows in a piece raises from feed(); markup still open at the end raises from finish(), which
+// also applies the column widths and adds to the workbook's counts. The sheet must outlive this.
+class SheetXmlStream {
+ public:
+  SheetXmlStream(InMemoryWorksheet& sheet, const SheetReadOptions& options);
+  SheetXmlStream(const SheetXmlStream&) = delete;
+  SheetXmlStream& operator=(const SheetXmlStream&) = delete;
+  ~SheetXmlStream();
+
+  void feed(std::string_view piece);
+  void finish();
+
+ private:
+  std::unique_ptr<detail::SheetScanner> scanner_;
+};
 
 // A column width as files give it (characters of the default font's digit width, padding
 // included) in points, by the spreadsheet's rule for a 7-pixel digit:

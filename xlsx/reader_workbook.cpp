@@ -12,6 +12,7 @@
 #include "xlsx/reader_package.h"
 #include "xlsx/reader_shared_strings.h"
 #include "xlsx/reader_sheet.h"
+#include "xlsx/reader_sheet_part.h"
 #include "xlsx/reader_sniff.h"
 #include "xlsx/reader_xml.h"
 
@@ -114,17 +115,23 @@ LoadedWorkbook loadPackage(InMemoryApplication& app, const std::filesystem::path
       return !r.external && hasRelationshipType(r, "sharedStrings");
     });
     if (strings != rels.end()) {
-      if (auto sst = zip->read(strings->target)) sharedStrings = parseSharedStrings(*sst, strings->target);
+      if (auto sst = zip->read(strings->target)) {
+        sharedStrings = parseSharedStrings(*sst, strings->target, limits.maxSharedStrings, limits.maxStringBytes);
+      }
     }
   });
 
   InMemoryWorkbook& book = app.AddWorkbook(file.filename().string(), {});
   std::uint64_t usedCells = 0;
+  std::uint64_t usedTextBytes = 0;
   SheetReadOptions options;
   options.sharedStrings = &sharedStrings;
   options.date1904 = info.date1904;
   options.maxStoredCells = limits.maxStoredCells;
   options.usedCells = &usedCells;
+  options.maxStringBytes = limits.maxStringBytes;
+  options.maxTextBytes = limits.maxTextBytes;
+  options.usedTextBytes = &usedTextBytes;
   namingFile(file, [&] {
     for (const SheetEntry& entry : sheets) {
       InMemoryWorksheet* sheet = nullptr;
@@ -133,9 +140,9 @@ LoadedWorkbook loadPackage(InMemoryApplication& app, const std::filesystem::path
       } catch (const ComponentError&) {
         raiseDamaged("is damaged: \"" + entry.name + "\" cannot name a sheet (invalid or repeated)");
       }
-      const std::optional<std::string> xml = zip->read(entry.part);
-      if (!xml) raiseDamaged("is damaged: the part \"" + entry.part + "\" is missing");
-      readSheetXml(*xml, *sheet, options);
+      if (!readSheetPart(*zip, entry.part, *sheet, options)) {
+        raiseDamaged("is damaged: the part \"" + entry.part + "\" is missing");
+      }
       info.sheetParts.push_back(entry.part);
     }
   });
@@ -168,7 +175,7 @@ LoadedWorkbook openWorkbookFile(InMemoryApplication& app, const std::filesystem:
                                     ? "is no workbook: it is text, not a zip package"
                                     : "is text without a .csv, .tsv or .txt extension");
         }
-        return {loadDelimitedText(app, file), LoadedPackageInfo{}};
+        return {loadDelimitedText(app, file, limits), LoadedPackageInfo{}};
     }
     raiseUnreadable(file, "is of an unknown kind");
   });

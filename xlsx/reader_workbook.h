@@ -42,9 +42,20 @@ struct LoadedWorkbook {
   LoadedPackageInfo info;
 };
 
+// What one file may cost, so that a hostile file is refused with an error naming the limit it
+// passed instead of exhausting memory. Each is far above what a real sheet of 1,048,576 rows
+// needs: a full-height sheet of 47 columns fits the cell budget, and a text as long as a cell
+// can hold (32,767 characters, at most 4 bytes each in UTF-8) fits the text length limit.
+// XML depth has its own fixed limit (kMaxXmlDepth, reader_xml.h).
 struct ReadLimits {
   ZipLimits zip;
   std::uint64_t maxStoredCells = 50'000'000;  // dense cell slots for the whole workbook
+  std::uint64_t maxSharedStrings = 50'000'000;  // items of the shared-string table
+  // Bytes of one text (a shared string, an inline string, a CSV field).
+  std::uint64_t maxStringBytes = 4 * 32767;
+  // Bytes of text held by all cells together: a shared string counts once per cell that holds
+  // it, so a short file cannot copy one long string into millions of cells.
+  std::uint64_t maxTextBytes = std::uint64_t{2} << 30;
 };
 
 LoadedWorkbook openWorkbookFile(InMemoryApplication& app, const std::filesystem::path& file,

@@ -34,6 +34,27 @@ void parsePart(pugi::xml_document& doc, std::string& xml, std::string_view part)
     raiseDamaged("is damaged: the part \"" + std::string(part) + "\" is no well-formed XML (" +
                  result.description() + ")");
   }
+  // Depth first without recursion: down to the first child, else on to the next sibling of the
+  // nearest ancestor that has one.
+  std::size_t depth = 0;
+  pugi::xml_node node = doc;
+  while (node) {
+    if (pugi::xml_node child = node.first_child()) {
+      if (++depth > kMaxXmlDepth && child.type() == pugi::node_element) raiseDamaged(xmlDepthRefusal(part));
+      node = child;
+      continue;
+    }
+    while (node != doc && !node.next_sibling()) {
+      node = node.parent();
+      --depth;
+    }
+    node = node == doc ? pugi::xml_node() : node.next_sibling();
+  }
+}
+
+std::string xmlDepthRefusal(std::string_view part) {
+  return "is refused: the part \"" + std::string(part) + "\" nests its XML elements more than " +
+         std::to_string(kMaxXmlDepth) + " deep (the XML depth limit)";
 }
 
 std::string decodeSpreadsheetEscapes(std::string text) {

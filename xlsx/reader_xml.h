@@ -2,6 +2,7 @@
 // Small helpers for reading package XML with pugixml whatever namespace prefix a writer chose
 // ("x:sheet", "sheet"): elements and attributes are matched by local name.
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -16,9 +17,17 @@ std::string_view localName(std::string_view qualified);
 pugi::xml_node childNamed(pugi::xml_node parent, std::string_view local);
 pugi::xml_attribute attributeNamed(pugi::xml_node node, std::string_view local);
 
-// Parses a whole part; a part that is no well-formed XML raises kFileUnreadable naming `part`.
-// Whitespace-only text is kept, since a string of blanks is a legitimate cell text.
+// Elements nested deeper than this are refused in every part. Real parts stay within about ten
+// levels; the parsers do not recurse, so the limit guards the tools that may walk a part later.
+inline constexpr std::size_t kMaxXmlDepth = 256;
+
+// Parses a whole part; a part that is no well-formed XML, or nests deeper than kMaxXmlDepth,
+// raises kFileUnreadable naming `part`. Whitespace-only text is kept, since a string of blanks is
+// a legitimate cell text.
 void parsePart(pugi::xml_document& doc, std::string& xml, std::string_view part);
+
+// The detail of the refusal of a part nested deeper than kMaxXmlDepth.
+std::string xmlDepthRefusal(std::string_view part);
 
 // Undoes the _xHHHH_ escapes spreadsheet files use for characters XML cannot carry
 // ("_x000D_" is a carriage return, "_x005F_" a literal underscore); text without them is

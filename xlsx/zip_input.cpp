@@ -3,7 +3,7 @@
 #include <zip.h>
 
 #include <algorithm>
-#include <array>
+#include <vector>
 #include <memory>
 
 #include "xlsx/reader_errors.h"
@@ -62,8 +62,19 @@ std::vector<std::string> ZipInput::partNames() const {
 }
 
 std::optional<std::string> ZipInput::read(std::string_view part) {
+  std::string out;
+  const bool found = readPieces(part, [&out](std::string_view piece, std::uint64_t declared) {
+    // The declared size only sizes the first allocation, and never beyond a modest amount.
+    if (out.empty()) out.reserve(static_cast<std::size_t>(std::min<std::uint64_t>(declared, std::uint64_t{64} << 20)));
+    out.append(piece);
+  });
+  if (!found) return std::nullopt;
+  return out;
+}
+
+bool ZipInput::readPieces(std::string_view part, const PieceSink& sink) {
   const auto index = locate(part);
-  if (!index) return std::nullopt;
+  if (!index) return false;
   zip_stat_t st;
   zip_stat_init(&st);
   if (zip_stat_index(archive_, *index, 0, &st) != 0) {
@@ -73,7 +84,6 @@ std::optional<std::string> ZipInput::read(std::string_view part) {
     raiseDamaged("is a password-protected zip archive");
   }
   const std::uint64_t compressed = (st.valid & ZIP_STAT_COMP_SIZE) != 0 ? st.comp_size : 0;
-  // The declared size only sizes the first allocation, and never beyond a modest amount.
   const std::uint64_t declared = (st.valid & ZIP_STAT_SIZE) != 0 ? st.size : 0;
 
   std::unique_ptr<zip_file_t, FileCloser> in(zip_fopen_index(archive_, *index, 0));
@@ -82,9 +92,8 @@ std::optional<std::string> ZipInput::read(std::string_view part) {
     if (code == ZIP_ER_NOPASSWD || code == ZIP_ER_WRONGPASSWD) raiseDamaged("is a password-protected zip archive");
     raiseDamaged("is a damaged zip archive: " + partText(part) + " cannot be opened (" + zipErrorText(code) + ")");
   }
-  std::string out;
-  out.reserve(static_cast<std::size_t>(std::min<std::uint64_t>(declared, std::uint64_t{64} << 20)));
-  std::array<char, 1 << 16> buffer{};
+  std::uint64_t size = 0;
+  std::vector<char> buffer(kPieceBytes);
   for (;;) {
     const zip_int64_t n = zip_fread(in.get(), buffer.data(), buffer.size());
     if (n < 0) {
@@ -94,16 +103,24 @@ std::optional<std::string> ZipInput::read(std::string_view part) {
     }
     if (n == 0) break;
     const auto got = static_cast<std::uint64_t>(n);
-    const std::uint64_t size = out.size() + got;
+    size += got;
     const bool ratioExceeded = size > limits_.ratioFloorBytes && size / limits_.maxRatio > compressed;
-    if (size > limits_.maxPartBytes || totalRead_ + got > limits_.maxTotalBytes || ratioExceeded) {
-      raiseDamaged("is refused: " + partText(part) +
-                   " inflates beyond the size a workbook part may have (a zip bomb or a damaged archive)");
+    std::string limit;
+    if (size > limits_.maxPartBytes) {
+      limit = "the part size limit of " + std::to_string(limits_.maxPartBytes) + " bytes";
+    } else if (totalRead_ + got > limits_.maxTotalBytes) {
+      limit = "the package size limit of " + std::to_string(limits_.maxTotalBytes) + " bytes";
+    } else if (ratioExceeded) {
+      limit = "the compression ratio limit of " + std::to_string(limits_.maxRatio) + ":1";
+    }
+    if (!limit.empty()) {
+      raiseDamaged("is refused: " + partText(part) + " inflates beyond " + limit +
+                   " (a zip bomb or a damaged archive)");
     }
     totalRead_ += got;
-    out.append(buffer.data(), static_cast<std::size_t>(got));
+    sink(std::string_view(buffer.data(), static_cast<std::size_t>(got)), declared);
   }
-  return out;
+  return true;
 }
 
 }  // namespace orv

@@ -12,6 +12,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -41,6 +42,12 @@ class ZipInput {
   bool contains(std::string_view part) const;
   // The inflated part; none when the package has no such part.
   std::optional<std::string> read(std::string_view part);
+  // The inflated part handed to `sink` piece by piece (at most kPieceBytes each, in order) as it
+  // is inflated, with the size the archive declares (a hint, never trusted); false when the
+  // package has no such part. The limits apply as for read(); what `sink` raises propagates.
+  using PieceSink = std::function<void(std::string_view piece, std::uint64_t declared)>;
+  static constexpr std::size_t kPieceBytes = std::size_t{1} << 18;
+  bool readPieces(std::string_view part, const PieceSink& sink);
   std::vector<std::string> partNames() const;
 
  private:

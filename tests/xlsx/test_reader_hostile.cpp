@@ -153,25 +153,25 @@ TEST(ReaderHostile, ZipBombIsRefusedAtTheLimitNotAtItsDeclaredSize) {
     ReadLimits limits;
     limits.zip = row.zip;
     const std::string description = loadError(file, limits);
-    EXPECT_NE(description.find("inflates beyond the size a workbook part may have"), std::string::npos) << description;
+    EXPECT_NE(description.find("inflates beyond the"), std::string::npos) << description;
+    EXPECT_NE(description.find("(a zip bomb or a damaged archive)"), std::string::npos) << description;
   }
   InMemoryApplication app;
   EXPECT_EQ(loadWorkbook(app, file).Worksheets(1).cellValue(1, 1), CellValue(1.0));  // within the default limits
 }
 
-TEST(ReaderHostile, DeeplyNestedXmlNeitherCrashesNorRecurses) {
+TEST(ReaderHostile, DeeplyNestedXmlIsRefusedWithoutRecursing) {
+  // 200,000 levels would overflow the stack of any recursive walk; both parsers refuse them at
+  // the depth limit instead (test_reader_limits.cpp checks the bound itself).
   const std::string deep = nested(200000);
   const std::string sheet = test::sheetXml(R"(<row><c><v>3</v></c></row>)", deep);
-  InMemoryApplication app;
-  EXPECT_EQ(loadWorkbook(app, test::writeZip("deep.xlsx", test::oneSheetPackage(sheet))).Worksheets(1).cellValue(1, 1),
-            CellValue(3.0));
+  EXPECT_NE(loadError(test::writeZip("deep.xlsx", test::oneSheetPackage(sheet))).find("(the XML depth limit)"),
+            std::string::npos);
   const std::string sst = R"(<sst xmlns=")" + test::kMainNs + R"("><si><t>a</t></si>)" + deep + "</sst>";
-  InMemoryApplication app2;
-  EXPECT_EQ(loadWorkbook(app2, test::writeZip("deepsst.xlsx",
-                                              test::oneSheetPackage(test::sheetXml(R"(<row><c t="s"><v>0</v></c></row>)"), sst)))
-                .Worksheets(1)
-                .cellValue(1, 1),
-            CellValue("a"));
+  EXPECT_NE(loadError(test::writeZip("deepsst.xlsx",
+                                     test::oneSheetPackage(test::sheetXml(R"(<row><c t="s"><v>0</v></c></row>)"), sst)))
+                .find("(the XML depth limit)"),
+            std::string::npos);
 }
 
 TEST(ReaderHostile, EveryCutOfAValidPackageFailsCleanly) {

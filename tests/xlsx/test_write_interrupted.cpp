@@ -1,0 +1,169 @@
+// A results workbook is never left half written: a write that fails at any point — after the
+// temporary file is made, while any entry is copied in, just before the rename — or a process
+// that dies there leaves the target as it was (the old file, or no file), the input untouched and,
+// for a failure the process survives, no temporary file behind.
+
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <set>
+
+#include "frame/errors.h"
+#include "test_reader_fixtures.h"
+#include "workbook/in_memory_application.h"
+#include "xlsx/package_atomic_write.h"
+#include "xlsx/reader_workbook.h"
+#include "xlsx/writer_workbook.h"
+
+namespace orv {
+namespace {
+
+namespace fs = std::filesystem;
+
+// Removes the hook however a test ends.
+struct FaultAt {
+  FaultAt(WriteStage stage, int occurrence) {
+    setWriteFaultHook([stage, occurrence, seen = 0](WriteStage s) mutable { return s == stage && ++seen == occurrence; });
+  }
+  ~FaultAt() { setWriteFaultHook({}); }
+  FaultAt(const FaultAt&) = delete;
+  FaultAt& operator=(const FaultAt&) = delete;
+};
+
+std::set<std::string> folderListing(const fs::path& folder) {
+  std::set<std::string> names;
+  for (const auto& entry : fs::directory_iterator(folder)) names.insert(entry.path().filename().string());
+  return names;
+}
+
+struct Scene {
+  fs::path folder;
+  fs::path input;
+  fs::path target;
+  std::string inputBytes;
+  std::optional<std::string> oldTarget;  // none: there is no file at the target yet
+};
+
+// How a workbook gets written: into a copy of the package (to a new file, over an older result,
+// or in place), or as a new workbook from CSV data.
+enum class Way { NewFile, OverOldResult, InPlace, FreshWorkbook };
+
+// A package as the writer makes it, sheet "Data" holding `cells` numbers.
+void writeWorkbook(const fs::path& path, int cells) {
+  InMemoryApplication app;
+  InMemoryWorkbook& book = app.AddWorkbook(path.filename().string(), {"Data"});
+  for (int c = 1; c <= cells; ++c) book.Worksheets(1).storeRaw(1, c, c * 1.0);
+  writeNewWorkbook(book, path);
+}
+
+Scene makeScene(Way way) {
+  // A folder per process: ctest runs the tests of this file side by side.
+  const std::string tag = std::to_string(::getpid());
+  Scene s;
+  s.folder = fs::temp_directory_path() / ("orv_interrupted_" + tag);
+  fs::remove_all(s.folder);
+  fs::create_directories(s.folder);
+  s.input = s.folder / "input.xlsx";
+  writeWorkbook(s.input, 2);
+  s.inputBytes = test::readBytes(s.input);
+  s.target = way == Way::InPlace ? s.input : s.folder / "results.xlsx";
+  if (way == Way::OverOldResult) {
+    writeWorkbook(s.target, 1);
+  }
+  if (fs::exists(s.target)) s.oldTarget = test::readBytes(s.target);
+  return s;
+}
+
+// Loads the input, adds a results sheet with a block of cells, writes the workbook the given way.
+void writeResults(const Scene& s, Way way) {
+  InMemoryApplication app;
+  InMemoryWorkbook& book = loadWorkbook(app, s.input);
+  InMemoryWorksheet& results = book.addSheet("Results");
+  for (std::int32_t r = 1; r <= 20; ++r) results.storeRaw(r, 1, r * 1.5);
+  if (way == Way::FreshWorkbook) writeNewWorkbook(book, s.target);
+  else writeIntoPackage(s.input, book, {}, s.target);
+}
+
+int entriesWritten(Way way) {
+  const Scene s = makeScene(way);
+  int entries = 0;
+  setWriteFaultHook([&entries](WriteStage stage) {
+    entries += stage == WriteStage::WritingEntry ? 1 : 0;
+    return false;
+  });
+  writeResults(s, way);
+  setWriteFaultHook({});
+  fs::remove_all(s.folder);
+  return entries;
+}
+
+TEST(WriteInterrupted, EveryStageOfEveryWayLeavesTheOldFileAndNoTemporary) {
+  const struct {
+    const char* name;
+    Way way;
+  } ways[] = {{"new file", Way::NewFile}, {"over an old result", Way::OverOldResult},
+              {"in place", Way::InPlace}, {"fresh workbook", Way::FreshWorkbook}};
+  for (const auto& w : ways) {
+    const int entries = entriesWritten(w.way);
+    ASSERT_GE(entries, 3) << w.name;  // at least the workbook, its rels and the new sheet
+    std::vector<std::pair<WriteStage, int>> points = {{WriteStage::TemporaryCreated, 1}, {WriteStage::BeforeRename, 1}};
+    for (int k = 1; k <= entries; ++k) points.emplace_back(WriteStage::WritingEntry, k);
+    for (const auto& [stage, occurrence] : points) {
+      SCOPED_TRACE(std::string(w.name) + ", stage " + std::to_string(static_cast<int>(stage)) + ", occurrence " +
+                   std::to_string(occurrence));
+      const Scene s = makeScene(w.way);
+      const std::set<std::string> before = folderListing(s.folder);
+      try {
+        FaultAt fault(stage, occurrence);
+        writeResults(s, w.way);
+        ADD_FAILURE() << "the write did not fail";
+      } catch (const ComponentError& e) {
+        EXPECT_EQ(e.number(), err::kFileUnwritable);
+        EXPECT_NE(e.description().find(s.target.string()), std::string::npos) << e.description();
+      }
+      EXPECT_EQ(folderListing(s.folder), before);
+      EXPECT_EQ(test::readBytes(s.input), s.inputBytes);
+      if (s.oldTarget) EXPECT_EQ(test::readBytes(s.target), *s.oldTarget);
+      else EXPECT_FALSE(fs::exists(s.target));
+      fs::remove_all(s.folder);
+    }
+  }
+}
+
+TEST(WriteInterrupted, AProcessKilledWhileWritingLeavesTheOldFile) {
+  // The child dies without unwinding, as under a kill: only the target and the input are
+  // promised; the hidden temporary file of the interrupted write may stay behind.
+  const int entries = entriesWritten(Way::OverOldResult);
+  std::vector<std::pair<WriteStage, int>> points = {{WriteStage::TemporaryCreated, 1}, {WriteStage::BeforeRename, 1}};
+  for (int k = 1; k <= entries; ++k) points.emplace_back(WriteStage::WritingEntry, k);
+  for (const auto& [stage, occurrence] : points) {
+    SCOPED_TRACE("stage " + std::to_string(static_cast<int>(stage)) + ", occurrence " + std::to_string(occurrence));
+    const Scene s = makeScene(Way::OverOldResult);
+    const pid_t child = fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+      setWriteFaultHook([stage = stage, occurrence = occurrence, seen = 0](WriteStage at) mutable {
+        if (at == stage && ++seen == occurrence) _exit(0);
+        return false;
+      });
+      try {
+        writeResults(s, Way::OverOldResult);
+      } catch (...) {
+      }
+      _exit(3);  // the write finished: the hook never fired
+    }
+    int status = 0;
+    ASSERT_EQ(waitpid(child, &status, 0), child);
+    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << status;
+    EXPECT_EQ(test::readBytes(s.input), s.inputBytes);
+    EXPECT_EQ(test::readBytes(s.target), *s.oldTarget);
+    for (const std::string& name : folderListing(s.folder)) {
+      EXPECT_TRUE(name == "input.xlsx" || name == "results.xlsx" || name.starts_with(".results.xlsx.")) << name;
+    }
+    fs::remove_all(s.folder);
+  }
+}
+
+}  // namespace
+}  // namespace orv

@@ -11,6 +11,7 @@
 #include "support/host_constants.h"
 #include "support/host_session.h"
 #include "support/range_checks.h"
+#include "support/scatter_chart_builder.h"
 
 namespace orv {
 namespace {
@@ -58,6 +59,10 @@ constexpr std::string_view kPlotComment = "Data for Plots";
 
 // The rows of the written plot data above its values: the column names, then "Sin"/"Cos".
 constexpr std::int32_t kPlotNamesAboveValues = 2;
+
+// The scatter charts: squares of this side, this far apart, in points.
+constexpr std::int32_t kScatterSide = 200;
+constexpr std::int32_t kScatterGap = 10;
 
 // "$B$7" -> "B": the text between the leading "$" and the next one.
 std::string columnLettersOf(const std::string& address) {
@@ -206,6 +211,8 @@ void clsDSCirc::Results(bool overWrite) {
     output_->Parent().Activate();
     block_->Copy();
     output_->Cells(1, 1).PasteSpecial(HostConstants::PasteType());
+    pasted_ = Range::Span(output_->Cells(1, 1),
+                          output_->Cells(block_->RowsCount(), block_->ColumnsCount()));
 
     if (plot_) {
       // The writer's rows are rows of the scratch sheet; the block was pasted with its top-left
@@ -302,10 +309,29 @@ Range clsDSCirc::FormatResults(const Array1D<std::string>& columnHeaders,
   });
 }
 
-// The circular scatter charts are drawn by the chart layer; until it is here the source ranges
-// are recorded, complete, for it and for inspection.
+// One square chart per data column, its X and Y the column's pair of plot-data columns, stacked
+// 210 points apart (200 of chart, 10 of gap) in the column after the one left empty beside the
+// pasted block.
 void clsDSCirc::DoScatterPlot(const Range& plotData, const Range& titles) {
-  kProc("DoScatterPlot", [&] { scatterSources_ = ScatterSources{plotData, titles}; });
+  kProc("DoScatterPlot", [&] {
+    scatterSources_ = ScatterSources{plotData, titles};
+    const std::int32_t n = plotData.ColumnsCount();
+    const std::int32_t anchorColumn = pasted_->ColumnsCount() + 2;
+    std::int32_t offset = 0;
+    for (std::int32_t i = 1; i <= n; i += 2) {
+      ScatterChartBuilder builder;
+      builder.VerticalOffset(offset);
+      builder.HorizontalOffset(0);
+      builder.OutputRange(output_->Cells(1, anchorColumn));
+      builder.ChartHeight(kScatterSide);
+      builder.ChartWidth(kScatterSide);
+      builder.XValuesRange(plotData.Columns(i));
+      builder.YValuesRange(plotData.Columns(i + 1));
+      builder.ChartTitle(toText(titles.Cells(1, i).Value()));
+      builder.CreatePlot();
+      offset = (Int32(offset) + kScatterSide + kScatterGap).value();
+    }
+  });
 }
 
 }  // namespace orv

@@ -6,7 +6,9 @@
 // 360, title cell included), computes the selected statistics of every column of every area with
 // a fresh clsDSCircBO, writes the table (and with Plot the sine/cosine plot data under
 // "Data for Plots") to the scratch sheet through clsDSOutput, and pastes the block at the output
-// place (a new sheet at the end of the input's workbook when none is given). With nothing
+// place (a new sheet at the end of the input's workbook when none is given); with Plot it then
+// draws one 200 x 200 point scatter chart of every column's plot data, stacked 210 points apart
+// one empty column right of the pasted block (ScatterChartBuilder). With nothing
 // selected the table holds the eight single-row statistics; Rayleigh's rows come only on request.
 // The confidence row is always the 95 % one: CL is stored but changes no result.
 //
@@ -65,6 +67,8 @@ class clsDSCirc {  // NOLINT(readability-identifier-naming): the component's own
   };
   const PlotDataRows& plotPositions() const { return plotPositions_; }
   const std::optional<Range>& outputRange() const { return output_; }
+  // The block the last Results call pasted, on the output sheet.
+  const std::optional<Range>& pastedBlock() const { return pasted_; }
   const std::optional<ScatterSources>& scatterSources() const { return scatterSources_; }
 
  private:
@@ -89,6 +93,7 @@ class clsDSCirc {  // NOLINT(readability-identifier-naming): the component's own
   std::optional<Range> input_;
   std::optional<Range> output_;
   std::optional<Range> block_;
+  std::optional<Range> pasted_;
   Int16 columnCount_ = 0;
   PlotDataRows plotPositions_;
   std::optional<ScatterSources> scatterSources_;

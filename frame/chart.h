@@ -24,6 +24,7 @@ namespace host {
 
 enum class RowCol : std::int32_t { Rows = 1, Columns = 2 };
 enum class ChartType : std::int32_t {
+  Line = 4,
   ColumnClustered = 51,
   LineMarkers = 65,
   StockHLC = 88,
@@ -42,12 +43,17 @@ enum class ErrorBarType : std::int32_t {
   FixedValue = 1, Percent = 2, StDev = -4155, StError = 4, Custom = -4114,
 };
 enum class EndStyle : std::int32_t { Cap = 1, NoCap = 2 };
+enum class MarkerStyle : std::int32_t { Automatic = -4105, None = -4142, Circle = 8 };
 
 }  // namespace host
 
 // Custom error-bar amounts: nothing (which ErrorBar refuses), a range of cells, or an array of
 // numbers (distances from the points).
 using ErrorAmount = std::variant<std::monostate, Range, ValueArray1D>;
+
+// The values, X values or category labels of a series: the cells of one row or column (the
+// chart follows edits of the sheet), or literal values (numbers; texts for category labels).
+using SeriesSource = std::variant<Range, ValueArray1D>;
 
 class ChartFont {
  public:
@@ -103,6 +109,11 @@ class Axis {
   virtual void SetHasMinorGridlines(bool on) = 0;
   virtual ChartBorder& Border() = 0;
   virtual void SetMajorTickMark(host::TickMark mark) = 0;
+  // Fixed scale limits and step of a value axis; finite numbers only, the minimum below the
+  // maximum once both are set.
+  virtual void SetMinimumScale(double value) = 0;
+  virtual void SetMaximumScale(double value) = 0;
+  virtual void SetMajorUnit(double value) = 0;
   // The scale's maximum: the one set, or the host's automatic maximum for the values plotted on
   // the axis as they stand now.
   virtual double MaximumScale() const = 0;
@@ -132,6 +143,14 @@ class Series {
                         const ErrorAmount& minusValues) = 0;
   // The line that joins the points.
   virtual ChartBorder& Border() = 0;
+  virtual void SetName(const std::string& name) = 0;
+  // Draws this series alone in another type (a line over columns, say); stock types are refused.
+  virtual void SetChartType(host::ChartType type) = 0;
+  virtual void SetValues(const SeriesSource& values) = 0;
+  // X values of a scatter series; category labels of any other series.
+  virtual void SetXValues(const SeriesSource& values) = 0;
+  virtual void SetSmooth(bool on) = 0;
+  virtual void SetMarkerStyle(host::MarkerStyle style) = 0;
 };
 
 class SeriesCollection {
@@ -148,6 +167,8 @@ class SeriesCollection {
   virtual Series& Add(const Range& source, host::RowCol rowcol = host::RowCol::Columns,
                       bool seriesLabels = false, bool categoryLabels = false,
                       bool replace = false) = 0;
+  // A series without values, to be given them through SetValues.
+  virtual Series& NewSeries() = 0;
 };
 
 class UpDownBars {
@@ -164,6 +185,8 @@ class ChartGroup {
   // Up-down bars exist for line and stock groups only.
   virtual void SetHasUpDownBars(bool on) = 0;
   virtual UpDownBars& UpBars() = 0;
+  // Space between neighbouring bars of a column group, 0 to 500 percent of a bar's width.
+  virtual void SetGapWidth(std::int32_t percent) = 0;
 };
 
 class ChartArea {

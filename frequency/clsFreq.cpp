@@ -96,9 +96,7 @@ void clsFreq::Results(bool overWrite) {
       block_ = GetResults();
     }
     PasteResults(overWrite);
-    // The histogram is drawn here from the pasted block when histogramOptions().plot is set:
-    // tables() says where each table lies, and the binned table's category cells hold the bin
-    // values.
+    if (histogram_.plot) DrawHistogram();
     output_.range->Cells(1, 1).Select();
   });
 }
@@ -152,6 +150,12 @@ Range clsFreq::GetResults() {
       tables.push_back(countTable(Kind::ProposedBins, variables, std::nullopt));
     }
     if (bin_.range) tables.push_back(countTable(Kind::GivenBins, variables, bins));
+    // Taken once the engines have accepted the data, for the histogram's normal curve.
+    moments_.clear();
+    for (const Analysed& v : variables) {
+      moments_.push_back(histogram_.plot && numerical && v.data ? sampleMoments(*v.data, v.weights)
+                                                                 : std::nullopt);
+    }
     return FormatResults(tables);
   });
 }
@@ -225,6 +229,8 @@ void clsFreq::PasteResults(bool overWrite) {
     output_.range->Parent().Activate();
     block_->Copy();
     output_.range->Cells(1, 1).PasteSpecial(HostConstants::PasteType());
+    pasted_ = Range::Span(output_.range->Cells(1, 1),
+                          output_.range->Cells(block_->RowsCount(), block_->ColumnsCount()));
   });
 }
 

@@ -14,6 +14,14 @@
 // counted, weighted by the frequencies; without data every frequency variable is counted over
 // the bins (pre-counted data).
 //
+// With PlotHistogram, Results then draws one histogram per variable of the binned table (of the
+// raw table when there is none) one empty column right of the pasted block, 210 points apart:
+// the counts as touching columns, with PlotNormal (numerical data) the counts a normal
+// distribution of the data's mean and deviation expects per category, with PlotCumulative the
+// cumulative percentages on a 0..100 axis; categories labelled by their start values
+// (CategoryStartPoint, the table's own cells) or as "from - to" ranges. No chart is drawn for a
+// variable without categories; no normal curve where the data do not vary.
+//
 // The finished block is kept across Results calls until an address property changes its text.
 // Errors leave as ComponentError with source "Line 0 in ORVDescriptives.clsFreq.<procedure>"
 // ("Results", "Let<Property>"; the BinRange setter reports as "LetFrequencyRange"). Own numbers,
@@ -32,6 +40,7 @@
 #include "frame/range.h"
 #include "frequency/freq_data_type.h"
 #include "frequency/frequency_results.h"
+#include "frequency/histogram_series.h"
 
 namespace orv {
 
@@ -86,6 +95,8 @@ class clsFreq {
   const std::optional<Range>& resultsBlock() const { return block_; }
   const std::vector<FrequencyTablePlace>& tables() const { return tables_; }
   const std::optional<Range>& outputRange() const { return output_.range; }
+  // The block the last Results call pasted, on the output sheet.
+  const std::optional<Range>& pastedBlock() const { return pasted_; }
 
  private:
   struct AddressProperty {
@@ -106,6 +117,7 @@ class clsFreq {
                    const std::optional<ValueArray1D>& bins);
   Range FormatResults(const std::vector<Table>& tables);
   void PasteResults(bool overWrite);
+  void DrawHistogram();
 
   bool headers_ = false;
   ORVDescriptivesFreqDataType dataType_ = ORVDescriptivesFreqNumerical;
@@ -119,6 +131,10 @@ class clsFreq {
 
   std::optional<Range> block_;  // the finished results on the scratch sheet
   std::vector<FrequencyTablePlace> tables_;
+  std::optional<Range> pasted_;
+  // Per analysed variable, the mean and deviation of its data for the normal curve (nothing for
+  // pre-counted data, whose curve is fitted to the table).
+  std::vector<std::optional<SampleMoments>> moments_;
 };
 
 }  // namespace orv

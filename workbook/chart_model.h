@@ -28,7 +28,8 @@ struct ChartData {
   std::vector<std::optional<double>> cached;
 };
 
-// Category labels (texts or numbers shown as text) from cells.
+// Category labels (texts or numbers shown as text) from cells; without cells, `cached` holds
+// literal labels.
 struct ChartLabels {
   std::optional<SheetRef> cells;
   std::vector<std::string> cached;

@@ -32,8 +32,9 @@ AxisModel newAxis(AxisKind kind, AxisGroup group) {
 
 ChartKind chartKindOf(host::ChartType type) {
   switch (type) {
-    case host::ChartType::ColumnClustered: return ChartKind::ColumnClustered;
+    case host::ChartType::Line:  // a line without markers: the series' marker says so
     case host::ChartType::LineMarkers: return ChartKind::LineMarkers;
+    case host::ChartType::ColumnClustered: return ChartKind::ColumnClustered;
     case host::ChartType::StockHLC: return ChartKind::StockHLC;
     case host::ChartType::StockOHLC: return ChartKind::StockOHLC;
     case host::ChartType::XYScatter: return ChartKind::XYScatter;
@@ -95,6 +96,24 @@ void InMemoryAxis::SetMajorTickMark(host::TickMark mark) {
   }
 }
 
+// Scale settings belong to value axes, and to both axes of a scatter chart, whose X axis is a
+// value axis too.
+void InMemoryAxis::SetMinimumScale(double value) { scaleField("MinimumScale", value).minimumScale = value; }
+void InMemoryAxis::SetMaximumScale(double value) { scaleField("MaximumScale", value).maximumScale = value; }
+void InMemoryAxis::SetMajorUnit(double value) {
+  if (!(value > 0)) raiseHost("Unable to set the MajorUnit property of the Axis class");
+  scaleField("MajorUnit", value).majorUnit = value;
+}
+
+AxisModel& InMemoryAxis::scaleField(std::string_view property, double value) {
+  AxisModel& axis = model();
+  const bool scatter = chart_->model().kind == ChartKind::XYScatter;
+  if (!std::isfinite(value) || (axis.kind != AxisKind::Value && !scatter)) {
+    raiseHost("Unable to set the " + std::string(property) + " property of the Axis class");
+  }
+  return axis;
+}
+
 double InMemoryAxis::MaximumScale() const {
   const AxisModel& axis = model();
   if (axis.kind != AxisKind::Value) {
@@ -121,6 +140,13 @@ void InMemoryChartGroup::SetHasUpDownBars(bool on) {
     raiseHost("Unable to set the HasUpDownBars property of the ChartGroup class");
   }
   model.upDownBars = on;
+}
+
+void InMemoryChartGroup::SetGapWidth(std::int32_t percent) {
+  if (group_ != AxisGroup::Primary || percent < 0 || percent > 500) {
+    raiseHost("Unable to set the GapWidth property of the ChartGroup class");
+  }
+  chart_->model().gapWidth = percent;
 }
 
 UpDownBars& InMemoryChartGroup::UpBars() {
@@ -193,7 +219,7 @@ void InMemoryChart::SetChartType(host::ChartType type) {
   for (SeriesModel& s : chart.series) {
     s.kind = kind;
     s.line = prices == 0 && kind != ChartKind::XYScatter;
-    s.marker = prices > 0 ? MarkerSymbol::None : MarkerSymbol::Automatic;
+    s.marker = prices > 0 || type == host::ChartType::Line ? MarkerSymbol::None : MarkerSymbol::Automatic;
   }
 }
 
@@ -259,9 +285,11 @@ void InMemoryChart::syncAxes() {
       {AxisKind::Value, AxisGroup::Secondary}, {AxisKind::Category, AxisGroup::Secondary}};
   std::vector<AxisModel> axes;
   for (const auto& [kind, group] : order) {
-    const auto found = std::find_if(chart.axes.begin(), chart.axes.end(), [&](const AxisModel& a) {
-      return a.kind == kind && a.group == group;
-    });
+    // Copies of the bindings: clang 14 cannot capture structured bindings.
+    const auto found = std::find_if(chart.axes.begin(), chart.axes.end(),
+                                    [kind = kind, group = group](const AxisModel& a) {
+                                      return a.kind == kind && a.group == group;
+                                    });
     if (found != chart.axes.end()) {
       axes.push_back(*found);
     } else if (group == AxisGroup::Primary ? anySeries : secondary) {
@@ -285,7 +313,7 @@ std::vector<double> InMemoryChart::valuesOnAxis(AxisGroup group) const {
                                   ? AxisGroup::Primary
                                   : s.axisGroup;
     if (drawnOn != group) continue;
-    for (const std::optional<double>& v : s.values.cached) {
+    for (const std::optional<double>& v : s.values.cells ? s.values.cached : s.values.literal) {
       if (v) values.push_back(*v);
     }
   }

@@ -11,6 +11,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "frame/chart.h"
@@ -40,12 +41,16 @@ class InMemoryAxis final : public Axis {
   void SetHasMinorGridlines(bool on) override { model().minorGridlines = on; }
   ChartBorder& Border() override { return border_; }
   void SetMajorTickMark(host::TickMark mark) override;
+  void SetMinimumScale(double value) override;
+  void SetMaximumScale(double value) override;
+  void SetMajorUnit(double value) override;
   double MaximumScale() const override;
 
   // The recorded axis; a host failure when the chart no longer has it or it was deleted.
   AxisModel& model() const;
 
  private:
+  AxisModel& scaleField(std::string_view property, double value);
   InMemoryChart* chart_;
   AxisKind kind_;
   AxisGroup group_;
@@ -65,7 +70,7 @@ class InMemoryUpDownBars final : public UpDownBars {
   RecordedInterior interior_;
 };
 
-// The primary group; the recorded model keeps up-down bars for it alone.
+// The primary group; the recorded model keeps up-down bars and the gap width for it alone.
 class InMemoryChartGroup final : public ChartGroup {
  public:
   InMemoryChartGroup(InMemoryChart& chart, AxisGroup group);
@@ -73,6 +78,7 @@ class InMemoryChartGroup final : public ChartGroup {
   InMemoryChartGroup& operator=(const InMemoryChartGroup&) = delete;
   void SetHasUpDownBars(bool on) override;
   UpDownBars& UpBars() override;
+  void SetGapWidth(std::int32_t percent) override;
 
  private:
   InMemoryChart* chart_;

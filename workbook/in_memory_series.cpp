@@ -66,6 +66,39 @@ ChartData amountOf(const ErrorAmount& amount) {
   raiseHost(std::string(kFailure) + ": no amounts given");
 }
 
+// Series values: the cells of one row or column, or literal numbers (an empty cell of the array
+// is a point without value).
+ChartData seriesDataOf(const SeriesSource& source, std::string_view failure) {
+  if (const auto* range = std::get_if<Range>(&source)) {
+    if (range->AreasCount() != 1) raiseHost(std::string(failure) + ": values from several areas");
+    requireLine(range->block(), failure);
+    return dataOf(range->Parent(), range->block());
+  }
+  ChartData data;
+  for (const CellValue& v : std::get<ValueArray1D>(source).items()) {
+    if (v.isEmpty()) {
+      data.literal.emplace_back();
+    } else if (v.isNumber()) {
+      data.literal.emplace_back(v.number());
+    } else {
+      raiseHost(std::string(failure) + ": the value " + describe(v) + " is no number");
+    }
+  }
+  return data;
+}
+
+// Category labels: the cells of one row or column, or literal texts (numbers shown as text).
+ChartLabels seriesLabelsOf(const SeriesSource& source, std::string_view failure) {
+  if (const auto* range = std::get_if<Range>(&source)) {
+    if (range->AreasCount() != 1) raiseHost(std::string(failure) + ": labels from several areas");
+    requireLine(range->block(), failure);
+    return labelsOf(range->Parent(), range->block());
+  }
+  ChartLabels labels;
+  for (const CellValue& v : std::get<ValueArray1D>(source).items()) labels.cached.push_back(toText(v));
+  return labels;
+}
+
 }  // namespace
 
 // --- error bars -----------------------------------------------------------------------------
@@ -110,6 +143,47 @@ void InMemorySeries::SetAxisGroup(host::AxisGroup group) {
   model().axisGroup = group == host::AxisGroup::Secondary ? orv::AxisGroup::Secondary
                                                            : orv::AxisGroup::Primary;
   chart_->syncAxes();
+}
+
+void InMemorySeries::SetName(const std::string& name) {
+  SeriesModel& series = model();
+  series.name = name;
+  series.nameCell.reset();
+}
+
+void InMemorySeries::SetChartType(host::ChartType type) {
+  const ChartKind kind = chartKindOf(type);
+  if (priceSeriesCount(kind) > 0) {
+    raiseHost("Unable to set the ChartType property of the Series class: a stock type needs the "
+              "whole chart");
+  }
+  SeriesModel& series = model();
+  series.kind = kind;
+  series.line = kind != ChartKind::XYScatter;
+  series.marker = type == host::ChartType::Line ? MarkerSymbol::None : MarkerSymbol::Automatic;
+}
+
+void InMemorySeries::SetValues(const SeriesSource& values) {
+  model().values = seriesDataOf(values, "Unable to set the Values property of the Series class");
+}
+
+void InMemorySeries::SetXValues(const SeriesSource& values) {
+  constexpr std::string_view kFailure = "Unable to set the XValues property of the Series class";
+  SeriesModel& series = model();
+  if (series.kind == ChartKind::XYScatter) {
+    series.xValues = seriesDataOf(values, kFailure);
+  } else {
+    series.categories = seriesLabelsOf(values, kFailure);
+  }
+}
+
+void InMemorySeries::SetMarkerStyle(host::MarkerStyle style) {
+  SeriesModel& series = model();
+  switch (style) {
+    case host::MarkerStyle::Automatic: series.marker = MarkerSymbol::Automatic; break;
+    case host::MarkerStyle::None: series.marker = MarkerSymbol::None; break;
+    case host::MarkerStyle::Circle: series.marker = MarkerSymbol::Circle; break;
+  }
 }
 
 void InMemorySeries::SetHasErrorBars(bool on) {
@@ -194,6 +268,18 @@ Series& InMemorySeriesCollection::Add(const Range& source, host::RowCol /*rowcol
     chart.series.push_back(std::move(series));
     live_.push_back(std::make_unique<InMemorySeries>(*chart_));
   }
+  chart_->syncAxes();
+  return *live_.back();
+}
+
+Series& InMemorySeriesCollection::NewSeries() {
+  ChartModel& chart = chart_->model();
+  SeriesModel series;
+  series.kind = chart.kind;
+  if (!chart.series.empty()) series.categories = chart.series.front().categories;
+  series.line = chart.kind != ChartKind::XYScatter && priceSeriesCount(chart.kind) == 0;
+  chart.series.push_back(std::move(series));
+  live_.push_back(std::make_unique<InMemorySeries>(*chart_));
   chart_->syncAxes();
   return *live_.back();
 }

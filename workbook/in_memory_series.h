@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "frame/chart.h"
@@ -44,6 +45,12 @@ class InMemorySeries final : public Series {
                 host::ErrorBarType type, const ErrorAmount& amount,
                 const ErrorAmount& minusValues) override;
   ChartBorder& Border() override { return border_; }
+  void SetName(const std::string& name) override;
+  void SetChartType(host::ChartType type) override;
+  void SetValues(const SeriesSource& values) override;
+  void SetXValues(const SeriesSource& values) override;
+  void SetSmooth(bool on) override { model().smooth = on; }
+  void SetMarkerStyle(host::MarkerStyle style) override;
 
   // The recorded series; a host failure once the series is deleted.
   SeriesModel& model();
@@ -67,6 +74,7 @@ class InMemorySeriesCollection final : public SeriesCollection {
   Series& Item(std::int32_t index) override;
   Series& Add(const Range& source, host::RowCol rowcol, bool seriesLabels, bool categoryLabels,
               bool replace) override;
+  Series& NewSeries() override;
 
   // Position of a live series in the chart's list, 0-based.
   std::size_t indexOf(const InMemorySeries& series) const;

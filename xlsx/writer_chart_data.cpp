@@ -36,9 +36,9 @@ std::string numberData(std::string_view name, const ChartData& data) {
 }
 
 std::string labelData(std::string_view name, const ChartLabels& labels) {
-  if (!labels.cells) return {};
   std::string cache = count(labels.cached.size());
   for (std::size_t i = 0; i < labels.cached.size(); ++i) cache += point(i, xml::text(labels.cached[i]));
+  if (!labels.cells) return labels.cached.empty() ? std::string() : wrap(name, "<c:strLit>" + cache + "</c:strLit>");
   return wrap(name, "<c:strRef><c:f>" + xml::text(formula(*labels.cells)) + "</c:f><c:strCache>" + cache +
                         "</c:strCache></c:strRef>");
 }

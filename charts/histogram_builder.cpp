@@ -1,0 +1,125 @@
+#include "charts/histogram_builder.h"
+
+#include "charts/plot_steps.h"
+#include "frame/procedure.h"
+#include "support/host_constants.h"
+
+namespace orv {
+namespace {
+
+const Procedures kProc{"HistogramBuilder"};
+
+constexpr std::string_view kFrequency = "Frequency";
+constexpr std::string_view kNormal = "Normal";
+constexpr std::string_view kCumulativePrefix = "Cumulative ";
+// Cumulative percentages are percent numbers (40 for 40 %), shown with the sign.
+constexpr std::string_view kPercentFormat = "0\"%\"";
+constexpr double kPercentTop = 100;
+
+template <class T>
+const T& set(const std::optional<T>& value) {
+  if (!value) plot_steps::raiseUnsetRange();
+  return *value;
+}
+
+void axisTitle(Axis& axis, const std::string& title) {
+  if (title.empty()) {
+    axis.SetHasTitle(false);
+    return;
+  }
+  axis.SetHasTitle(true);
+  axis.AxisTitle().SetText(title);
+  axis.AxisTitle().Font().SetSize(10);
+  axis.AxisTitle().Font().SetBold(false);
+}
+
+void plainAxis(Axis& axis, const std::string& title) {
+  axisTitle(axis, title);
+  axis.TickLabels().Font().SetSize(8);
+  axis.SetHasMajorGridlines(false);
+  axis.SetHasMinorGridlines(false);
+  axis.SetMajorTickMark(HostConstants::TickMarksOutside());
+}
+
+// A line over the columns, on the columns' categories.
+Series& addLine(Chart& chart, const SeriesSource& values, const SeriesSource& labels,
+                const std::string& name) {
+  Series& line = chart.SeriesCollection().NewSeries();
+  line.SetChartType(host::ChartType::Line);
+  line.SetValues(values);
+  line.SetXValues(labels);
+  line.SetName(name);
+  return line;
+}
+
+}  // namespace
+
+HistogramBuilder::HistogramBuilder() {
+  kProc("Class_Initialize", [] {});
+}
+
+void HistogramBuilder::VerticalOffset(std::int32_t points) { kProc("LetVerticalOffset", [&] { verticalOffset_ = points; }); }
+void HistogramBuilder::HorizontalOffset(std::int32_t points) { kProc("LetHorizontalOffset", [&] { horizontalOffset_ = points; }); }
+void HistogramBuilder::OutputRange(const Range& cell) { kProc("SetOutputRange", [&] { output_ = cell; }); }
+void HistogramBuilder::ChartTitle(const std::string& title) { kProc("LetChartTitle", [&] { chartTitle_ = title; }); }
+void HistogramBuilder::XAxisTitle(const std::string& title) { kProc("LetXAxisTitle", [&] { xAxisTitle_ = title; }); }
+void HistogramBuilder::YAxisTitle(const std::string& title) { kProc("LetYAxisTitle", [&] { yAxisTitle_ = title; }); }
+void HistogramBuilder::ChartHeight(std::int32_t points) { kProc("LetChartHeight", [&] { chartHeight_ = points; }); }
+void HistogramBuilder::ChartWidth(std::int32_t points) { kProc("LetChartWidth", [&] { chartWidth_ = points; }); }
+void HistogramBuilder::CategoryLabels(const SeriesSource& labels) { kProc("SetCategoryLabels", [&] { labels_ = labels; }); }
+void HistogramBuilder::CountsRange(const Range& cells) { kProc("SetCountsRange", [&] { counts_ = cells; }); }
+void HistogramBuilder::NormalCounts(const ValueArray1D& expected) { kProc("SetNormalCounts", [&] { normal_ = expected; }); }
+void HistogramBuilder::CumulativePercentsRange(const Range& cells) {
+  kProc("SetCumulativePercentsRange", [&] { cumulative_ = cells; });
+}
+
+void HistogramBuilder::CreatePlot() {
+  kProc("CreatePlot", [&] {
+    const Range& output = set(output_);
+    const SeriesSource& labels = set(labels_);
+    const plot_steps::Placement at = plot_steps::placeChart(output, verticalOffset_, horizontalOffset_);
+    ChartObject& object = plot_steps::addEmptyChart(output, at, chartWidth_, chartHeight_);
+    Chart& chart = object.Chart();
+
+    chart.SetChartType(host::ChartType::ColumnClustered);
+    Series& bars = chart.SeriesCollection().NewSeries();
+    bars.SetValues(set(counts_));
+    bars.SetXValues(labels);
+    bars.SetName(std::string(kFrequency));
+    // Touching columns: the categories are adjacent stretches of one scale.
+    chart.ChartGroups(1).SetGapWidth(0);
+
+    if (normal_) addLine(chart, *normal_, labels, std::string(kNormal)).SetSmooth(true);
+    if (cumulative_) {
+      Series& cumulative =
+          addLine(chart, *cumulative_, labels, std::string(kCumulativePrefix) + std::string(kFrequency));
+      cumulative.SetAxisGroup(HostConstants::SecondaryGroup());
+      Axis& percents = chart.Axes(HostConstants::ValueAxis(), HostConstants::SecondaryGroup());
+      plainAxis(percents, "");
+      percents.SetMinimumScale(0);
+      percents.SetMaximumScale(kPercentTop);
+      percents.TickLabels().SetNumberFormat(std::string(kPercentFormat));
+    }
+
+    chart.ChartArea().SetAutoScaleFont(false);
+    chart.ChartArea().Interior().SetColorIndex(settings_.ChartAreaColorIndex());
+    if (chartTitle_.empty()) {
+      chart.SetHasTitle(false);
+    } else {
+      chart.SetHasTitle(true);
+      chart.ChartTitle().SetText(chartTitle_);
+      chart.ChartTitle().Font().SetSize(10);
+      chart.ChartTitle().Font().SetBold(true);
+    }
+    chart.SetHasLegend(chart.SeriesCollection().Count() > 1);
+    chart.PlotArea().Fill().SetVisible(HostConstants::FillHidden());
+    chart.PlotArea().Border().SetLineStyle(HostConstants::NoLine());
+    plainAxis(chart.Axes(HostConstants::CategoryAxis(), HostConstants::PrimaryGroup()), xAxisTitle_);
+    Axis& counts = chart.Axes(HostConstants::ValueAxis(), HostConstants::PrimaryGroup());
+    plainAxis(counts, yAxisTitle_);
+    // Counts are whole numbers: from 10 up the labels need no decimals.
+    if (counts.MaximumScale() >= 10) counts.TickLabels().SetNumberFormat("0");
+  });
+}
+
+}  // namespace orv

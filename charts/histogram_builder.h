@@ -1,0 +1,62 @@
+#pragma once
+// HistogramBuilder: the histogram of one variable of a frequency table already on a sheet.
+//
+// Columns of the counts with no gap between them (series "Frequency"); optionally a smooth line
+// "Normal" of expected counts on the same axes, and a line "Cumulative Frequency" of cumulative
+// percentages (percent numbers) on a secondary axis from 0 to 100. Counts and cumulative
+// percentages come from cells, so the chart follows edits of the table; the category labels come
+// from cells or are literal texts, the expected counts are literal numbers (no cell holds them).
+// A legend is shown when there is more than one series. Placement as the other builders: the
+// output cell's corner moved by the offsets (points), a vertical offset that reaches the sheet's
+// last row dropped. Titles: 10-point, the chart's bold; empty means none. Every call draws a new
+// chart.
+//
+// Errors leave as ComponentError with the source "Line 0 in ORVDescriptives.HistogramBuilder.
+// <member>"; the output cell, counts or labels used before they are set raise 91; what the host
+// refuses (labels and counts of different lengths are not checked here) is a host failure.
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "frame/chart.h"
+#include "frame/range.h"
+#include "frame/value_array.h"
+#include "support/chart_settings.h"
+
+namespace orv {
+
+class HistogramBuilder {
+ public:
+  HistogramBuilder();
+
+  void VerticalOffset(std::int32_t points);
+  void HorizontalOffset(std::int32_t points);
+  void OutputRange(const Range& cell);
+  void ChartTitle(const std::string& title);
+  void XAxisTitle(const std::string& title);
+  void YAxisTitle(const std::string& title);
+  void ChartHeight(std::int32_t points);  // default 200
+  void ChartWidth(std::int32_t points);   // default 300
+
+  // One cell per category each, top to bottom.
+  void CategoryLabels(const SeriesSource& labels);
+  void CountsRange(const Range& cells);
+  void NormalCounts(const ValueArray1D& expected);       // not set: no normal curve
+  void CumulativePercentsRange(const Range& cells);      // not set: no cumulative line
+
+  void CreatePlot();
+
+ private:
+  std::int32_t verticalOffset_ = 0;
+  std::int32_t horizontalOffset_ = 0;
+  std::optional<Range> output_, counts_, cumulative_;
+  std::optional<SeriesSource> labels_;
+  std::optional<ValueArray1D> normal_;
+  std::string chartTitle_, xAxisTitle_, yAxisTitle_;
+  std::int32_t chartHeight_ = 200;
+  std::int32_t chartWidth_ = 300;
+  ChartSettings settings_;
+};
+
+}  // namespace orv

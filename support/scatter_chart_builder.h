@@ -1,0 +1,50 @@
+#pragma once
+// ScatterChartBuilder: one XY chart of points, drawn beside results already on a sheet; the
+// circular analysis draws one per data column, its points on the unit circle.
+//
+// Set the offsets (points from the output cell's top-left corner), the output cell, the X and Y
+// ranges (one column each, the same length; an empty Y column gives a chart without points), the
+// title and the size in points, then call CreatePlot. The chart is square in its plot area, both
+// axes run from -1 to 1 in steps of 0.5 and cross at the centre, there are no gridlines and no
+// legend, the title is 10-point bold (none when empty) and tick labels are 8-point. A vertical
+// offset that reaches the sheet's last row is dropped. Every call draws a new chart.
+//
+// Errors leave as ComponentError with the source "Line 0 in ORVDescriptives.ScatterChartBuilder.
+// <member>"; a range used before it is set raises 91 (object variable not set); what the host
+// refuses is a host failure (1004).
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "frame/range.h"
+#include "support/chart_settings.h"
+
+namespace orv {
+
+class ScatterChartBuilder {
+ public:
+  ScatterChartBuilder();
+
+  void VerticalOffset(std::int32_t points);
+  void HorizontalOffset(std::int32_t points);
+  void OutputRange(const Range& cell);
+  void XValuesRange(const Range& cells);
+  void YValuesRange(const Range& cells);
+  void ChartTitle(const std::string& title);
+  void ChartHeight(std::int32_t points);  // default 200
+  void ChartWidth(std::int32_t points);   // default 200
+
+  void CreatePlot();
+
+ private:
+  std::int32_t verticalOffset_ = 0;
+  std::int32_t horizontalOffset_ = 0;
+  std::optional<Range> output_, x_, y_;
+  std::string chartTitle_;
+  std::int32_t chartHeight_ = 200;
+  std::int32_t chartWidth_ = 200;
+  ChartSettings settings_;
+};
+
+}  // namespace orv

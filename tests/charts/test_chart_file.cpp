@@ -1,0 +1,70 @@
+// Scatter plots and histograms drawn by the drivers, turned into chart parts and written into a
+// new workbook. Set ORV_CHART_WORKBOOK to a file name to keep the workbook for a look by eye
+// (../shared/tools/render-xlsx).
+
+#include <cstdlib>
+#include <filesystem>
+
+#include <unistd.h>
+
+#include "chart_fixture.h"
+#include "circular/clsDSCirc.h"
+#include "frequency/clsFreq.h"
+#include "xlsx/writer_chart_part.h"
+#include "xlsx/writer_workbook.h"
+
+namespace orv::test {
+namespace {
+
+bool has(const std::string& xml, const std::string& part) { return xml.find(part) != std::string::npos; }
+
+TEST_F(ChartTest, ScatterPlotsAndHistogramsBecomeChartParts) {
+  row(1, 1, {"Wind", "Length"});
+  const double wind[] = {350, 10, 20, 355, 5, 0, 30, 340};
+  const double length[] = {5, 12, 15, 18, 22, 25, 27, 33};
+  for (std::int32_t r = 0; r < 8; ++r) row(r + 2, 1, {wind[r], length[r]});
+
+  clsDSCirc circ;
+  circ.Headers(true);
+  circ.Plot(true);
+  circ.InputRange("Data!A1:A9");
+  circ.Results();
+  clsFreq freq;
+  freq.Headers(true);
+  freq.PlotHistogram(true);
+  freq.PlotCumulative(true);
+  freq.HistogramTitle("Length");
+  freq.HistogramYTitle("Count");
+  freq.InputRange("Data!B1:B9");
+  freq.Results();
+
+  ASSERT_EQ(book.WorksheetsCount(), 3);
+  auto& circular = dynamic_cast<InMemoryWorksheet&>(book.Worksheets(2));
+  auto& frequency = dynamic_cast<InMemoryWorksheet&>(book.Worksheets(3));
+  ASSERT_EQ(circular.charts().size(), 1U);
+  ASSERT_EQ(frequency.charts().size(), 1U);
+
+  const std::string scatter = chartPartXml(circular.charts().front());
+  EXPECT_TRUE(has(scatter, "<c:scatterChart>"));
+  EXPECT_TRUE(has(scatter, "<c:scaling><c:orientation val=\"minMax\"/><c:max val=\"1\"/><c:min val=\"-1\"/></c:scaling>"));
+  EXPECT_TRUE(has(scatter, "<c:xVal><c:numRef>"));
+  EXPECT_FALSE(has(scatter, "majorGridlines"));
+
+  const std::string histogram = chartPartXml(frequency.charts().front());
+  EXPECT_TRUE(has(histogram, "<c:gapWidth val=\"0\"/>"));
+  EXPECT_TRUE(has(histogram, "<c:smooth val=\"1\"/>"));
+  EXPECT_TRUE(has(histogram, "<c:numLit>"));  // the normal curve: no cell holds it
+  EXPECT_TRUE(has(histogram, "<c:strLit>"));  // "from - to" labels
+  EXPECT_TRUE(has(histogram, "<c:max val=\"100\"/><c:min val=\"0\"/>"));
+  EXPECT_TRUE(has(histogram, "<c:v>Cumulative Frequency</c:v>"));
+
+  const std::filesystem::path file =
+      std::filesystem::temp_directory_path() / ("orv-chart-file-" + std::to_string(::getpid()) + ".xlsx");
+  writeNewWorkbook(book, file);
+  EXPECT_GT(std::filesystem::file_size(file), 1000U);
+  if (const char* keep = std::getenv("ORV_CHART_WORKBOOK")) std::filesystem::copy_file(file, keep, std::filesystem::copy_options::overwrite_existing);
+  std::filesystem::remove(file);
+}
+
+}  // namespace
+}  // namespace orv::test

@@ -79,6 +79,12 @@ int runAnalysis(const FileOptions& files, const AnalysisRequest& request) {
     const Range pasted = request.run();
     const ValueArray2D block = pasted.Values();
     const std::string sheetName = pasted.Parent().Name();
+    std::vector<std::string> formats;  // row by row, for the printed table
+    for (std::int32_t r = 1; r <= pasted.RowsCount(); ++r) {
+      for (std::int32_t c = 1; c <= pasted.ColumnsCount(); ++c) {
+        formats.push_back(pasted.Cells(r, c).NumberFormat());
+      }
+    }
 
     std::filesystem::path target = files.inPlace ? files.input : files.out;
     if (!target.empty()) {
@@ -95,6 +101,9 @@ int runAnalysis(const FileOptions& files, const AnalysisRequest& request) {
       }
     }
     progress.clear();
+    const std::vector<std::string> warnings =
+        request.warnings ? *request.warnings : std::vector<std::string>{};
+    for (const std::string& w : warnings) std::cerr << "orvella: warning: " << w << "\n";
 
     if (files.json) {
       nlohmann::json doc;
@@ -105,10 +114,11 @@ int runAnalysis(const FileOptions& files, const AnalysisRequest& request) {
                        {"cell", pasted.Cells(1, 1).Address()},
                        {"range", pasted.Address()}};
       doc["written"] = target.empty() ? nlohmann::json(nullptr) : nlohmann::json(target.string());
+      doc["warnings"] = warnings;
       doc["block"] = blockToJson(block);
       std::cout << doc.dump(2) << "\n";
     } else {
-      std::cout << formatTable(block) << std::flush;
+      std::cout << formatTable(block, &formats) << std::flush;
       if (!target.empty()) {
         std::cerr << fmt::format("Results written to {}, sheet \"{}\" at {}.\n", target.string(),
                                  sheetName, pasted.Cells(1, 1).Address());

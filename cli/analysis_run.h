@@ -3,11 +3,15 @@
 // analysis as an add-in would, then print the written block and write the workbook if asked.
 //
 // Exit codes: 0 success, 1 the analysis or a file failed, 2 wrong usage.
+//
+// References reach the analyses through usedCells (cli/used_cells.h), which cuts whole columns
+// and rows ("A:A") to the used cells of their sheet.
 
 #include <filesystem>
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include <nlohmann/json.hpp>
 
@@ -40,6 +44,9 @@ struct AnalysisRequest {
   ErrorContext context;       // references, for error sentences
   // Sets up and runs the public analysis object; returns the block it pasted.
   std::function<Range()> run;
+  // Where `run` leaves notes that do not stop it (empty cells counted as 0, ...): printed on
+  // standard error after a successful run, one line each, and listed in the JSON report.
+  const std::vector<std::string>* warnings = nullptr;
 };
 
 int runAnalysis(const FileOptions& files, const AnalysisRequest& request);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <string_view>
 #include <vector>
 
 #include "frame/conversions.h"
@@ -15,8 +16,30 @@ std::string shortNumber(double x) {
   return buf;
 }
 
-std::string cellText(const CellValue& v) {
-  return v.isNumber() ? shortNumber(v.number()) : toText(v);
+// "0", "0.00": the number of decimals; -1 for any other format.
+int fixedDecimals(std::string_view format) {
+  if (format.empty() || format.front() != '0') return -1;
+  if (format == "0") return 0;
+  if (format.size() < 3 || format[1] != '.') return -1;
+  for (char c : format.substr(2)) {
+    if (c != '0') return -1;
+  }
+  return static_cast<int>(format.size() - 2);
+}
+
+std::string formattedNumber(double x, std::string_view format) {
+  const std::size_t markEnd = format.find_first_not_of("<>=");
+  const std::string_view mark = format.substr(0, std::min(markEnd, format.size()));
+  const int decimals = fixedDecimals(format.substr(mark.size()));
+  if (decimals < 0) return std::string(mark) + shortNumber(x);
+  char buf[64];
+  std::snprintf(buf, sizeof buf, "%.*f", decimals, x);
+  return std::string(mark) + buf;
+}
+
+std::string cellText(const CellValue& v, std::string_view format = {}) {
+  if (!v.isNumber()) return toText(v);
+  return format.empty() ? shortNumber(v.number()) : formattedNumber(v.number(), format);
 }
 
 // Heading lines ("Descriptive Statistics for:", "Input Range = ...") stand alone in column 1 of
@@ -30,15 +53,21 @@ bool isHeadingRow(const ValueArray2D& block, std::int32_t r) {
 
 }  // namespace
 
-std::string formatTable(const ValueArray2D& block) {
+std::string formatTable(const ValueArray2D& block, const std::vector<std::string>* numberFormats) {
   const std::int32_t rows = block.rows();
   const std::int32_t cols = block.columns();
+  const auto shown = [&](const CellValue& v, std::int32_t r, std::int32_t c) {
+    if (numberFormats == nullptr) return cellText(v);
+    const auto at = static_cast<std::size_t>(r - 1) * static_cast<std::size_t>(cols) +
+                    static_cast<std::size_t>(c - 1);
+    return cellText(v, at < numberFormats->size() ? (*numberFormats)[at] : "");
+  };
   std::vector<std::size_t> width(static_cast<std::size_t>(cols), 0);
   for (std::int32_t r = 1; r <= rows; ++r) {
     if (isHeadingRow(block, r)) continue;
     for (std::int32_t c = 1; c <= cols; ++c) {
       auto& w = width[static_cast<std::size_t>(c - 1)];
-      w = std::max(w, cellText(block(r, c)).size());
+      w = std::max(w, shown(block(r, c), r, c).size());
     }
   }
   // Trailing empty rows of the block are not printed.
@@ -54,15 +83,17 @@ std::string formatTable(const ValueArray2D& block) {
   for (std::int32_t r = 1; r <= last; ++r) {
     std::string line;
     if (isHeadingRow(block, r)) {
-      line = cellText(block(r, 1));
+      line = shown(block(r, 1), r, 1);
     } else {
       for (std::int32_t c = 1; c <= cols; ++c) {
         const std::size_t w = width[static_cast<std::size_t>(c - 1)];
         if (w == 0) continue;
-        const std::string text = cellText(block(r, c));
+        const std::string text = shown(block(r, c), r, c);
         const std::string pad(w - text.size(), ' ');
         if (c > 1) line += "  ";
-        line += c == 1 ? text + pad : pad + text;
+        // Column 1 holds labels, but also numbers (frequency categories, plot values): those
+        // stand right like every number.
+        line += c == 1 && !block(r, c).isNumber() ? text + pad : pad + text;
       }
     }
     while (!line.empty() && line.back() == ' ') line.pop_back();

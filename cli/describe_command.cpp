@@ -7,7 +7,9 @@
 #include <vector>
 
 #include "cli/analysis_run.h"
+#include "cli/used_cells.h"
 #include "descriptive/clsDS.h"
+#include "support/host_session.h"
 
 namespace orv::cli {
 namespace {
@@ -119,7 +121,7 @@ int run(const DescribeOptions& o) {
     ds.ErrorYTitle(o.errorYTitle);
     ds.ErrorCentre(o.errorCentre);
     ds.ErrorError(o.errorBars);
-    ds.InputRange(o.input);
+    ds.InputRange(usedCells(HostSession::Application(), o.input));
     ds.OutputRange(o.output);
     ds.Results(o.overwrite);
     return *ds.pastedBlock();

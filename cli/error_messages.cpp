@@ -19,6 +19,10 @@ struct Entry {
   std::string_view text;
 };
 
+// The host's "Object variable or With block variable not set": an unqualified reference with no
+// active sheet to stand on.
+constexpr std::int32_t kObjectVariableNotSet = 91;
+
 // Every error number the component, the support services and the file layer raise.
 constexpr std::array kMessages = {
     Entry{err::kOutputRangeInvalid, Form::Fixed,
@@ -59,17 +63,23 @@ constexpr std::array kMessages = {
           "values, which is more than the analysis can take."},
     Entry{err::kDivisionByZero, Form::Fixed,
           "The calculation divided by zero, for example a coefficient of variation of a column "
-          "whose mean is 0."},
+          "whose mean is 0, angles whose directions cancel out (such as 0 and 180), which have "
+          "no mean direction, or frequencies that are all 0."},
     Entry{err::kSubscriptOutOfRange, Form::Fixed,
           "A statistic asked for an observation the column does not have, for example a "
           "percentile or k-th value of a column with too few numbers, or any statistic of an "
           "empty column."},
     Entry{err::kTypeMismatch, Form::Fixed,
-          "A cell that should hold a number holds a text or an error value."},
+          "A cell that should hold a number holds a text or an error value, or a column of "
+          "angles has a single data cell; the circular statistics need at least two rows of "
+          "angles."},
     Entry{err::kInvalidProcedureCall, Form::Fixed,
           "The calculation has no defined value for these data (a square root or logarithm of an "
           "invalid number)."},
     Entry{err::kObjectRequired, Form::Fixed, "No workbook is open for the analysis."},
+    Entry{kObjectVariableNotSet, Form::Fixed,
+          "No sheet is active to read the reference \"{input}\" on. Name the sheet in the "
+          "reference, for example \"Data!A1:A20\"."},
     Entry{err::kOutOfMemory, Form::Fixed, "The analysis ran out of memory."},
 };
 

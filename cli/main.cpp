@@ -3,7 +3,9 @@
 #include <CLI/CLI.hpp>
 
 #include "cli/analysis_run.h"
+#include "cli/circular_command.h"
 #include "cli/describe_command.h"
+#include "cli/frequency_command.h"
 #include "cli/sheets_command.h"
 
 #ifndef ORVELLA_VERSION
@@ -11,7 +13,8 @@
 #endif
 
 int main(int argc, char** argv) {
-  CLI::App app{"Orvella: descriptive statistics for spreadsheet data.\n"
+  CLI::App app{"Orvella: descriptive statistics, circular statistics and frequency distributions\n"
+               "for spreadsheet data.\n"
                "Reads a workbook, writes a labelled results table into it, and prints the table."};
   app.set_version_flag("--version", "orvella " ORVELLA_VERSION);
   app.require_subcommand(1);
@@ -19,11 +22,15 @@ int main(int argc, char** argv) {
   orvella sheets plants.xlsx
   orvella describe plants.xlsx --input "Heights!A1:C13" --headers --all
   orvella describe plants.xlsx --input "Heights!A1:C13" --headers --mean --sd -o results.xlsx
+  orvella circular headings.xlsx --input "Pigeons!A1:B16" --headers --rayleigh
+  orvella frequency survey.xlsx --input "Survey!B1:B31" --headers --nominal
 
 Run "orvella COMMAND --help" for the options of a command.)");
 
   int exitCode = orv::cli::kExitOk;
   orv::cli::addDescribeCommand(app, exitCode);
+  orv::cli::addCircularCommand(app, exitCode);
+  orv::cli::addFrequencyCommand(app, exitCode);
   orv::cli::addSheetsCommand(app, exitCode);
 
   try {

@@ -1,0 +1,118 @@
+#include "cli/circular_command.h"
+
+#include <CLI/CLI.hpp>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "circular/clsDSCirc.h"
+#include "cli/analysis_run.h"
+#include "cli/used_cells.h"
+#include "support/host_session.h"
+
+namespace orv::cli {
+namespace {
+
+// A statistic flag: its name on the command line, its help and the option of clsDSCirc it sets.
+struct StatisticFlag {
+  const char* name;
+  const char* help;
+  void (clsDSCirc::*set)(bool);
+};
+
+// In the order of the table's rows.
+const std::vector<StatisticFlag> kFlags = {
+    {"--mean-angle", "direction of the mean vector, degrees", &clsDSCirc::GetMean},
+    {"--mean-vector", "length r of the mean vector, 0 (spread) to 1 (all equal)",
+     &clsDSCirc::GetMeanVector},
+    {"--angular-sd", "angular deviation, degrees", &clsDSCirc::GetAngularSD},
+    {"--angular-var", "angular variance, square degrees", &clsDSCirc::GetAngularVar},
+    {"--circular-sd", "circular standard deviation, degrees", &clsDSCirc::GetCircularSD},
+    {"--circular-var", "circular variance, square degrees", &clsDSCirc::GetCircularVar},
+    {"--cl", "half-width of the 95% confidence interval of the mean angle (from 8 angles)",
+     &clsDSCirc::GetCL},
+    {"--count", "number of angles", &clsDSCirc::GetCount},
+    {"--rayleigh", "Rayleigh's Z and its probability under uniform directions",
+     &clsDSCirc::GetRayleigh},
+};
+
+struct CircularOptions {
+  FileOptions files;
+  std::string input;
+  std::string output;
+  bool headers = false;
+  bool overwrite = false;
+  bool all = false;
+  bool plot = false;
+  std::vector<int> chosen = std::vector<int>(kFlags.size(), 0);  // times each flag was given
+};
+
+nlohmann::json optionsJson(const CircularOptions& o) {
+  nlohmann::json j;
+  j["headers"] = o.headers;
+  j["overwrite"] = o.overwrite;
+  j["output"] = o.output.empty() ? nlohmann::json(nullptr) : nlohmann::json(o.output);
+  nlohmann::json stats = nlohmann::json::array();
+  for (std::size_t i = 0; i < kFlags.size(); ++i) {
+    if (o.all || o.chosen[i]) stats.push_back(std::string(kFlags[i].name + 2));
+  }
+  j["statistics"] = stats;
+  j["plot"] = o.plot;
+  return j;
+}
+
+int run(const CircularOptions& o) {
+  AnalysisRequest request;
+  request.analysis = "circular";
+  request.options = optionsJson(o);
+  request.context = ErrorContext{o.input, o.output};
+  request.run = [&o]() {
+    clsDSCirc circ;
+    circ.Headers(o.headers);
+    for (std::size_t i = 0; i < kFlags.size(); ++i) {
+      if (o.all || o.chosen[i]) (circ.*kFlags[i].set)(true);
+    }
+    circ.Plot(o.plot);
+    circ.InputRange(usedCells(HostSession::Application(), o.input));
+    circ.OutputRange(o.output);
+    circ.Results(o.overwrite);
+    return *circ.pastedBlock();
+  };
+  return runAnalysis(o.files, request);
+}
+
+}  // namespace
+
+void addCircularCommand(CLI::App& app, int& exitCode) {
+  auto options = std::make_shared<CircularOptions>();
+  CircularOptions& o = *options;
+  CLI::App* cmd = app.add_subcommand("circular", "Circular statistics of angles in degrees (0 to 360)");
+  cmd->footer(R"(Each column holds angles in degrees, read down to its first empty cell. With no
+statistic chosen the table holds every row but Rayleigh's.
+
+Examples:
+  orvella circular headings.xlsx --input "Pigeons!A1:B16" --headers
+  orvella circular headings.xlsx -i "Pigeons!A1:B16" --headers --mean-angle --mean-vector \
+      --rayleigh --plot -o results.xlsx
+  orvella circular headings.xlsx -i "Pigeons!A:A" --headers --all --json)");
+  addFileOptions(*cmd, o.files);
+  cmd->add_option("-i,--input", o.input,
+                  "range of angles, e.g. \"Data!A1:B20\" or \"A1:A10,C1:C10\" (whole columns such "
+                  "as A:B stop at the last used row)")
+      ->required();
+  cmd->add_option("--output", o.output,
+                  "cell where the table goes, e.g. \"Data!F1\" (default: a new sheet at the end)");
+  cmd->add_flag("--overwrite", o.overwrite, "replace whatever is in the output area");
+  cmd->add_flag("--headers", o.headers, "the first row of every column holds its name");
+  cmd->add_flag("--all", o.all, "every statistic, Rayleigh's test included");
+  for (std::size_t i = 0; i < kFlags.size(); ++i) {
+    cmd->add_flag(kFlags[i].name, o.chosen[i], kFlags[i].help);
+  }
+  cmd->add_flag("--plot", o.plot,
+                "add the sine and cosine of every angle below the table (\"Data for Plots\") and "
+                "draw one circular scatter chart per column beside it");
+  cmd->callback([options, &exitCode] { exitCode = run(*options); });
+}
+
+}  // namespace orv::cli

@@ -15,6 +15,9 @@ constexpr std::string_view kCumulativePrefix = "Cumulative ";
 // Cumulative percentages are percent numbers (40 for 40 %), shown with the sign.
 constexpr std::string_view kPercentFormat = "0\"%\"";
 constexpr double kPercentTop = 100;
+// Palette indices: red and black.
+constexpr std::int32_t kNormalColorIndex = 3;
+constexpr std::int32_t kCumulativeColorIndex = 1;
 
 template <class T>
 const T& set(const std::optional<T>& value) {
@@ -68,7 +71,7 @@ void HistogramBuilder::ChartHeight(std::int32_t points) { kProc("LetChartHeight"
 void HistogramBuilder::ChartWidth(std::int32_t points) { kProc("LetChartWidth", [&] { chartWidth_ = points; }); }
 void HistogramBuilder::CategoryLabels(const SeriesSource& labels) { kProc("SetCategoryLabels", [&] { labels_ = labels; }); }
 void HistogramBuilder::CountsRange(const Range& cells) { kProc("SetCountsRange", [&] { counts_ = cells; }); }
-void HistogramBuilder::NormalCounts(const ValueArray1D& expected) { kProc("SetNormalCounts", [&] { normal_ = expected; }); }
+void HistogramBuilder::NormalCounts(const SeriesSource& expected) { kProc("SetNormalCounts", [&] { normal_ = expected; }); }
 void HistogramBuilder::CumulativePercentsRange(const Range& cells) {
   kProc("SetCumulativePercentsRange", [&] { cumulative_ = cells; });
 }
@@ -89,11 +92,16 @@ void HistogramBuilder::CreatePlot() {
     // Touching columns: the categories are adjacent stretches of one scale.
     chart.ChartGroups(1).SetGapWidth(0);
 
-    if (normal_) addLine(chart, *normal_, labels, std::string(kNormal)).SetSmooth(true);
+    if (normal_) {
+      Series& normal = addLine(chart, *normal_, labels, std::string(kNormal));
+      normal.SetSmooth(true);
+      normal.Border().SetColorIndex(kNormalColorIndex);
+    }
     if (cumulative_) {
       Series& cumulative =
           addLine(chart, *cumulative_, labels, std::string(kCumulativePrefix) + std::string(kFrequency));
       cumulative.SetAxisGroup(HostConstants::SecondaryGroup());
+      cumulative.Border().SetColorIndex(kCumulativeColorIndex);
       Axis& percents = chart.Axes(HostConstants::ValueAxis(), HostConstants::SecondaryGroup());
       plainAxis(percents, "");
       percents.SetMinimumScale(0);

@@ -4,8 +4,10 @@
 // Columns of the counts with no gap between them (series "Frequency"); optionally a smooth line
 // "Normal" of expected counts on the same axes, and a line "Cumulative Frequency" of cumulative
 // percentages (percent numbers) on a secondary axis from 0 to 100. Counts and cumulative
-// percentages come from cells, so the chart follows edits of the table; the category labels come
-// from cells or are literal texts, the expected counts are literal numbers (no cell holds them).
+// percentages come from cells, so the chart follows edits of the table; the category labels and
+// the expected counts come from cells or are literal values. The normal curve is red and the
+// cumulative line black: the host's automatic colours for a second and third series (magenta,
+// yellow) are hard to see on white.
 // A legend is shown when there is more than one series. Placement as the other builders: the
 // output cell's corner moved by the offsets (points), a vertical offset that reaches the sheet's
 // last row dropped. Titles: 10-point, the chart's bold; empty means none. Every call draws a new
@@ -42,7 +44,7 @@ class HistogramBuilder {
   // One cell per category each, top to bottom.
   void CategoryLabels(const SeriesSource& labels);
   void CountsRange(const Range& cells);
-  void NormalCounts(const ValueArray1D& expected);       // not set: no normal curve
+  void NormalCounts(const SeriesSource& expected);       // not set: no normal curve
   void CumulativePercentsRange(const Range& cells);      // not set: no cumulative line
 
   void CreatePlot();
@@ -52,7 +54,7 @@ class HistogramBuilder {
   std::int32_t horizontalOffset_ = 0;
   std::optional<Range> output_, counts_, cumulative_;
   std::optional<SeriesSource> labels_;
-  std::optional<ValueArray1D> normal_;
+  std::optional<SeriesSource> normal_;
   std::string chartTitle_, xAxisTitle_, yAxisTitle_;
   std::int32_t chartHeight_ = 200;
   std::int32_t chartWidth_ = 300;

@@ -67,6 +67,8 @@ class ChartBorder {
   virtual ~ChartBorder() = default;
   virtual void SetLineStyle(host::LineStyle style) = 0;
   virtual void SetWeight(host::BorderWeight weight) = 0;
+  // Palette index 1 to 56 of the line's colour.
+  virtual void SetColorIndex(std::int32_t index) = 0;
 };
 
 class ChartInterior {

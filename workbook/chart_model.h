@@ -75,6 +75,7 @@ struct SeriesModel {
   std::int32_t markerSize = 7;
   std::optional<ErrorBarsModel> errorBars;
   std::int32_t fillColorIndex = -4105;  // bars; automatic by default
+  std::int32_t lineColorIndex = -4105;  // the joining line; automatic by default
 };
 
 struct AxisModel {

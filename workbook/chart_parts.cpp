@@ -30,6 +30,13 @@ void RecordedBorder::SetWeight(host::BorderWeight weight) {
   weight_() = points;
 }
 
+void RecordedBorder::SetColorIndex(std::int32_t index) {
+  if (!colorIndex_ || index < 1 || index > 56) {
+    raiseHost("Unable to set the ColorIndex property of the Border class");
+  }
+  colorIndex_() = index;
+}
+
 void RecordedInterior::SetColorIndex(std::int32_t index) {
   const bool palette = index >= 1 && index <= 56;
   if (!palette && index != kColorIndexAutomatic && index != kColorIndexNone) {

@@ -33,14 +33,17 @@ class RecordedFont final : public ChartFont {
 // model has a field for it (an empty function: none).
 class RecordedBorder final : public ChartBorder {
  public:
-  RecordedBorder(FieldOf<bool> drawn, FieldOf<double> weight)
-      : drawn_(std::move(drawn)), weight_(std::move(weight)) {}
+  // Fields the recorded model lacks are empty: setting them is a host failure.
+  RecordedBorder(FieldOf<bool> drawn, FieldOf<double> weight, FieldOf<std::int32_t> colorIndex = {})
+      : drawn_(std::move(drawn)), weight_(std::move(weight)), colorIndex_(std::move(colorIndex)) {}
   void SetLineStyle(host::LineStyle style) override;
   void SetWeight(host::BorderWeight weight) override;
+  void SetColorIndex(std::int32_t index) override;
 
  private:
   FieldOf<bool> drawn_;
   FieldOf<double> weight_;
+  FieldOf<std::int32_t> colorIndex_;
 };
 
 class RecordedInterior final : public ChartInterior {

@@ -119,7 +119,8 @@ void InMemoryErrorBars::SetEndStyle(host::EndStyle style) { model().endCaps = st
 // --- series ---------------------------------------------------------------------------------
 
 InMemorySeries::InMemorySeries(InMemoryChart& chart)
-    : chart_(&chart), errorBars_(*this), border_([this]() -> bool& { return model().line; }, {}) {}
+    : chart_(&chart), errorBars_(*this), border_([this]() -> bool& { return model().line; }, {},
+              [this]() -> std::int32_t& { return model().lineColorIndex; }) {}
 
 SeriesModel& InMemorySeries::model() {
   if (deleted_) raiseHost("The series was deleted");

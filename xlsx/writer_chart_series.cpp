@@ -24,7 +24,7 @@ std::string head(std::size_t index, const SeriesModel& series) {
 
 std::string seriesLine(const SeriesModel& series, std::size_t index, bool stock) {
   if (stock || !series.line) return shapeProperties("", line(std::nullopt));
-  return shapeProperties("", line(automaticLineRgb(index), kSeriesLine));
+  return shapeProperties("", line(paletteRgb(series.lineColorIndex).value_or(automaticLineRgb(index)), kSeriesLine));
 }
 
 std::string_view symbolName(MarkerSymbol symbol, std::size_t index) {

@@ -53,8 +53,11 @@ TEST_F(ChartTest, ScatterPlotsAndHistogramsBecomeChartParts) {
   const std::string histogram = chartPartXml(frequency.charts().front());
   EXPECT_TRUE(has(histogram, "<c:gapWidth val=\"0\"/>"));
   EXPECT_TRUE(has(histogram, "<c:smooth val=\"1\"/>"));
-  EXPECT_TRUE(has(histogram, "<c:numLit>"));  // the normal curve: no cell holds it
-  EXPECT_TRUE(has(histogram, "<c:strLit>"));  // "from - to" labels
+  // The normal curve and the "from - to" labels come from the cells written below the table.
+  EXPECT_FALSE(has(histogram, "<c:numLit>"));
+  EXPECT_FALSE(has(histogram, "<c:strLit>"));
+  EXPECT_TRUE(has(histogram, "<c:cat><c:strRef>"));
+  EXPECT_TRUE(has(histogram, "<a:srgbClr val=\"FF0000\"/>"));  // the red normal curve
   EXPECT_TRUE(has(histogram, "<c:max val=\"100\"/><c:min val=\"0\"/>"));
   EXPECT_TRUE(has(histogram, "<c:v>Cumulative Frequency</c:v>"));
 

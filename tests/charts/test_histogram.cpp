@@ -44,10 +44,18 @@ class HistogramTest : public ChartTest {
     return ref(t.headingRow + 1, left, t.lastRows[v], left);
   }
 
-  static std::vector<double> literal(const ChartData& d) {
+  // The plotted numbers, from the cells' cache or the literal values.
+  static std::vector<double> numbers(const ChartData& d) {
     std::vector<double> out;
-    for (const std::optional<double>& v : d.literal) out.push_back(v.value_or(NAN));
+    for (const std::optional<double>& v : d.cells ? d.cached : d.literal) out.push_back(v.value_or(NAN));
     return out;
+  }
+
+  // Variable v's column c (0 labels, 1 normal) of the histogram data below the pasted block.
+  SheetRef extra(const clsFreq& freq, std::size_t v, std::int32_t c, std::int32_t n) {
+    const std::int32_t first = freq.tables().back().lastRows.front() + 5;
+    const std::int32_t col = 6 + static_cast<std::int32_t>(v) * 5 + c;
+    return ref(first, col, first + n - 1, col);
   }
 };
 
@@ -83,7 +91,8 @@ TEST_F(HistogramTest, OneChartPerVariableWithTouchingColumnsAndTheNormalCurve) {
     EXPECT_EQ(bars.name, "Frequency");
     EXPECT_EQ(bars.kind, ChartKind::ColumnClustered);
     EXPECT_EQ(bars.values.cells, column(freq, v, 2));
-    EXPECT_FALSE(bars.categories.cells.has_value());
+    const auto n = static_cast<std::int32_t>(labels[v].size());
+    EXPECT_EQ(bars.categories.cells, extra(freq, v, 0, n));
     EXPECT_EQ(bars.categories.cached, labels[v]);
 
     // The normal curve, against the data's own mean and sample deviation.
@@ -100,8 +109,8 @@ TEST_F(HistogramTest, OneChartPerVariableWithTouchingColumnsAndTheNormalCurve) {
     EXPECT_EQ(normal.marker, MarkerSymbol::None);
     EXPECT_TRUE(normal.smooth);
     EXPECT_EQ(normal.axisGroup, AxisGroup::Primary);
-    EXPECT_FALSE(normal.values.cells.has_value());
-    const std::vector<double> expected = literal(normal.values);
+    EXPECT_EQ(normal.values.cells, extra(freq, v, 1, n));
+    const std::vector<double> expected = numbers(normal.values);
     ASSERT_EQ(expected.size(), edges[v].size());
     for (std::size_t i = 0; i < expected.size(); ++i) {
       EXPECT_NEAR(expected[i], 10 * (below(edges[v][i].second, 1) - below(edges[v][i].first, 0)), 1e-7) << i;
@@ -187,9 +196,42 @@ TEST_F(HistogramTest, PreCountedBinsFitTheCurveToTheTable) {
   // Observations at the middles 15, 25, 35 (the last bin closed one width up).
   const double mean = (2 * 15 + 5 * 25 + 3 * 35) / 10.0;
   const double sd = std::sqrt((2 * std::pow(15 - mean, 2) + 5 * std::pow(25 - mean, 2) + 3 * std::pow(35 - mean, 2)) / 9);
-  const std::vector<double> expected = literal(c.series[1].values);
+  const std::vector<double> expected = numbers(c.series[1].values);
   ASSERT_EQ(expected.size(), 3U);
   EXPECT_NEAR(expected[1], 10 * (phi((30 - mean) / sd) - phi((20 - mean) / sd)), 1e-7);
+}
+
+TEST_F(HistogramTest, TheDataBelowTheBlockIsHeadedAndNamedPerVariable) {
+  clsFreq freq;
+  analyse(freq);
+  const std::int32_t heading = freq.tables().back().lastRows.front() + 2;
+  EXPECT_EQ(cells(heading, 6, heading, 6).Value(), CellValue(std::string("Data for Histogram")));
+  EXPECT_TRUE(cells(heading, 6, heading, 6).Format().bold);
+  EXPECT_EQ(cells(heading + 1, 6, heading + 1, 6).Value(), CellValue(std::string("Length")));
+  EXPECT_EQ(cells(heading + 1, 11, heading + 1, 11).Value(), CellValue(std::string("Width")));
+  EXPECT_EQ(cells(heading + 2, 6, heading + 2, 6).Value(), CellValue(std::string("Category")));
+  EXPECT_EQ(cells(heading + 2, 7, heading + 2, 7).Value(), CellValue(std::string("Normal")));
+  EXPECT_EQ(cells(heading + 3, 6, heading + 3, 6).Value(), CellValue(std::string("<10")));
+  EXPECT_EQ(cells(heading + 3, 7, heading + 3, 7).NumberFormat(), "0.00");
+}
+
+TEST_F(HistogramTest, AnOccupiedAreaBelowTheBlockKeepsItsCellsAndTheChartsUseLiterals) {
+  clsFreq probe;
+  analyse(probe);
+  const std::int32_t heading = probe.tables().back().lastRows.front() + 2;
+  cells(1, 6, heading + 10, 20).Clear();
+  row(heading + 4, 12, {"keep"});
+
+  clsFreq freq;
+  analyse(freq);
+  EXPECT_EQ(cells(heading + 4, 12, heading + 4, 12).Value(), CellValue(std::string("keep")));
+  EXPECT_TRUE(cells(heading, 6, heading, 6).Value().isEmpty());
+  const ChartModel& c = data.charts().back();
+  ASSERT_EQ(c.series.size(), 2U);
+  EXPECT_FALSE(c.series[0].categories.cells.has_value());
+  EXPECT_EQ(c.series[0].categories.cached, (Labels{"10 - 20", "20 - 30", "30 - 40"}));
+  EXPECT_FALSE(c.series[1].values.cells.has_value());
+  EXPECT_EQ(numbers(c.series[1].values).size(), 3U);
 }
 
 TEST_F(HistogramTest, NoHistogramWithoutTheOption) {

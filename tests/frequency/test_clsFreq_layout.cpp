@@ -226,7 +226,12 @@ TEST_F(FreqDriverTest, AHistogramGetsProposedBinsAndItsOptions) {
   EXPECT_EQ(toText(out.cellValue(16, 1)), "10");
   EXPECT_EQ(toText(out.cellValue(16, 3)), "11");
   EXPECT_EQ(out.cellFormat(16, 1).numberFormat, ">=General");
-  EXPECT_FALSE(out.usedBlock()->bottom > 16);
+  // One free row, then the expected counts of the normal curve (start-point labels need none).
+  EXPECT_TRUE(out.cellValue(17, 1).isEmpty());
+  EXPECT_EQ(toText(out.cellValue(18, 1)), "Data for Histogram");
+  EXPECT_EQ(toText(out.cellValue(20, 2)), "Normal");
+  EXPECT_TRUE(out.cellValue(20, 1).isEmpty());
+  EXPECT_EQ(out.usedBlock()->bottom, 20 + 11);
 
   ASSERT_EQ(f.tables().size(), 1U);
   EXPECT_EQ(f.tables()[0].kind, Kind::ProposedBins);

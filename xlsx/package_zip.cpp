@@ -147,11 +147,37 @@ std::optional<std::string> ZipPackage::read(std::string_view name) const {
 }
 
 void ZipPackage::put(std::string_view name, std::string_view content) {
-  const std::string key(name);
   std::optional<DeflatedPart> deflated = deflatePart(content);
-  if (!deflated) raiseFor(path_, key + ": out of memory while compressing");
+  if (!deflated) raiseFor(path_, std::string(name) + ": out of memory while compressing");
+  putDeflated(name, std::move(*deflated));
+}
+
+std::optional<CompressedEntry> ZipPackage::readDeflated(std::string_view name, std::uint64_t atLeast) const {
+  const std::string key(name);
+  const zip_int64_t index = zip_name_locate(archive_, key.c_str(), ZIP_FL_NOCASE);
+  if (index < 0) return std::nullopt;
+  zip_stat_t stat;
+  if (zip_stat_index(archive_, static_cast<zip_uint64_t>(index), 0, &stat) != 0) fail(key);
+  constexpr zip_uint64_t kNeeded = ZIP_STAT_SIZE | ZIP_STAT_COMP_SIZE | ZIP_STAT_CRC | ZIP_STAT_COMP_METHOD;
+  if ((stat.valid & kNeeded) != kNeeded || stat.comp_method != ZIP_CM_DEFLATE || stat.comp_size < atLeast) {
+    return std::nullopt;
+  }
+  zip_file_t* file = zip_fopen_index(archive_, static_cast<zip_uint64_t>(index), ZIP_FL_COMPRESSED);
+  if (file == nullptr) fail(key);
+  CompressedEntry entry;
+  entry.bytes.assign(static_cast<std::size_t>(stat.comp_size), '\0');
+  const zip_int64_t got = zip_fread(file, entry.bytes.data(), stat.comp_size);
+  zip_fclose(file);
+  if (got < 0 || static_cast<zip_uint64_t>(got) != stat.comp_size) fail(key);
+  entry.crc = stat.crc;
+  entry.size = stat.size;
+  return entry;
+}
+
+void ZipPackage::putDeflated(std::string_view name, DeflatedPart part) {
+  const std::string key(name);
   auto state = std::make_unique<DeflatedSource>();
-  state->part = std::move(*deflated);
+  state->part = std::move(part);
   zip_source_t* source = zip_source_function(archive_, serveDeflated, state.get());
   if (source == nullptr) fail(key);
   state.release();  // the source frees it

@@ -12,11 +12,15 @@
 // Failures to open, read or commit raise kFileUnwritable naming the file. An object that is
 // destroyed without commit() leaves the file on disk as it was.
 
+#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "xlsx/package_deflate.h"
+#include "xlsx/package_splice.h"
 
 struct zip;
 
@@ -43,6 +47,11 @@ class ZipPackage {
   // Replaces the entry of that name (keeping its place) or adds one at the end. The content is
   // deflated at once; libzip keeps only the compressed bytes until commit.
   void put(std::string_view name, std::string_view content);
+  // The compressed bytes of a deflated entry as they lie in the package; none when there is no
+  // such entry, it is stored some other way, or it is smaller than `atLeast` bytes compressed.
+  std::optional<CompressedEntry> readDeflated(std::string_view name, std::uint64_t atLeast = 0) const;
+  // As put, with content already deflated.
+  void putDeflated(std::string_view name, DeflatedPart part);
   // Writes the package to its path.
   void commit();
 

@@ -47,6 +47,21 @@ std::string required(const ZipPackage& zip, const std::string& part) {
   return std::move(*content);
 }
 
+// Compressed parts from this size on are spliced rather than inflated and deflated whole.
+constexpr std::uint64_t kSpliceAbove = std::uint64_t{1} << 20;
+
+// A large deflated sheet loses its selection by rewriting its head alone (package_splice.h);
+// NotPossible for small parts and where no splice can be made, which the caller then edits whole.
+HeadSplice deselectedLargeSheet(const ZipPackage& zip, const std::string& part) {
+  std::optional<CompressedEntry> entry = zip.readDeflated(part, kSpliceAbove);
+  if (!entry) return {};
+  return spliceDeflatedHead(*entry, "sheetData", [](std::string_view head) -> std::optional<std::string> {
+    std::string cleared = withoutTabSelected(head);
+    if (cleared.size() == head.size()) return std::nullopt;  // it only ever takes text out
+    return cleared;
+  });
+}
+
 // Turns library failures into the one error type, naming the file.
 template <class Body>
 void guarded(const std::filesystem::path& out, Body&& body) {
@@ -188,6 +203,7 @@ void editPackage(ZipPackage& zip, InMemoryWorkbook& book, const std::vector<Shee
     for (const auto& [sheet, part] : newParts) attachCharts(parts, part, sheet->geometry(), sheet->charts());
   }
 
+  std::map<std::string, DeflatedPart> spliced;  // large sheets whose head alone was rewritten
   if (activeIsOurs) {
     for (std::size_t i = 0; i < layout.sheets.size(); ++i) {
       const std::string& part = layout.sheetParts[i];
@@ -195,6 +211,11 @@ void editPackage(ZipPackage& zip, InMemoryWorkbook& book, const std::vector<Shee
       if (received.count(i) != 0 && active != nullptr && sameSheetName(layout.sheets[i].name, active->Name())) {
         activeTab = static_cast<std::int32_t>(i);
         continue;
+      }
+      if (edited.count(part) == 0) {
+        HeadSplice splice = deselectedLargeSheet(zip, part);
+        if (splice.outcome == HeadSplice::Outcome::Spliced) spliced.emplace(part, std::move(splice.part));
+        if (splice.outcome != HeadSplice::Outcome::NotPossible) continue;
       }
       std::string current = edited.count(part) != 0 ? edited[part] : required(zip, part);
       std::string cleared = withoutTabSelected(current);
@@ -221,6 +242,7 @@ void editPackage(ZipPackage& zip, InMemoryWorkbook& book, const std::vector<Shee
   if (styles.changed() || !hadStyles) edited[stylesPart] = styles.xml();
 
   for (auto& [part, content] : edited) zip.put(part, std::move(content));
+  for (auto& [part, content] : spliced) zip.putDeflated(part, std::move(content));
 }
 
 }  // namespace

@@ -11,6 +11,7 @@
 #include "frame/errors.h"
 #include "test_writer_support.h"
 #include "workbook/in_memory_application.h"
+#include "xlsx/package_zip.h"
 #include "xlsx/reader_workbook.h"
 #include "xlsx/writer_workbook.h"
 
@@ -138,6 +139,40 @@ TEST_F(WriterPackage, NewSheetIsRegisteredEverywhere) {
   EXPECT_NE(out.at("xl/worksheets/sheet3.xml").find(R"(<c r="A1" s="2" t="inlineStr"><is><t>Count</t></is></c><c r="B1"><v>3</v></c>)"),
             std::string::npos)
       << out.at("xl/worksheets/sheet3.xml");
+}
+
+// A sheet of megabytes loses its selection by a rewrite of its head alone: the rest of its
+// compressed bytes are the original's, and the whole still inflates, CRC checked, to the original
+// text without tabSelected.
+TEST_F(WriterPackage, ALargeSheetLosesItsSelectionWithoutBeingRecompressed) {
+  Entries entries = originalEntries();
+  std::string& sheet = entries[4].second;
+  ASSERT_EQ(entries[4].first, "xl/worksheets/sheet1.xml");
+  std::string rows;
+  std::uint64_t state = 12345;
+  for (int r = 1; r <= 60000; ++r) {
+    rows += "<row r=\"" + std::to_string(r) + "\">";
+    for (const char* column : {"A", "B", "C"}) {
+      state = state * 6364136223846793005ULL + 1442695040888963407ULL;
+      rows += std::string("<c r=\"") + column + std::to_string(r) + "\"><v>" + std::to_string(state >> 40) + "</v></c>";
+    }
+    rows += "</row>";
+  }
+  sheet.replace(sheet.find("<row r=\"1\""), sheet.find("</sheetData>") - sheet.find("<row r=\"1\""), rows);
+  writeZip(folder_ / "big.xlsx", entries);
+  analyse();
+  writeIntoPackage(folder_ / "big.xlsx", *book_, {}, folder_ / "out.xlsx");
+
+  ZipPackage in = ZipPackage::open(folder_ / "big.xlsx");
+  ZipPackage out = ZipPackage::open(folder_ / "out.xlsx");
+  const std::optional<CompressedEntry> before = in.readDeflated("xl/worksheets/sheet1.xml", 1U << 20);
+  const std::optional<CompressedEntry> after = out.readDeflated("xl/worksheets/sheet1.xml");
+  ASSERT_TRUE(before && after);
+  const std::size_t tail = before->bytes.size() / 2;
+  EXPECT_EQ(after->bytes.substr(after->bytes.size() - tail), before->bytes.substr(before->bytes.size() - tail));
+  std::string expected = sheet;
+  expected.erase(expected.find(R"( tabSelected="1")"), 16);
+  EXPECT_TRUE(out.read("xl/worksheets/sheet1.xml") == expected);
 }
 
 TEST_F(WriterPackage, ReceivingSheetKeepsItsOtherContent) {

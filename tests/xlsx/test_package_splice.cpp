@@ -1,0 +1,121 @@
+// Rewriting the head of a deflated part while keeping the compressed rest: the result inflates to
+// the edited text, carries its CRC and length, and every case that cannot be spliced says so.
+
+#include <gtest/gtest.h>
+#include <zlib.h>
+
+#include <random>
+#include <string>
+
+#include "xlsx/package_splice.h"
+#include "xlsx/writer_sheet_splice.h"
+
+namespace orv::test {
+namespace {
+
+std::string sheetXml(std::size_t rows, bool selected) {
+  std::string xml = R"(<?xml version="1.0" encoding="UTF-8" standalone="yes"?>)"
+                    R"(<worksheet xmlns="http://schemas.openxmlformats.org/spreadsheetml/2006/main">)"
+                    R"(<sheetViews><sheetView )";
+  if (selected) xml += R"(tabSelected="1" )";
+  xml += R"(workbookViewId="0"/></sheetViews><sheetData>)";
+  std::mt19937 random(7);
+  std::uniform_real_distribution<double> value(0, 1000);
+  for (std::size_t r = 1; r <= rows; ++r) {
+    xml += "<row r=\"" + std::to_string(r) + "\">";
+    for (char column : std::string("ABCD")) {
+      xml += std::string("<c r=\"") + column + std::to_string(r) + "\"><v>" + std::to_string(value(random)) + "</v></c>";
+    }
+    xml += "</row>";
+  }
+  return xml + "</sheetData></worksheet>";
+}
+
+CompressedEntry deflated(const std::string& text, int level) {
+  z_stream s{};
+  EXPECT_EQ(deflateInit2(&s, level, Z_DEFLATED, -MAX_WBITS, 8, Z_DEFAULT_STRATEGY), Z_OK);
+  std::string out(deflateBound(&s, static_cast<uLong>(text.size())), '\0');
+  s.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(text.data()));
+  s.avail_in = static_cast<uInt>(text.size());
+  s.next_out = reinterpret_cast<Bytef*>(out.data());
+  s.avail_out = static_cast<uInt>(out.size());
+  EXPECT_EQ(deflate(&s, Z_FINISH), Z_STREAM_END);
+  out.resize(out.size() - s.avail_out);
+  deflateEnd(&s);
+  return {out, static_cast<std::uint32_t>(crc32_z(0, reinterpret_cast<const Bytef*>(text.data()), text.size())), text.size()};
+}
+
+std::string inflated(const std::string& bytes, std::size_t size) {
+  z_stream s{};
+  EXPECT_EQ(inflateInit2(&s, -MAX_WBITS), Z_OK);
+  std::string out(size + 1, '\0');
+  s.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(bytes.data()));
+  s.avail_in = static_cast<uInt>(bytes.size());
+  s.next_out = reinterpret_cast<Bytef*>(out.data());
+  s.avail_out = static_cast<uInt>(out.size());
+  EXPECT_EQ(inflate(&s, Z_FINISH), Z_STREAM_END);
+  EXPECT_EQ(s.avail_in, 0U);  // nothing after the final block
+  out.resize(out.size() - s.avail_out);
+  inflateEnd(&s);
+  return out;
+}
+
+std::optional<std::string> deselect(std::string_view head) {
+  std::string cleared = withoutTabSelected(head);
+  if (cleared.size() == head.size()) return std::nullopt;
+  return cleared;
+}
+
+TEST(HeadSplice, TheSplicedPartInflatesToTheEditedTextWithItsCrcAndLength) {
+  const std::string original = sheetXml(40000, true);
+  const std::string expected = withoutTabSelected(original);
+  ASSERT_NE(expected, original);
+  for (int level : {1, 6, 9}) {
+    SCOPED_TRACE(level);
+    const CompressedEntry entry = deflated(original, level);
+    const HeadSplice splice = spliceDeflatedHead(entry, "sheetData", deselect);
+    ASSERT_EQ(splice.outcome, HeadSplice::Outcome::Spliced);
+    EXPECT_EQ(splice.part.size, expected.size());
+    EXPECT_EQ(splice.part.crc, crc32_z(0, reinterpret_cast<const Bytef*>(expected.data()), expected.size()));
+    EXPECT_TRUE(inflated(splice.part.bytes, expected.size()) == expected);
+    // The rest was kept, not recompressed: the original's compressed bytes end the spliced part.
+    const std::size_t kept = splice.keptBytes;
+    ASSERT_GT(kept, 0U);
+    ASSERT_LT(kept, splice.part.bytes.size());
+    EXPECT_TRUE(splice.part.bytes.compare(splice.part.bytes.size() - kept, kept, entry.bytes, entry.bytes.size() - kept, kept) == 0);
+  }
+}
+
+TEST(HeadSplice, NothingToEditLeavesThePartAlone) {
+  const HeadSplice splice = spliceDeflatedHead(deflated(sheetXml(40000, false), 6), "sheetData", deselect);
+  EXPECT_EQ(splice.outcome, HeadSplice::Outcome::Unchanged);
+}
+
+TEST(HeadSplice, PartsThatCannotBeSplicedAreLeftToAWholeRewrite) {
+  const std::string big = sheetXml(40000, true);
+  CompressedEntry truncated = deflated(big, 6);
+  truncated.bytes.resize(2000);
+  CompressedEntry garbage = deflated(big, 6);
+  for (std::size_t i = 0; i < 64; ++i) garbage.bytes[i] = static_cast<char>(0xFF);
+
+  const auto notPossible = [](const CompressedEntry& entry, std::string_view marker) {
+    return spliceDeflatedHead(entry, marker, deselect).outcome == HeadSplice::Outcome::NotPossible;
+  };
+  EXPECT_TRUE(notPossible(deflated(sheetXml(20, true), 6), "sheetData"));  // shorter than the window
+  EXPECT_TRUE(notPossible(deflated(big, 6), "noSuchMarker"));
+  EXPECT_TRUE(notPossible(truncated, "sheetData"));
+  EXPECT_TRUE(notPossible(garbage, "sheetData"));
+  EXPECT_TRUE(spliceDeflatedHead(deflated(big, 6), "sheetData", deselect, 100).outcome ==
+              HeadSplice::Outcome::NotPossible);  // no boundary within the limit
+
+  // An edit that reaches past the marker would shift what the kept blocks refer back to.
+  const auto reachesPast = [](std::string_view head) -> std::optional<std::string> {
+    std::string edited(head);
+    edited[edited.size() - 1] = '#';
+    return edited;
+  };
+  EXPECT_EQ(spliceDeflatedHead(deflated(big, 6), "sheetData", reachesPast).outcome, HeadSplice::Outcome::NotPossible);
+}
+
+}  // namespace
+}  // namespace orv::test

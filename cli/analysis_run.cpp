@@ -52,6 +52,12 @@ void addFileOptions(CLI::App& command, FileOptions& files) {
   command.add_flag("--json", files.json, "print one JSON document instead of the table");
 }
 
+void addOutputOptions(CLI::App& command, std::string& output, bool& overwrite, const std::string& what) {
+  command.add_option("--output", output,
+                     "cell where " + what + ", e.g. \"Data!F1\" (default: a new sheet at the end)");
+  command.add_flag("--overwrite", overwrite, "replace whatever is in the output area");
+}
+
 int runAnalysis(const FileOptions& files, const AnalysisRequest& request) {
   if (!files.out.empty() && files.inPlace) return usage("give either -o/--out or --in-place, not both");
   if (!files.out.empty()) {

@@ -37,6 +37,8 @@ struct FileOptions {
 
 // Adds FILE, -o/--out, --in-place and --json to a subcommand.
 void addFileOptions(CLI::App& command, FileOptions& files);
+// Adds --output and --overwrite; `what` says what lands there ("the table goes").
+void addOutputOptions(CLI::App& command, std::string& output, bool& overwrite, const std::string& what);
 
 struct AnalysisRequest {
   std::string analysis;       // "describe", ...

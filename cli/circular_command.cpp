@@ -101,9 +101,7 @@ Examples:
                   "range of angles, e.g. \"Data!A1:B20\" or \"A1:A10,C1:C10\" (whole columns such "
                   "as A:B stop at the last used row)")
       ->required();
-  cmd->add_option("--output", o.output,
-                  "cell where the table goes, e.g. \"Data!F1\" (default: a new sheet at the end)");
-  cmd->add_flag("--overwrite", o.overwrite, "replace whatever is in the output area");
+  addOutputOptions(*cmd, o.output, o.overwrite, "the table goes");
   cmd->add_flag("--headers", o.headers, "the first row of every column holds its name");
   cmd->add_flag("--all", o.all, "every statistic, Rayleigh's test included");
   for (std::size_t i = 0; i < kFlags.size(); ++i) {

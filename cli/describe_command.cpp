@@ -148,9 +148,7 @@ Charts stand beside the table in the written workbook, the error plot below the 
   addFileOptions(*cmd, o.files);
   cmd->add_option("-i,--input", o.input, "range to analyse, e.g. \"Data!A1:C20\" or \"A1:A10,C1:C10\"")
       ->required();
-  cmd->add_option("--output", o.output,
-                  "cell where the table goes, e.g. \"Data!F1\" (default: a new sheet at the end)");
-  cmd->add_flag("--overwrite", o.overwrite, "replace whatever is in the output area");
+  addOutputOptions(*cmd, o.output, o.overwrite, "the table goes");
   cmd->add_flag("--headers", o.headers, "the first row of every column holds its name");
   cmd->add_flag("--all", o.all, "every statistic except the k-th largest and smallest");
   for (std::size_t i = 0; i < kFlags.size(); ++i) {

@@ -152,9 +152,7 @@ Examples:
                   "how often each data cell counts (weights), or with --bins and no --input the "
                   "counts of each bin");
   cmd->add_option("--bins", o.bins, "one variable of rising bin values, each the lower edge of its bin");
-  cmd->add_option("--output", o.output,
-                  "cell where the tables go, e.g. \"Data!F1\" (default: a new sheet at the end)");
-  cmd->add_flag("--overwrite", o.overwrite, "replace whatever is in the output area");
+  addOutputOptions(*cmd, o.output, o.overwrite, "the tables go");
   cmd->add_flag("--headers", o.headers, "the first cell of every variable holds its name");
   cmd->add_flag("--nominal", o.nominal,
                 "count items (texts, labels) in order of first appearance instead of numbers");

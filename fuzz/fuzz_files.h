@@ -17,6 +17,8 @@
 #include <utility>
 #include <vector>
 
+#include "frame/errors.h"
+#include "workbook/in_memory_application.h"
 #include "xlsx/reader_workbook.h"
 
 namespace orv::fuzz {
@@ -123,6 +125,17 @@ inline ReadLimits fuzzLimits() {
   limits.zip.maxTotalBytes = std::uint64_t{128} << 20;
   limits.maxStoredCells = 2'000'000;
   return limits;
+}
+
+// Opens the file into a fresh host. Refusing it as unreadable is a right answer; any other error
+// number, or anything else thrown, is a finding (abort, so that libFuzzer keeps the input).
+inline void openOrRefuse(const std::filesystem::path& file) {
+  InMemoryApplication app;
+  try {
+    openWorkbookFile(app, file, fuzzLimits());
+  } catch (const ComponentError& e) {
+    if (e.number() != err::kFileUnreadable) std::abort();
+  }
 }
 
 }  // namespace orv::fuzz

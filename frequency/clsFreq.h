@@ -19,8 +19,10 @@
 // the counts as touching columns, with PlotNormal (numerical data) the counts a normal
 // distribution of the data's mean and deviation expects per category, with PlotCumulative the
 // cumulative percentages on a 0..100 axis; categories labelled by their start values
-// (CategoryStartPoint, the table's own cells) or as "from - to" ranges. No chart is drawn for a
-// variable without categories; no normal curve where the data do not vary.
+// (CategoryStartPoint, the table's own cells) or as "from - to" ranges. The ranges and the
+// expected counts go into cells under "Data for Histogram" below the pasted block when those
+// cells are empty (histogram_data_block.h). No chart is drawn for a variable without categories;
+// no normal curve where the data do not vary.
 //
 // The finished block is kept across Results calls until an address property changes its text.
 // Errors leave as ComponentError with source "Line 0 in ORVDescriptives.clsFreq.<procedure>"

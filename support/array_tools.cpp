@@ -8,6 +8,7 @@
 #include "frame/conversions.h"
 #include "frame/errors.h"
 #include "frame/procedure.h"
+#include "support/double_sort.h"
 
 namespace orv {
 namespace {
@@ -54,7 +55,7 @@ bool sortNumbersAndEmpties(std::vector<CellValue>& cells) {
       return false;
     }
   }
-  std::stable_sort(numbers.begin(), numbers.end());
+  stableSortDoubles(numbers);
   std::size_t i = 0;
   for (double x : numbers) cells[i++] = x;
   for (; i < cells.size(); ++i) cells[i] = CellValue();

@@ -656,9 +656,9 @@ void SheetScanner::applyColumnWidths() {
     return root;
   };
   SheetGeometry& geometry = sheet_.geometry();
-  for (auto spec = columns_.rbegin(); spec != columns_.rend(); ++spec) {
-    for (std::int32_t c = find(spec->first); c <= spec->last; c = find(c + 1)) {
-      if (spec->points != geometry.defaultColumnWidth()) geometry.setColumnWidth(c, spec->points);
+  for (auto width = columns_.rbegin(); width != columns_.rend(); ++width) {
+    for (std::int32_t c = find(width->first); c <= width->last; c = find(c + 1)) {
+      if (width->points != geometry.defaultColumnWidth()) geometry.setColumnWidth(c, width->points);
       next[static_cast<std::size_t>(c)] = c + 1;
     }
   }

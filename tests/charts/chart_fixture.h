@@ -1,6 +1,6 @@
 #pragma once
-// A host with one user workbook "Book1.xlsx" (sheet "Data", active) attached to the component,
-// and helpers to fill cells and to read back the charts recorded on a sheet.
+// A host with one workbook "Book1.xlsx" (sheet "Data", active) attached to the component, and
+// helpers to fill cells and read back the charts recorded on a sheet.
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,4 @@
-// The host's automatic layout: the value-axis scale the builders test against 10, and the plot
-// area they enlarge.
+// The host's automatic value-axis scale, which the box and error plots test against 10.
 
 #include <gtest/gtest.h>
 
@@ -45,22 +44,6 @@ TEST(AutomaticValueScale, FollowsTheSpreadsheetRule) {
     EXPECT_DOUBLE_EQ(scale.majorUnit, c.majorUnit);
     EXPECT_LE(scale.maximum / scale.majorUnit - scale.minimum / scale.majorUnit, 10 + 1e-9);
   }
-}
-
-TEST(AutomaticPlotArea, LeavesRoomForATitle) {
-  const PlotAreaModel plain = automaticPlotArea(200, 180, false);
-  EXPECT_DOUBLE_EQ(plain.left, 20);
-  EXPECT_DOUBLE_EQ(plain.width, 170);
-  EXPECT_DOUBLE_EQ(plain.top, 21.6);
-  EXPECT_DOUBLE_EQ(plain.height, 135);
-  EXPECT_FALSE(plain.manual);
-
-  const PlotAreaModel titled = automaticPlotArea(200, 200, true);
-  EXPECT_DOUBLE_EQ(titled.top, 40);
-  EXPECT_DOUBLE_EQ(titled.height, 134);
-  // Both leave the same margin below the plot.
-  EXPECT_DOUBLE_EQ(plain.top + plain.height, 180 * 0.87);
-  EXPECT_DOUBLE_EQ(titled.top + titled.height, 200 * 0.87);
 }
 
 }  // namespace

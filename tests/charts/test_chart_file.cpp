@@ -1,6 +1,5 @@
-// Scatter plots and histograms drawn by the drivers, turned into chart parts and written into a
-// new workbook. Set ORV_CHART_WORKBOOK to a file name to keep the workbook for a look by eye
-// (../shared/tools/render-xlsx).
+// Charts drawn by the drivers, turned into chart parts and written into a new workbook; set
+// ORV_CHART_WORKBOOK to a file name to keep the workbook for a look by eye.
 
 #include <cstdlib>
 #include <filesystem>
@@ -20,8 +19,7 @@ bool has(const std::string& xml, const std::string& part) { return xml.find(part
 
 TEST_F(ChartTest, ScatterPlotsAndHistogramsBecomeChartParts) {
   row(1, 1, {"Wind", "Length"});
-  const double wind[] = {350, 10, 20, 355, 5, 0, 30, 340};
-  const double length[] = {5, 12, 15, 18, 22, 25, 27, 33};
+  const double wind[] = {350, 10, 20, 355, 5, 0, 30, 340}, length[] = {5, 12, 15, 18, 22, 25, 27, 33};
   for (std::int32_t r = 0; r < 8; ++r) row(r + 2, 1, {wind[r], length[r]});
 
   clsDSCirc circ;
@@ -43,13 +41,11 @@ TEST_F(ChartTest, ScatterPlotsAndHistogramsBecomeChartParts) {
   auto& frequency = dynamic_cast<InMemoryWorksheet&>(book.Worksheets(3));
   ASSERT_EQ(circular.charts().size(), 1U);
   ASSERT_EQ(frequency.charts().size(), 1U);
-
   const std::string scatter = chartPartXml(circular.charts().front());
   EXPECT_TRUE(has(scatter, "<c:scatterChart>"));
   EXPECT_TRUE(has(scatter, "<c:scaling><c:orientation val=\"minMax\"/><c:max val=\"1\"/><c:min val=\"-1\"/></c:scaling>"));
   EXPECT_TRUE(has(scatter, "<c:xVal><c:numRef>"));
   EXPECT_FALSE(has(scatter, "majorGridlines"));
-
   const std::string histogram = chartPartXml(frequency.charts().front());
   EXPECT_TRUE(has(histogram, "<c:gapWidth val=\"0\"/>"));
   EXPECT_TRUE(has(histogram, "<c:smooth val=\"1\"/>"));
@@ -60,7 +56,6 @@ TEST_F(ChartTest, ScatterPlotsAndHistogramsBecomeChartParts) {
   EXPECT_TRUE(has(histogram, "<a:srgbClr val=\"FF0000\"/>"));  // the red normal curve
   EXPECT_TRUE(has(histogram, "<c:max val=\"100\"/><c:min val=\"0\"/>"));
   EXPECT_TRUE(has(histogram, "<c:v>Cumulative Frequency</c:v>"));
-
   const std::filesystem::path file =
       std::filesystem::temp_directory_path() / ("orv-chart-file-" + std::to_string(::getpid()) + ".xlsx");
   writeNewWorkbook(book, file);

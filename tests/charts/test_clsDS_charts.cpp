@@ -1,7 +1,5 @@
-// The descriptive driver's chart steps: where DrawBoxPlot and DrawErrorPlot put their charts, the
-// ranges of the pasted table they hand over, and the offset that stacks the charts.
-
-#include <functional>
+// DrawBoxPlot and DrawErrorPlot through clsDS.Results: placement, the pasted rows they read, and
+// the offset that stacks the charts.
 
 #include "chart_fixture.h"
 #include "descriptive/clsDS.h"
@@ -42,14 +40,12 @@ TEST_F(DriverChartTest, TheBoxPlotStandsOneColumnRightOfTheTableAndReadsItsRows)
   clsDS ds;
   ds.PlotBox(true);
   analyse(ds, "Data!D1");  // a table of 3 columns, D:F
-
   const ChartModel& box = onlyChart(data);
   EXPECT_DOUBLE_EQ(box.left, 7 * 48);  // column H
   EXPECT_DOUBLE_EQ(box.top, 0);
   EXPECT_DOUBLE_EQ(box.width, 50 * 3 + 50);
   EXPECT_DOUBLE_EQ(box.height, 180);
   EXPECT_EQ(box.kind, ChartKind::StockOHLC);
-
   const std::int32_t names = rowOf("Median") - 1;
   const std::vector<std::string> order = {"25th Percentile", "Minimum", "Maximum", "75th Percentile",
                                           "Median", "Median"};
@@ -106,8 +102,7 @@ TEST_F(DriverChartTest, TheOffsetKeepsGrowingOverResultsCalls) {
   analyse(ds, "Data!D1");
   std::vector<double> tops;
   for (const ChartModel& chart : data.charts()) tops.push_back(chart.top);
-  // Box plots always start at the table's first row; error plots go 198 points further down on
-  // every call.
+  // Box plots always start at the table's first row; error plots go 198 points lower every call.
   EXPECT_EQ(tops, (std::vector<double>{0, 198, 0, 396}));
 }
 
@@ -116,8 +111,7 @@ TEST_F(DriverChartTest, AtTheLastColumnsTheChartFallsBackIntoTheTable) {
     std::string output;
     std::int32_t outputColumn, anchorColumn;
   };
-  // One data column: a table of 2 columns; its chart wants column 4 of the output range, or
-  // column 2 (the table's own last column) when column 4 lies beyond the sheet.
+  // A table of 2 columns: the chart wants output column 4, else the table's last column.
   const std::vector<Case> cases = {
       {"XFA1", 16381, 16384},
       {"XFB1", 16382, 16383},
@@ -155,18 +149,15 @@ TEST_F(DriverChartTest, ErrorAmountsAreRangesForSpreadsAndDistancesForLimits) {
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.error);
-    InMemoryWorksheet& sheet = data;
-    const std::size_t before = sheet.charts().size();
+    const std::size_t before = data.charts().size();
     clsDS ds;
     ds.PlotError(true);
     ds.ErrorCentre(c.centre);
     ds.ErrorError(c.error);
     analyse(ds, "Data!D1");
-    ASSERT_EQ(sheet.charts().size(), before + 1);
-    const SeriesModel& s = sheet.charts().back().series.front();
-    const std::int32_t centre = rowOf(c.centre);
-    const std::int32_t upper = rowOf(c.upperLabel);
-    const std::int32_t lower = rowOf(c.lowerLabel);
+    ASSERT_EQ(data.charts().size(), before + 1);
+    const SeriesModel& s = data.charts().back().series.front();
+    const std::int32_t centre = rowOf(c.centre), upper = rowOf(c.upperLabel), lower = rowOf(c.lowerLabel);
     EXPECT_EQ(s.values.cells, ref(centre, 5, centre, 6));
     const ErrorBarsModel& bars = *s.errorBars;
     if (!c.distances) {

@@ -37,7 +37,6 @@ TEST_F(PlotErrorTest, OneSeriesOfPointsWithCappedCustomBars) {
   plot.ChartHeight(200);
   plot.VerticalOffset(30);
   plot.CreatePlot();
-
   const ChartModel& chart = onlyChart(data);
   EXPECT_DOUBLE_EQ(chart.left, 4 * 48);
   EXPECT_DOUBLE_EQ(chart.top, 2 * 15 + 30);
@@ -55,7 +54,6 @@ TEST_F(PlotErrorTest, OneSeriesOfPointsWithCappedCustomBars) {
   EXPECT_EQ(s.errorBars->plusAmounts.cells, ref(3, 2, 3, 3));
   EXPECT_EQ(s.errorBars->minusAmounts.cells, ref(4, 2, 4, 3));
   EXPECT_EQ(s.errorBars->minusAmounts.cached, (Cached{0.5, 1.5}));
-
   EXPECT_FALSE(chart.upDownBars);
   EXPECT_FALSE(chart.highLowLines);
   EXPECT_FALSE(chart.legend);
@@ -77,49 +75,30 @@ TEST_F(PlotErrorTest, OneSeriesOfPointsWithCappedCustomBars) {
   EXPECT_DOUBLE_EQ(chart.plotArea.width, 120);
 }
 
-TEST_F(PlotErrorTest, TheLaterSetterOfASideWins) {
-  struct Case {
-    std::string name;
-    std::function<void(clsPlotError&)> amounts;
-    bool plusFromCells, minusFromCells;
-  };
-  const Range plusCells = cells(3, 2, 3, 3);
-  const Range minusCells = cells(4, 2, 4, 3);
-  const std::vector<Case> cases = {
-      {"range then array",
-       [&](clsPlotError& p) {
-         p.ErrorPosRange(plusCells);
-         p.ErrorPosArray(numbers({1.0, 2.0}));
-         p.ErrorNegRange(minusCells);
-         p.ErrorNegArray(numbers({0.5, 1.5}));
-       },
-       false, false},
-      {"array then range",
-       [&](clsPlotError& p) {
-         p.ErrorPosArray(numbers({1.0, 2.0}));
-         p.ErrorPosRange(plusCells);
-         p.ErrorNegArray(numbers({0.5, 1.5}));
-         p.ErrorNegRange(minusCells);
-       },
-       true, true},
-      {"a range above and an array below",
-       [&](clsPlotError& p) {
-         p.ErrorPosRange(plusCells);
-         p.ErrorNegArray(numbers({0.5, 1.5}));
-       },
-       true, false},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.name);
+TEST_F(PlotErrorTest, TheLaterSetterOfASideWinsEachSideOnItsOwn) {
+  const Range plusCells = cells(3, 2, 3, 3), minusCells = cells(4, 2, 4, 3);
+  const ValueArray1D plusArray = numbers({1.0, 2.0}), minusArray = numbers({0.5, 1.5});
+  for (const bool rangeLast : {false, true}) {
+    SCOPED_TRACE(rangeLast ? "plus: array then range" : "plus: range then array");
     clsPlotError plot;
     configure(plot);
-    c.amounts(plot);
+    if (rangeLast) {
+      plot.ErrorPosArray(plusArray);
+      plot.ErrorPosRange(plusCells);
+      plot.ErrorNegRange(minusCells);
+      plot.ErrorNegArray(minusArray);
+    } else {
+      plot.ErrorPosRange(plusCells);
+      plot.ErrorPosArray(plusArray);
+      plot.ErrorNegArray(minusArray);
+      plot.ErrorNegRange(minusCells);
+    }
     plot.CreatePlot();
     const ErrorBarsModel& bars = *data.charts().back().series.front().errorBars;
-    EXPECT_EQ(bars.plusAmounts.cells.has_value(), c.plusFromCells);
-    EXPECT_EQ(bars.minusAmounts.cells.has_value(), c.minusFromCells);
-    EXPECT_EQ(c.plusFromCells ? bars.plusAmounts.cached : bars.plusAmounts.literal, (Cached{1.0, 2.0}));
-    EXPECT_EQ(c.minusFromCells ? bars.minusAmounts.cached : bars.minusAmounts.literal, (Cached{0.5, 1.5}));
+    EXPECT_EQ(bars.plusAmounts.cells.has_value(), rangeLast);
+    EXPECT_EQ(bars.minusAmounts.cells.has_value(), !rangeLast);
+    EXPECT_EQ(rangeLast ? bars.plusAmounts.cached : bars.plusAmounts.literal, (Cached{1.0, 2.0}));
+    EXPECT_EQ(rangeLast ? bars.minusAmounts.literal : bars.minusAmounts.cached, (Cached{0.5, 1.5}));
   }
 }
 
@@ -133,17 +112,9 @@ TEST_F(PlotErrorTest, FailuresReportCreatePlotAndLeaveTheChartAdded) {
   const std::vector<Case> cases = {
       {"no output range", [](clsPlotError&) {}, 91, 0},
       {"no centre range",
-       [&](clsPlotError& p) {
-         p.OutputRange(cells(3, 5, 3, 5));
-         p.HeadersRange(cells(1, 2, 1, 3));
-       },
-       91, 1},
+       [&](clsPlotError& p) { p.OutputRange(cells(3, 5, 3, 5)); p.HeadersRange(cells(1, 2, 1, 3)); }, 91, 1},
       {"no amounts", [&](clsPlotError& p) { configure(p); }, err::kHostFailure, 1},
-      {"no minus amounts",
-       [&](clsPlotError& p) {
-         configure(p);
-         p.ErrorPosRange(cells(3, 2, 3, 3));
-       },
+      {"no minus amounts", [&](clsPlotError& p) { configure(p); p.ErrorPosRange(cells(3, 2, 3, 3)); },
        err::kHostFailure, 1},
       {"a text among the distances",
        [&](clsPlotError& p) {

@@ -1,10 +1,9 @@
-// The histogram of clsFreq.Results: one chart per variable of the binned (else raw) table, its
-// series, their sources in the pasted table, the normal curve and the category labels.
+// The histogram of clsFreq.Results: one chart per variable, its series and their sources, the
+// normal curve, and the histogram data below the table (or literals when that area is taken).
 
 #include <cmath>
 
 #include "chart_fixture.h"
-#include "frame/conversions.h"
 #include "frequency/clsFreq.h"
 
 namespace orv::test {
@@ -124,6 +123,16 @@ TEST_F(HistogramTest, OneChartPerVariableWithTouchingColumnsAndTheNormalCurve) {
     EXPECT_FALSE(y_axis->majorGridlines);
     EXPECT_EQ(axis(c, AxisKind::Value, AxisGroup::Secondary), nullptr);
   }
+  // The data below the pasted block, headed and named per variable.
+  const std::int32_t heading = freq.tables().back().lastRows.front() + 2;
+  EXPECT_EQ(cells(heading, 6, heading, 6).Value(), CellValue(std::string("Data for Histogram")));
+  EXPECT_TRUE(cells(heading, 6, heading, 6).Format().bold);
+  EXPECT_EQ(cells(heading + 1, 6, heading + 1, 6).Value(), CellValue(std::string("Length")));
+  EXPECT_EQ(cells(heading + 1, 11, heading + 1, 11).Value(), CellValue(std::string("Width")));
+  EXPECT_EQ(cells(heading + 2, 6, heading + 2, 6).Value(), CellValue(std::string("Category")));
+  EXPECT_EQ(cells(heading + 2, 7, heading + 2, 7).Value(), CellValue(std::string("Normal")));
+  EXPECT_EQ(cells(heading + 3, 6, heading + 3, 6).Value(), CellValue(std::string("<10")));
+  EXPECT_EQ(cells(heading + 3, 7, heading + 3, 7).NumberFormat(), "0.00");
 }
 
 TEST_F(HistogramTest, TheCumulativeLineUsesThePastedPercentagesOnASecondAxis) {
@@ -201,20 +210,6 @@ TEST_F(HistogramTest, PreCountedBinsFitTheCurveToTheTable) {
   EXPECT_NEAR(expected[1], 10 * (phi((30 - mean) / sd) - phi((20 - mean) / sd)), 1e-7);
 }
 
-TEST_F(HistogramTest, TheDataBelowTheBlockIsHeadedAndNamedPerVariable) {
-  clsFreq freq;
-  analyse(freq);
-  const std::int32_t heading = freq.tables().back().lastRows.front() + 2;
-  EXPECT_EQ(cells(heading, 6, heading, 6).Value(), CellValue(std::string("Data for Histogram")));
-  EXPECT_TRUE(cells(heading, 6, heading, 6).Format().bold);
-  EXPECT_EQ(cells(heading + 1, 6, heading + 1, 6).Value(), CellValue(std::string("Length")));
-  EXPECT_EQ(cells(heading + 1, 11, heading + 1, 11).Value(), CellValue(std::string("Width")));
-  EXPECT_EQ(cells(heading + 2, 6, heading + 2, 6).Value(), CellValue(std::string("Category")));
-  EXPECT_EQ(cells(heading + 2, 7, heading + 2, 7).Value(), CellValue(std::string("Normal")));
-  EXPECT_EQ(cells(heading + 3, 6, heading + 3, 6).Value(), CellValue(std::string("<10")));
-  EXPECT_EQ(cells(heading + 3, 7, heading + 3, 7).NumberFormat(), "0.00");
-}
-
 TEST_F(HistogramTest, AnOccupiedAreaBelowTheBlockKeepsItsCellsAndTheChartsUseLiterals) {
   clsFreq probe;
   analyse(probe);
@@ -232,16 +227,6 @@ TEST_F(HistogramTest, AnOccupiedAreaBelowTheBlockKeepsItsCellsAndTheChartsUseLit
   EXPECT_EQ(c.series[0].categories.cached, (Labels{"10 - 20", "20 - 30", "30 - 40"}));
   EXPECT_FALSE(c.series[1].values.cells.has_value());
   EXPECT_EQ(numbers(c.series[1].values).size(), 3U);
-}
-
-TEST_F(HistogramTest, NoHistogramWithoutTheOption) {
-  clsFreq freq;
-  freq.Headers(true);
-  freq.InputRange("Data!A1:B11");
-  freq.BinRange("Data!D1:D4");
-  freq.OutputRange("Data!F1");
-  freq.Results(true);
-  EXPECT_TRUE(data.charts().empty());
 }
 
 }  // namespace

@@ -1,22 +1,17 @@
-// The histogram's own numbers: category edges as the layout writes the bins, "from - to" labels,
-// the sample's mean and deviation, and the counts a normal distribution expects.
+// The histogram's own numbers: category edges and "from - to" labels for each layout of the bins,
+// and the sample moments the normal curve is fitted with.
 
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
-#include <random>
 
 #include "frequency/histogram_series.h"
-#include "workbook/in_memory_application.h"
 
 namespace orv::test {
 namespace {
 
 using Edges = std::vector<CategoryEdges>;
 constexpr std::optional<double> kOpen = std::nullopt;
-
-double phi(double z) { return 0.5 * std::erfc(-z / std::sqrt(2.0)); }
 
 TEST(HistogramSeries, EdgesFollowTheCategoryFlags) {
   struct Case {
@@ -76,37 +71,6 @@ TEST(HistogramSeries, MomentsCountWeightsAndTakeEmptyCellsAsZero) {
   for (const Case& c : none) {
     SCOPED_TRACE(c.name);
     EXPECT_FALSE(sampleMoments(ValueArray1D(c.cells), std::nullopt).has_value());
-  }
-}
-
-TEST(HistogramSeries, GroupedMomentsTakeTheMiddleOfClosedCategories) {
-  const Edges edges = {{kOpen, 10}, {10, 20}, {20, 30}};
-  // 1 at 10 (open below), 2 at 15, 1 at 25.
-  const std::optional<SampleMoments> m = groupedMoments(edges, {1, 2, 1});
-  ASSERT_TRUE(m.has_value());
-  EXPECT_DOUBLE_EQ(m->mean, (10 + 30 + 25) / 4.0);
-  EXPECT_FALSE(groupedMoments(edges, {0, 1, 0}).has_value());
-}
-
-TEST(HistogramSeries, ExpectedCountsAgreeWithTheNormalDistributionAndTakeTheTails) {
-  InMemoryApplication app;
-  WorksheetFunction& functions = app.worksheetFunction();
-  std::mt19937 random(20240611);
-  std::uniform_real_distribution<double> spread(0.5, 20.0);
-  for (int round = 0; round < 20; ++round) {
-    const SampleMoments m{spread(random) - 10, spread(random)};
-    SCOPED_TRACE(round);
-    const Edges edges = {{kOpen, -5}, {-5, 0}, {0, 5}, {5, kOpen}};
-    const std::vector<double> expected = expectedNormalCounts(edges, 40, m, functions);
-    const auto p = [&](double x) { return phi((x - m.mean) / m.standardDeviation); };
-    const std::vector<double> independent = {40 * p(-5), 40 * (p(0) - p(-5)), 40 * (p(5) - p(0)), 40 * (1 - p(5))};
-    ASSERT_EQ(expected.size(), independent.size());
-    double sum = 0;
-    for (std::size_t i = 0; i < expected.size(); ++i) {
-      EXPECT_NEAR(expected[i], independent[i], 1e-7) << i;
-      sum += expected[i];
-    }
-    EXPECT_NEAR(sum, 40, 1e-9);  // open ends on both sides: the whole distribution
   }
 }
 

@@ -29,11 +29,9 @@ class ScatterPlotTest : public ChartTest {
 TEST_F(ScatterPlotTest, ThreeColumnsGiveThreeSquareChartsStackedBesideTheBlock) {
   clsDSCirc circ;
   analyse(circ, "Data!F2");
-  const Range& block = *circ.pastedBlock();
-  ASSERT_EQ(block.ColumnsCount(), 6);  // the plot data: two columns per data column
+  ASSERT_EQ(circ.pastedBlock()->ColumnsCount(), 6);  // the plot data: two columns per data column
   const Range& source = circ.scatterSources()->data;
   const Range& titles = circ.scatterSources()->titles;
-
   const std::vector<ChartModel>& charts = data.charts();
   ASSERT_EQ(charts.size(), 3U);
   const char* names[] = {"North", "East", "South"};
@@ -76,15 +74,6 @@ TEST_F(ScatterPlotTest, ThreeColumnsGiveThreeSquareChartsStackedBesideTheBlock) 
     EXPECT_LE(c.plotArea.left + c.plotArea.width, 200);
     EXPECT_LE(c.plotArea.top + c.plotArea.height, 200);
   }
-}
-
-TEST_F(ScatterPlotTest, WithoutPlotNoChartIsDrawn) {
-  clsDSCirc circ;
-  analyse(circ, "Data!F2");
-  const std::size_t drawn = data.charts().size();
-  circ.Plot(false);
-  circ.Results(true);
-  EXPECT_EQ(data.charts().size(), drawn);
 }
 
 TEST_F(ScatterPlotTest, TheBuilderNeedsItsRangesAndLeavesAnEmptyTitleOut) {

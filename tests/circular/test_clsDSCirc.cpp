@@ -1,5 +1,4 @@
-// The circular driver end to end on the in-memory host: the whole written block and where it
-// lands, the plot data and the positions the scatter plot reads, error numbers and sources.
+// The circular driver end to end: written blocks, plot data and positions, errors and sources.
 
 #include "circular/clsDSCirc.h"
 
@@ -12,20 +11,13 @@
 namespace orv::test {
 namespace {
 
-using Cells = std::vector<CellValue>;
-
-const Cells kNarrow = {10.0, 20.0, 30.0, 40.0, 50.0, 60.0, 70.0, 80.0};        // mean 45
-const Cells kWide = {100.0, 110.0, 120.0, 130.0, 140.0, 150.0, 160.0, 170.0};  // mean 135
-
-std::vector<double> numbers(const Cells& cells) {
-  std::vector<double> out;
-  for (const CellValue& v : cells) out.push_back(v.number());
-  return out;
-}
+const std::vector<double> kNarrow = {10, 20, 30, 40, 50, 60, 70, 80};          // mean 45
+const std::vector<double> kWide = {100, 110, 120, 130, 140, 150, 160, 170};    // mean 135
+Cells cellsOf(const std::vector<double>& x) { return Cells(x.begin(), x.end()); }
 
 TEST_F(CircularTest, NothingSelectedWritesTheEightDefaultRowsOnANewLastSheet) {
-  fill(2, 1, kNarrow);
-  fill(3, 1, kWide);
+  column(2, 1, cellsOf(kNarrow));
+  column(3, 1, cellsOf(kWide));
   clsDSCirc circ;
   circ.InputRange("Data!B1:C8");
   circ.Results();
@@ -39,7 +31,7 @@ TEST_F(CircularTest, NothingSelectedWritesTheEightDefaultRowsOnANewLastSheet) {
   EXPECT_EQ(out.cellValue(4, 2), CellValue("Column B"));
   EXPECT_EQ(out.cellValue(4, 3), CellValue("Column C"));
   for (std::int32_t col : {2, 3}) {
-    clsDSCircBO bo = engineOf(numbers(col == 2 ? kNarrow : kWide));
+    clsDSCircBO bo = engineOf(col == 2 ? kNarrow : kWide);
     EXPECT_EQ(down(out, col, 5, 12), (Cells{bo.Mean(), bo.MeanVector(), bo.AngularSD(), bo.AngularVar(),
                                             bo.CircularSD(), bo.CircularVar(), bo.CL(), bo.Count()}));
   }
@@ -51,15 +43,15 @@ TEST_F(CircularTest, NothingSelectedWritesTheEightDefaultRowsOnANewLastSheet) {
 }
 
 TEST_F(CircularTest, RayleighAloneWritesItsTwoRowsUnderTheColumnTitle) {
-  fill(1, 1, {"Wind"});
-  fill(1, 2, kNarrow);
+  column(1, 1, {"Wind"});
+  column(1, 2, cellsOf(kNarrow));
   clsDSCirc circ;
   circ.Headers(true);
   circ.GetRayleigh(true);
   circ.InputRange("A1:A9");
   circ.OutputRange("Data!D2");
   circ.Results();
-  clsDSCircBO bo = engineOf(numbers(kNarrow));
+  clsDSCircBO bo = engineOf(kNarrow);
   EXPECT_EQ(down(data, 4, 2, 9), (Cells{"Descriptive Statistics for:", "Input Range = Data!$A$1:$A$9", {},
                                         {}, "Rayleigh's Z", "Prob(Z)", {}, {}}));
   EXPECT_EQ(down(data, 5, 5, 7), (Cells{"Wind", bo.Rayleigh(), bo.RayleighP()}));
@@ -70,8 +62,8 @@ TEST_F(CircularTest, RayleighAloneWritesItsTwoRowsUnderTheColumnTitle) {
 TEST_F(CircularTest, PlotDataOverTwoAreasOfDifferentLengths) {
   const Cells north = {"North", 350.0, 0.0, 10.0, 20.0, 5.0};
   const Cells east = {"East", 80.0, 90.0, 100.0};
-  fill(1, 1, north);
-  fill(3, 1, east);
+  column(1, 1, north);
+  column(3, 1, east);
   clsDSCirc circ;
   circ.Headers(true);
   circ.GetCount(true);
@@ -80,28 +72,24 @@ TEST_F(CircularTest, PlotDataOverTwoAreasOfDifferentLengths) {
   circ.OutputRange("Data!F3");
   circ.Results();
 
-  // On the scratch sheet: names in row 4, Count in row 5, "Data for Plots" in row 7, names in
-  // row 8, "Sin"/"Cos" in row 9, values in rows 10..14. Pasted at F3: two rows down, five across.
+  // Scratch rows 10..14 hold the values; pasted at F3 they land two rows down, five across.
   EXPECT_EQ(circ.plotPositions().first, 10);
   EXPECT_EQ(circ.plotPositions().last, 14);
   EXPECT_EQ(down(data, 6, 6, 11), (Cells{{}, "Count", {}, "Data for Plots", "North", "Sin"}));
   EXPECT_EQ(down(data, 7, 6, 11), (Cells{"North", 5.0, {}, {}, {}, "Cos"}));
   EXPECT_EQ(down(data, 8, 6, 11), (Cells{"East", 3.0, {}, {}, "East", "Sin"}));
   EXPECT_EQ(down(data, 9, 10, 11), (Cells{{}, "Cos"}));
-  for (std::int32_t i = 1; i <= 5; ++i) {
+  const auto radians = [](const CellValue& d) { return d.number() * std::numbers::pi / 180.0; };
+  for (std::size_t i = 1; i <= 5; ++i) {
     SCOPED_TRACE(i);
-    const std::int32_t row = 11 + i;
-    const auto at = static_cast<std::size_t>(i);
-    const double a = north[at].number() * std::numbers::pi / 180.0;
-    EXPECT_EQ(data.cellValue(row, 6), CellValue(std::sin(a)));
-    EXPECT_EQ(data.cellValue(row, 7), CellValue(std::cos(a)));
+    const auto row = static_cast<std::int32_t>(11 + i);
+    EXPECT_EQ(data.cellValue(row, 6), CellValue(std::sin(radians(north[i]))));
+    EXPECT_EQ(data.cellValue(row, 7), CellValue(std::cos(radians(north[i]))));
     // The shorter column is padded with empty cells.
-    const double b = i <= 3 ? east[at].number() * std::numbers::pi / 180.0 : 0.0;
-    EXPECT_EQ(data.cellValue(row, 8), i <= 3 ? CellValue(std::sin(b)) : CellValue());
-    EXPECT_EQ(data.cellValue(row, 9), i <= 3 ? CellValue(std::cos(b)) : CellValue());
+    EXPECT_EQ(data.cellValue(row, 8), i <= 3 ? CellValue(std::sin(radians(east[i]))) : CellValue());
+    EXPECT_EQ(data.cellValue(row, 9), i <= 3 ? CellValue(std::cos(radians(east[i]))) : CellValue());
   }
   EXPECT_EQ(data.usedBlock(), (CellBlock{1, 1, 16, 9}));
-  // The scatter plot reads the values, two columns per data column, and the names above them.
   ASSERT_TRUE(circ.scatterSources().has_value());
   EXPECT_EQ(circ.scatterSources()->data.AddressWithSheet(), "Data!$F$12:$I$16");
   EXPECT_EQ(circ.scatterSources()->titles.AddressWithSheet(), "Data!$F$10:$I$10");
@@ -109,7 +97,7 @@ TEST_F(CircularTest, PlotDataOverTwoAreasOfDifferentLengths) {
 
 TEST_F(CircularTest, OptionsAcrossCalls) {
   InMemoryWorksheet& other = book.addSheet("Other");
-  fill(1, 1, kNarrow);
+  column(1, 1, cellsOf(kNarrow));
   clsDSCirc circ;
   circ.InputRange("A1:A8");  // on the active sheet, Data
   other.Activate();
@@ -118,9 +106,7 @@ TEST_F(CircularTest, OptionsAcrossCalls) {
   circ.Results();
   EXPECT_EQ(other.cellValue(2, 1), CellValue("Input Range = Data!$A$1:$A$8"));
   const CellValue cl95 = other.cellValue(11, 2);
-
-  // Nothing was selected, so the eight options were switched on and stay on; the level 90
-  // changes neither the confidence row's label nor its value.
+  // The eight defaults stay on; the level 90 changes neither the confidence label nor value.
   circ.GetRayleigh(true);
   circ.CL(90);
   circ.Results(true);
@@ -130,7 +116,7 @@ TEST_F(CircularTest, OptionsAcrossCalls) {
 }
 
 TEST_F(CircularTest, NoInputAndUnresolvableReferences) {
-  fill(1, 1, {10.0, 20.0});
+  column(1, 1, {10.0, 20.0});
   clsDSCirc circ;
   const ComponentError none = errorOf([&] { circ.Results(); });
   EXPECT_EQ(none.number(), -2147216502);
@@ -153,21 +139,21 @@ TEST_F(CircularTest, NoInputAndUnresolvableReferences) {
   EXPECT_EQ(lastSheet().cellValue(2, 1), CellValue("Input Range = Data!$A$1:$A$2"));
 }
 
-TEST_F(CircularTest, EveryValueOfEveryColumnMustLieFrom0To360BeforeAnythingIsWritten) {
+TEST_F(CircularTest, AnglesOutside0To360OrUnevenAreasFailBeforeAnythingIsWritten) {
   const std::pair<Cells, bool> rows[] = {
       {{"Bearing", 0.0, 360.0, 90.0}, true},
       {{"over 360", 10.0, 20.0, 30.0}, true},  // a text title is ignored
       {{"Bearing", 0.0, 360.5, 90.0}, false},
       {{"Bearing", 10.0, -0.1, 90.0}, false},
-      {{400.0, 10.0, 20.0, 30.0}, false},  // a numeric title is tested too
+      {{400.0, 10.0, 20.0, 30.0}, false},              // a numeric title is tested too
       {{"Bearing", 10.0, CellValue(), 361.0}, false},  // and cells below the observations
   };
-  fill(1, 1, {10.0, 20.0, 30.0, 40.0});  // a good first column: the second is tested as well
+  column(1, 1, {10.0, 20.0, 30.0, 40.0});  // a good first column: the second is tested as well
   for (const auto& [cells, accepted] : rows) {
     SCOPED_TRACE(::testing::PrintToString(cells));
     scratch().clear(CellBlock{1, 1, 40, 20});
     data.clear(CellBlock{1, 2, 40, 20});
-    fill(2, 1, cells);
+    column(2, 1, cells);
     clsDSCirc circ;
     circ.Headers(true);
     circ.InputRange("A1:B4");
@@ -183,40 +169,37 @@ TEST_F(CircularTest, EveryValueOfEveryColumnMustLieFrom0To360BeforeAnythingIsWri
     EXPECT_FALSE(scratch().usedBlock().has_value());
     EXPECT_TRUE(data.cellValue(1, 4).isEmpty());
   }
-}
-
-TEST_F(CircularTest, AreasOfDifferentHeightsAre5038AfterTheirColumnsPassed) {
-  fill(1, 1, Cells(20, 10.0));
-  fill(3, 1, Cells(21, 20.0));
+  // Areas of different heights are 5038, but only after their values passed.
+  data.clear(CellBlock{1, 1, 40, 20});
+  column(1, 1, Cells(20, 10.0));
+  column(3, 1, Cells(21, 20.0));
   clsDSCirc circ;
   circ.InputRange("A1:A20,C1:C21");
   const ComponentError e = errorOf([&] { circ.Results(); });
   EXPECT_EQ(e.number(), -2147216466);
   EXPECT_EQ(e.source(), source("clsDSCirc.Results"));
   EXPECT_FALSE(scratch().usedBlock().has_value());
-  data.storeRaw(5, 3, 400.0);  // the second area's values are tested before its height
+  data.storeRaw(5, 3, 400.0);
   EXPECT_EQ(errorOf([&] { circ.Results(); }).number(), err::kCircularInput);
 }
 
-// A failure that already names a line gets each procedure's name appended on its way up;
-// FormatResults appends ".FormatSimpleResults".
+// A failure that already names a line gets each procedure's name appended on its way up.
 TEST_F(CircularTest, SourcesOfFailuresBelowTheDriver) {
-  struct Row {
+  const struct {
     Cells cells;  // column A from row 1
     bool headers;
     std::int32_t number;
     std::string source;
-  };
-  const Row rows[] = {
+  } rows[] = {
       {{0.0, 180.0}, false, err::kDivisionByZero, source("clsDSCircBO.Mean.GetResults.Results")},
-      {{"Bearing", 10.0}, true, err::kTypeMismatch,  // one data cell: no array
-       source("clsDSCircBO.Mean.GetResults.Results")},
+      // One data cell under the title: no array.
+      {{"Bearing", 10.0}, true, err::kTypeMismatch, source("clsDSCircBO.Mean.GetResults.Results")},
       {{10.0, "NE"}, false, err::kInputColumnNotNumeric, source("RangeChecks.CheckInputColumn.Results")},
       {{ErrorValue::NA, 10.0}, true, err::kHostFailure, source("clsDSCirc.Results")},  // Min fails
   };
-  for (const Row& row : rows) {
+  for (const auto& row : rows) {
     SCOPED_TRACE(row.source);
-    fill(1, 1, row.cells);
+    column(1, 1, row.cells);
     clsDSCirc circ;
     circ.GetMean(true);
     circ.Headers(row.headers);
@@ -225,8 +208,7 @@ TEST_F(CircularTest, SourcesOfFailuresBelowTheDriver) {
     EXPECT_EQ(e.number(), row.number);
     EXPECT_EQ(e.source(), row.source);
   }
-
-  fill(1, 1, {10.0, 20.0});
+  column(1, 1, {10.0, 20.0});
   InMemoryWorkbook& addIn = app.addInWorkbook();
   addIn.renameSheet(addIn.Worksheets("Results"), "Scratch");
   clsDSCirc circ;

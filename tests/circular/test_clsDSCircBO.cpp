@@ -1,5 +1,4 @@
-// The circular engine: mean direction by quadrant, the confidence half-width and its "n/a"
-// answers, the failures that leave it, and random samples against the textbook definitions.
+// The circular engine: mean direction, confidence half-width, failures, random samples.
 
 #include <cmath>
 #include <numbers>
@@ -14,38 +13,31 @@ constexpr double kDegrees = 180.0 / std::numbers::pi;
 
 TEST_F(CircularTest, MeanAngleByQuadrant) {
   const std::pair<std::vector<double>, double> rows[] = {
-      {{10, 20, 30}, 20},       {{100, 110, 120}, 110}, {{280, 290, 300}, 290},
-      {{190, 200, 210}, 340},   // a third-quadrant mean is reported reflected into the fourth
-      {{215, 225, 235}, 315},   {{181, 183}, 358},      {{350, 20, 50}, 20},
-      {{0, 0}, 0},              {{90, 90, 90}, 90},     {{180, 180}, 180}, {{270, 270}, 270},
-      {{350, 10}, 0},           // 0 or a hair under 360, by the sign of the rounding in S̄
+      {{190, 200, 210}, 340},  // a third-quadrant mean is reported reflected into the fourth
+      {{181, 183}, 358}, {{350, 20, 50}, 20}, {{0, 0}, 0},     {{90, 90, 90}, 90},
+      {{180, 180}, 180}, {{270, 270}, 270},   {{350, 10}, 0},  // the last: 0 or a hair under 360
   };
   for (const auto& [degrees, mean] : rows) {
     SCOPED_TRACE(::testing::PrintToString(degrees));
     const double got = engineOf(degrees).Mean();
     ASSERT_TRUE(got >= 0 && got <= 360) << got;
-    const double apart = std::fabs(got - mean);
-    EXPECT_LT(std::fmin(apart, 360 - apart), 1e-9) << got;
+    EXPECT_LT(std::fmin(std::fabs(got - mean), 360 - std::fabs(got - mean)), 1e-9) << got;
   }
-}
-
-TEST_F(CircularTest, ObservationsEndAtTheFirstEmptyCellUnsorted) {
-  clsDSCircBO bo;
-  bo.Data(column({10.0, "20", 30.0, CellValue(), 300.0}));  // a numeric text is a number
+  clsDSCircBO bo;  // observations end at the first empty cell; a numeric text is a number
+  bo.Data(array({10.0, "20", 30.0, CellValue(), 300.0}));
   EXPECT_EQ(bo.Count(), 3.0);
   EXPECT_NEAR(bo.Mean(), 20.0, 1e-9);
   EXPECT_EQ(bo.PlotData().rows(), 3);
 }
 
 TEST_F(CircularTest, ConfidenceHalfWidth) {
-  // Expected values worked out with the library arccos rather than the arctangent form.
   const std::pair<std::vector<double>, double> rows[] = {
-      {{10, 20, 30, 40, 50, 60, 70, 80}, 19.26550155676808},       // r = 0.92 > 0.9
-      {{0, 20, 40, 60, 80, 100, 120, 140}, 39.61080656959055},     // r = 0.71
-      {{10, 20, 30, 40, 50, 60, 70}, NAN},                         // 7 observations
-      {{0, 40, 80, 120, 160, 200, 240, 280}, NAN},                 // r = 0.125: too dispersed
-      {{0, 180, 180, 360, 0, 180, 180, 360}, NAN},                 // r = 0 fails the set-up
-      {std::vector<double>(9, 45.0), NAN},                         // x = 1: division by 0
+      {{10, 20, 30, 40, 50, 60, 70, 80}, 19.26550155676808},    // r = 0.92 > 0.9
+      {{0, 20, 40, 60, 80, 100, 120, 140}, 39.61080656959055},  // r = 0.71
+      {{10, 20, 30, 40, 50, 60, 70}, NAN},                      // 7 observations
+      {{0, 40, 80, 120, 160, 200, 240, 280}, NAN},              // r = 0.125: too dispersed
+      {{0, 180, 180, 360, 0, 180, 180, 360}, NAN},              // r = 0 fails the set-up
+      {std::vector<double>(9, 45.0), NAN},                      // x = 1: division by 0
   };
   for (const auto& [degrees, halfWidth] : rows) {
     SCOPED_TRACE(::testing::PrintToString(degrees));
@@ -58,7 +50,7 @@ TEST_F(CircularTest, ConfidenceHalfWidth) {
     }
   }
   clsDSCircBO text;
-  text.Data(column({10.0, 20.0, "NE", 30.0, 40.0, 50.0, 60.0, 70.0}));
+  text.Data(array({10.0, 20.0, "NE", 30.0, 40.0, 50.0, 60.0, 70.0}));
   EXPECT_TRUE(isNotAvailable(text.CL()));
   HostSession::Attach(nullptr);  // no ChiInv
   EXPECT_TRUE(isNotAvailable(engineOf(rows[0].first).CL()));
@@ -66,24 +58,23 @@ TEST_F(CircularTest, ConfidenceHalfWidth) {
 
 TEST_F(CircularTest, FailuresLeaveWithTheNumberAndTheReadingProcedure) {
   using Read = double (clsDSCircBO::*)();
-  struct Row {
-    std::vector<CellValue> values;
+  const struct {
+    Cells values;
     Read read;
     const char* procedure;
     std::int32_t number;
-  };
-  const Row rows[] = {
-      {{0.0, 180.0, 180.0, 360.0}, &clsDSCircBO::MeanVector, "MeanVector", err::kOverflow},  // C̄/r = 0/0
+  } rows[] = {
+      {{0.0, 180.0, 180.0, 360.0}, &clsDSCircBO::MeanVector, "MeanVector", err::kOverflow},  // 0/0
       {{0.0, 180.0}, &clsDSCircBO::Mean, "Mean", err::kDivisionByZero},  // C̄ = 0, r tiny
       {{CellValue(), 10.0}, &clsDSCircBO::Count, "Count", err::kOverflow},  // no observations
       {{10.0, "north"}, &clsDSCircBO::RayleighP, "RayleighP", err::kTypeMismatch},
       {{1e308}, &clsDSCircBO::Rayleigh, "Rayleigh", err::kOverflow},
-      {std::vector<CellValue>(32768, 9.0), &clsDSCircBO::Count, "Count", err::kOverflow},  // 16-bit
+      {Cells(32768, 9.0), &clsDSCircBO::Count, "Count", err::kOverflow},  // 16-bit counter
   };
-  for (const Row& row : rows) {
+  for (const auto& row : rows) {
     SCOPED_TRACE(::testing::Message() << row.procedure << " of " << row.values.size() << " values");
     clsDSCircBO bo;
-    bo.Data(column(row.values));
+    bo.Data(array(row.values));
     const ComponentError e = errorOf([&] { (bo.*row.read)(); });
     EXPECT_EQ(e.number(), row.number);
     EXPECT_EQ(e.source(), source(std::string("clsDSCircBO.") + row.procedure));
@@ -95,11 +86,10 @@ TEST_F(CircularTest, FailuresLeaveWithTheNumberAndTheReadingProcedure) {
 }
 
 TEST_F(CircularTest, EqualAnglesHaveNoSpreadDespiteRounding) {
-  // Eight angles of 9 degrees: the sums round r one unit above 1 unless it is held at 1.
+  // Eight equal angles: the sums round r one unit above 1 unless it is held at 1.
   for (double angle : {9.0, 0.0, 123.4, 359.0}) {
     SCOPED_TRACE(angle);
     clsDSCircBO bo = engineOf(std::vector<double>(8, angle));
-    // Rounding may also leave r just below 1: a spread of under a millionth of a degree.
     EXPECT_LE(bo.MeanVector(), 1.0);
     EXPECT_NEAR(bo.MeanVector(), 1.0, 1e-15);
     EXPECT_NEAR(bo.AngularSD(), 0.0, 1e-5);
@@ -121,7 +111,7 @@ TEST_F(CircularTest, RandomSamplesAgreeWithTheDefinitions) {
       c += std::cos(degrees.back() / kDegrees) / static_cast<double>(n);
       s += std::sin(degrees.back() / kDegrees) / static_cast<double>(n);
     }
-    SCOPED_TRACE(::testing::Message() << "seed " << seed << ", n = " << n);
+    SCOPED_TRACE(::testing::Message() << "seed " << seed << ", n = " << n);  // all quadrants
     clsDSCircBO bo = engineOf(degrees);
     const double r = std::hypot(c, s);
     EXPECT_NEAR(bo.MeanVector(), r, 1e-12);
@@ -131,9 +121,9 @@ TEST_F(CircularTest, RandomSamplesAgreeWithTheDefinitions) {
     double mean = std::fmod(std::atan2(s, c) * kDegrees + 360.0, 360.0);
     if (mean > 180.0 && mean < 270.0) mean = 540.0 - mean;  // the third-quadrant reflection
     EXPECT_NEAR(bo.Mean(), mean, 1e-8);
-    const ValueArray2D plot = bo.PlotData();
-    EXPECT_EQ(plot(n, 1), CellValue(std::sin(degrees.back() * std::numbers::pi / 180.0)));
-    EXPECT_EQ(plot(n, 2), CellValue(std::cos(degrees.back() * std::numbers::pi / 180.0)));
+    const double last = degrees.back() * std::numbers::pi / 180.0;
+    EXPECT_EQ(bo.PlotData()(n, 1), CellValue(std::sin(last)));
+    EXPECT_EQ(bo.PlotData()(n, 2), CellValue(std::cos(last)));
   }
 }
 

@@ -28,6 +28,8 @@ TEST_F(CliTest, FailuresExplainThemselvesAndLeaveTheInputAlone) {
       {"both outputs", {"-i", "Data!A2:A5", "-o", "x.xlsx", "--in-place"}, 2, {"--in-place"}},
       {"missing input option", {}, 2, {"--input"}},
       {"percentile out of range", {"-i", "Data!A2:A5", "--percentiles", "120"}, 2, {"--percentiles"}},
+      {"centre spelt otherwise", {"-i", "Data!A2:A5", "--error-plot", "--error-centre", "mean"}, 2, {"--error-centre"}},
+      {"bars spelt otherwise", {"-i", "Data!A2:A5", "--error-plot", "--error-bars", "SE"}, 2, {"--error-bars"}},
   };
   for (const FailureCase& c : cases) {
     SCOPED_TRACE(c.name);
@@ -39,13 +41,6 @@ TEST_F(CliTest, FailuresExplainThemselvesAndLeaveTheInputAlone) {
     EXPECT_TRUE(r.out.empty()) << r.out;
     EXPECT_EQ(readFile(file), before);
   }
-}
-
-TEST_F(CliTest, OverwriteReplacesAnOccupiedOutput) {
-  const auto file = workbook("one.xlsx", {{"A", {1.0, 2.0, 3.0}}});
-  const RunResult r = run({"describe", file.string(), "-i", "Data!A2:A4", "--output", "Data!A1",
-                           "--overwrite", "--in-place"});
-  EXPECT_EQ(r.exitCode, 0) << r.err;
 }
 
 TEST_F(CliTest, MissingAndCorruptFiles) {
@@ -61,15 +56,14 @@ TEST_F(CliTest, MissingAndCorruptFiles) {
 }
 
 TEST_F(CliTest, HelpAndVersion) {
-  RunResult r = run({"--version"});
-  EXPECT_EQ(r.exitCode, 0);
-  EXPECT_NE(r.out.find("orvella"), std::string::npos);
-  r = run({"describe", "--help"});
-  EXPECT_EQ(r.exitCode, 0);
-  EXPECT_NE(r.out.find("Examples:"), std::string::npos);
-  EXPECT_NE(r.out.find("--percentiles"), std::string::npos);
-  r = run({});
-  EXPECT_EQ(r.exitCode, 2);
+  const RunResult version = run({"--version"});
+  EXPECT_EQ(version.exitCode, 0);
+  EXPECT_NE(version.out.find("orvella"), std::string::npos);
+  const RunResult help = run({"describe", "--help"});
+  EXPECT_EQ(help.exitCode, 0);
+  EXPECT_NE(help.out.find("Examples:"), std::string::npos);
+  EXPECT_NE(help.out.find("--percentiles"), std::string::npos);
+  EXPECT_EQ(run({}).exitCode, 2);
 }
 
 }  // namespace

@@ -3,7 +3,6 @@
 
 #include "cli_fixture.h"
 #include "frame/errors.h"
-#include "report_checks.h"
 #include "xlsx/reader_workbook.h"
 
 namespace orv::test {
@@ -53,17 +52,6 @@ TEST_F(CliTest, FrequencyBinnedJsonBlockIsWhatTheWorkbookHolds) {
   InMemoryApplication app;
   InMemoryWorkbook& book = openWorkbookFile(app, out).book;
   expectSheetHolds(block, book.Worksheets(doc["output"]["sheet"].get<std::string>()));
-
-  // "<" in front (199), ">=" behind (350 and 360 reach the top of the last bin).
-  const std::size_t heading = rowLabelled(block, "Frequency Distribution (Bin)");
-  ASSERT_LT(heading + 6, block.size());
-  const std::vector<std::pair<double, double>> categories = {
-      {200.0, 1.0}, {200.0, 2.0}, {250.0, 3.0}, {300.0, 2.0}, {350.0, 2.0}};
-  for (std::size_t i = 0; i < categories.size(); ++i) {
-    SCOPED_TRACE(i);
-    EXPECT_EQ(block[heading + 2 + i][0], categories[i].first);
-    EXPECT_EQ(block[heading + 2 + i][1], categories[i].second);
-  }
 }
 
 TEST_F(CliTest, FrequencyPrintsTheOpenCategoriesWithTheirMarks) {
@@ -104,7 +92,6 @@ TEST_F(CliTest, FrequencyWarnsWhenEmptyCellsAreCountedAsZero) {
        "1 empty cell of \"Time\""},
       {"raw counting leaves empty cells out", {"-i", "Data!A1:A13", "--headers"}, ""},
       {"nominal counting leaves empty cells out", {"-i", "Data!B1:B13", "--headers", "--nominal", "--bins", "Data!C1:C4"}, ""},
-      {"no empty cell", {"-i", "Data!A1:A11", "--headers", "--bins", "Data!C1:C4"}, ""},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.name);

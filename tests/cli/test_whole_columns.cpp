@@ -3,7 +3,6 @@
 // with the component's own Overflow, never with a failure of the command or the host.
 
 #include "cli_fixture.h"
-#include "report_checks.h"
 
 namespace orv::test {
 namespace {
@@ -26,7 +25,6 @@ TEST_F(CliTest, WholeColumnsDescribeTheUsedRowsUpToTheComponentsLimit) {
     std::vector<std::string> count;  // the Count line of the table
   } cases[] = {
       {2, {"Count", "2", "1", "2"}},  // B: one number, then an empty cell, which is no observation
-      {1000, {"Count", "1000", "999", "1000"}},
       // The component counts the rows of its range in 16 bits, header included: 32,767 rows.
       {32766, {"Count", "32766", "32765", "32766"}},
   };
@@ -46,7 +44,6 @@ TEST_F(CliTest, WholeColumnsBeyondTheLimitFailWithTheComponentsOverflow) {
     std::vector<std::string> args;
   } cases[] = {
       {"one row past, with headers", 32767, {"-i", "Data!A:C", "--headers"}},
-      {"one row past, header read as data", 32767, {"-i", "Data!A:C"}},
       {"a full-height sheet", kMaxRows - 1, {"-i", "Data!$A:$A", "--headers"}},
   };
   for (const auto& c : cases) {
@@ -67,14 +64,11 @@ TEST_F(CliTest, WholeColumnsBeyondTheLimitFailWithTheComponentsOverflow) {
 }
 
 TEST_F(CliTest, WholeColumnsOfAnEmptyAreaFailWithTheComponentsOwnError) {
-  // Columns beside the data, and a sheet with nothing in it: the cut leaves one empty row.
+  // A column beside the data: the cut leaves one empty row.
   const auto file = workbook("narrow.xlsx", columnsOf(5));
-  for (const std::string& input : {std::string("Data!E:F"), std::string("Data!A:A,E:E")}) {
-    SCOPED_TRACE(input);
-    const RunResult r = run({"describe", file.string(), "-i", input});
-    EXPECT_EQ(r.exitCode, 1) << r.err;
-    EXPECT_NE(r.err.find("Line 0 in ORVDescriptives.clsDS"), std::string::npos) << r.err;
-  }
+  const RunResult r = run({"describe", file.string(), "-i", "Data!A:A,E:E"});
+  EXPECT_EQ(r.exitCode, 1) << r.err;
+  EXPECT_NE(r.err.find("Line 0 in ORVDescriptives.clsDS"), std::string::npos) << r.err;
 }
 
 }  // namespace

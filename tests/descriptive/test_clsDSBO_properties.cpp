@@ -26,17 +26,14 @@ std::vector<Sample> samples() {
       std::normal_distribution<double> normal(100.0, 15.0);
       std::exponential_distribution<double> exponential(0.5);
       std::uniform_real_distribution<double> uniform(-3.0, 7.0);
-      Sample a{"normal seed " + std::to_string(seed) + " n " + std::to_string(n), {}};
-      Sample b{"exponential seed " + std::to_string(seed) + " n " + std::to_string(n), {}};
-      Sample c{"uniform seed " + std::to_string(seed) + " n " + std::to_string(n), {}};
+      const std::string tag = " seed " + std::to_string(seed) + " n " + std::to_string(n);
+      Sample a{"normal" + tag, {}}, b{"exponential" + tag, {}}, c{"uniform" + tag, {}};
       for (int i = 0; i < n; ++i) {
         a.x.push_back(normal(gen));
         b.x.push_back(exponential(gen));
         c.x.push_back(uniform(gen));
       }
-      out.push_back(a);
-      out.push_back(b);
-      out.push_back(c);
+      out.insert(out.end(), {a, b, c});
     }
   }
   return out;

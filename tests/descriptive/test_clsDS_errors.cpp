@@ -1,64 +1,60 @@
 // Failure paths of the descriptive driver: numbers, sources, and that nothing is written.
 
+#include "../driver_fixture.h"
 #include "descriptive/clsDS.h"
-#include "driver_fixture.h"
 
 namespace orv::test {
 namespace {
 
 constexpr const char* kResultsSource = "Line 0 in ORVDescriptives.clsDS.Results";
 
-TEST_F(DriverTest, MissingInputIs5002) {
+TEST_F(DriverTest, MissingOrUnresolvableInput) {
   clsDS ds;
   const ComponentError fromSetter = errorOf([&] { ds.InputRange(""); });
   EXPECT_EQ(fromSetter.number(), -2147216502);
   EXPECT_EQ(fromSetter.description(), "Application-defined or object-defined error");
-
+  const ComponentError bad = errorOf([&] { ds.InputRange("Nowhere!A1"); });
+  EXPECT_EQ(bad.number(), err::kHostFailure);
+  EXPECT_NE(bad.description().find("Nowhere!A1"), std::string::npos) << bad.description();
+  // Neither setter stored anything.
   const ComponentError fromResults = errorOf([&] { ds.Results(); });
   EXPECT_EQ(fromResults.number(), -2147216502);
   EXPECT_EQ(fromResults.source(), kResultsSource);
   EXPECT_EQ(book.WorksheetsCount(), 1);
 }
 
-TEST_F(DriverTest, AreasOfDifferentHeightsAre5038BeforeAnythingIsWritten) {
-  for (std::int32_t r = 1; r <= 12; ++r) {
-    data.storeRaw(r, 1, r);
-    data.storeRaw(r, 3, r);
+TEST_F(DriverTest, InputFaultsFailTheWholeAnalysisBeforeAnythingIsWritten) {
+  column(1, 1, Cells(12, 1.0));
+  column(3, 1, Cells(12, 1.0));
+  column(2, 1, {1.0, "n/a"});
+  const struct {
+    const char* input;
+    std::int32_t number;
+  } cases[] = {
+      {"A1:A10,C1:C12", -2147216466},               // areas of different heights
+      {"Data!B1:B3", err::kInputColumnNotNumeric},  // a text among numbers, named by its cell
+      {"Data!E1:E3", err::kOverflow},               // empty cells: 0/0 deep in the engine
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.input);
+    clsDS ds;
+    ds.InputRange(c.input);
+    const ComponentError e = errorOf([&] { ds.Results(); });
+    EXPECT_EQ(e.number(), c.number);
+    EXPECT_EQ(e.source(), kResultsSource);
+    EXPECT_EQ(book.WorksheetsCount(), 1);
+    EXPECT_FALSE(scratch().usedBlock().has_value());
+    if (c.number == err::kInputColumnNotNumeric) {
+      EXPECT_NE(e.description().find("$B$2"), std::string::npos) << e.description();
+    }
+    if (c.number == err::kOverflow) {
+      EXPECT_EQ(e.description(), "Overflow");
+    }
   }
-  clsDS ds;
-  ds.InputRange("A1:A10,C1:C12");
-  const ComponentError e = errorOf([&] { ds.Results(); });
-  EXPECT_EQ(e.number(), -2147216466);
-  EXPECT_EQ(e.source(), kResultsSource);
-  EXPECT_EQ(book.WorksheetsCount(), 1);
-  EXPECT_FALSE(app.Workbooks("Orvella.xla").Worksheets("Results").usedBlock().has_value());
-}
-
-TEST_F(DriverTest, ATextAmongNumbersIsRefusedNamingTheCell) {
-  data.storeRaw(1, 2, 1.0);
-  data.storeRaw(2, 2, "n/a");
-  clsDS ds;
-  ds.InputRange("Data!B1:B3");
-  const ComponentError e = errorOf([&] { ds.Results(); });
-  EXPECT_EQ(e.number(), err::kInputColumnNotNumeric);
-  EXPECT_EQ(e.source(), kResultsSource);
-  EXPECT_NE(e.description().find("$B$2"), std::string::npos) << e.description();
-  EXPECT_EQ(book.WorksheetsCount(), 1);
-}
-
-TEST_F(DriverTest, AnEngineFailureFailsTheWholeAnalysis) {
-  // A column of empty cells has no mean: 0/0 is an overflow deep in the engine.
-  clsDS ds;
-  ds.InputRange("Data!B1:B3");
-  const ComponentError e = errorOf([&] { ds.Results(); });
-  EXPECT_EQ(e.number(), err::kOverflow);
-  EXPECT_EQ(e.description(), "Overflow");
-  EXPECT_EQ(e.source(), kResultsSource);
 }
 
 TEST_F(DriverTest, AnOccupiedOutputNeedsOverWrite) {
-  data.storeRaw(1, 1, 1.0);
-  data.storeRaw(2, 1, 2.0);
+  column(1, 1, {1.0, 2.0});
   data.storeRaw(7, 4, "keep me");
   clsDS ds;
   ds.InputRange("A1:A2");
@@ -67,14 +63,12 @@ TEST_F(DriverTest, AnOccupiedOutputNeedsOverWrite) {
   EXPECT_EQ(e.number(), err::kOutputAreaOccupied);
   EXPECT_EQ(e.source(), kResultsSource);
   EXPECT_EQ(data.cellValue(7, 4), CellValue("keep me"));
-
   ds.Results(true);
   EXPECT_EQ(data.cellValue(5, 3), CellValue("Mean"));
 }
 
 TEST_F(DriverTest, ASecondCallPastesAtTheSamePlace) {
-  data.storeRaw(1, 1, 1.0);
-  data.storeRaw(2, 1, 2.0);
+  column(1, 1, {1.0, 2.0});
   clsDS ds;
   ds.InputRange("Data!A1:A2");
   ds.Results();
@@ -89,15 +83,6 @@ TEST_F(DriverTest, ASecondCallPastesAtTheSamePlace) {
   // ... but a completed call drops it, and the next one computes afresh.
   ds.Results(true);
   EXPECT_EQ(lastSheet().cellValue(5, 1), CellValue("Sum"));
-}
-
-TEST_F(DriverTest, ABadReferenceFailsInTheSetter) {
-  clsDS ds;
-  const ComponentError e = errorOf([&] { ds.InputRange("Nowhere!A1"); });
-  EXPECT_EQ(e.number(), err::kHostFailure);
-  EXPECT_NE(e.description().find("Nowhere!A1"), std::string::npos) << e.description();
-  // The setter stored nothing: Results still has no input.
-  EXPECT_EQ(errorOf([&] { ds.Results(); }).number(), err::kNoInputRange);
 }
 
 TEST_F(DriverTest, CachedBlockIsDroppedWhenTheInputChanges) {

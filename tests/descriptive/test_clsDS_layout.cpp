@@ -1,17 +1,14 @@
 // The descriptive driver end to end on the in-memory host: what it writes, and where.
 
 #include <cmath>
-#include <numeric>
 
+#include "../driver_fixture.h"
 #include "descriptive/clsDS.h"
-#include "driver_fixture.h"
 
 namespace orv::test {
 namespace {
 
-using Labels = std::vector<std::string>;
-
-const std::vector<double> kSample = {2, 4, 4, 4, 5, 5, 7, 9};  // mean 5, variance 32/7
+const Cells kSample = {2, 4, 4, 4, 5, 5, 7, 9};  // mean 5, variance 32/7
 
 TEST_F(DriverTest, NothingSelectedWritesTheDefaultFourRowsOnANewLastSheet) {
   column(2, 1, kSample);
@@ -24,23 +21,17 @@ TEST_F(DriverTest, NothingSelectedWritesTheDefaultFourRowsOnANewLastSheet) {
   Worksheet& out = lastSheet();
   EXPECT_EQ(out.Name(), "Sheet1");
   EXPECT_EQ(&app.ActiveSheet(), &out);
-
-  EXPECT_EQ(labels(out, 1, 2), (Labels{"Descriptive Statistics for:", "Input Range = Data!$B$1:$C$8"}));
-  EXPECT_TRUE(out.cellValue(3, 1).isEmpty());
-  EXPECT_TRUE(out.cellValue(4, 1).isEmpty());
-  EXPECT_EQ(labels(out, 4, 4, 2), Labels{"Column B"});
-  EXPECT_EQ(labels(out, 4, 4, 3), Labels{"Column C"});
-  EXPECT_EQ(labels(out, 5, 8), (Labels{"Mean", "Std Error", "Std Dev.", "Count"}));
-
+  EXPECT_EQ(down(out, 1, 1, 8), (Cells{"Descriptive Statistics for:", "Input Range = Data!$B$1:$C$8", {}, {},
+                                       "Mean", "Std Error", "Std Dev.", "Count"}));
+  EXPECT_EQ(down(out, 2, 4, 4), Cells{"Column B"});
+  EXPECT_EQ(down(out, 3, 4, 4), Cells{"Column C"});
   const double sd = std::sqrt(32.0 / 7.0);
   EXPECT_DOUBLE_EQ(number(out, 5, 2), 5.0);
   EXPECT_DOUBLE_EQ(number(out, 6, 2), sd / std::sqrt(8.0));
   EXPECT_DOUBLE_EQ(number(out, 7, 2), sd);
   EXPECT_DOUBLE_EQ(number(out, 8, 2), 8.0);
   EXPECT_DOUBLE_EQ(number(out, 5, 3), 4.5);
-  // Nothing beyond the block A1:C10.
   EXPECT_EQ(out.usedBlock(), (CellBlock{1, 1, 8, 3}));
-  // The labels are bold; the first result cell is selected.
   EXPECT_TRUE(out.cellFormat(5, 1).bold);
   EXPECT_EQ(ds.outputRange()->Address(), "$A$1");
 }
@@ -69,59 +60,52 @@ TEST_F(DriverTest, EverythingSelectedWithHeadersOverTwoAreas) {
 
   // Pasted at F2: heading in F2:F3, names in row 5, 22 statistics in rows 6..27.
   EXPECT_EQ(book.WorksheetsCount(), 1);
-  EXPECT_EQ(labels(data, 3, 3, 6), Labels{"Input Range = Data!$A$1:$A$9,$C$1:$D$9"});
-  EXPECT_EQ(labels(data, 5, 5, 7), Labels{"Height"});
-  EXPECT_EQ(labels(data, 5, 5, 8), Labels{"Weight"});
-  // Names and texts are assigned as a program assigns them: a text that reads as a number lands
-  // as that number.
-  EXPECT_EQ(data.cellValue(5, 9), CellValue(2.5));
-  EXPECT_EQ(labels(data, 6, 27, 6),
-            (Labels{"Mean", "Median", "Mode", "Std Error", "Std Dev.", "Variance", "Coeff. Var.",
-                    "Lower 95%CL", "Upper 95%CL", "25th Percentile", "75th Percentile", "Sum",
-                    "Minimum", "Maximum", "3rd Smallest", "2nd Largest", "Range", "Count",
-                    "Skewness", "P(Skewness)", "Kurtosis", "P(Kurtosis)"}));
+  EXPECT_EQ(down(data, 6, 3, 3), Cells{"Input Range = Data!$A$1:$A$9,$C$1:$D$9"});
+  // Names land as a program assigns them: a text that reads as a number becomes that number.
+  EXPECT_EQ((Cells{data.cellValue(5, 7), data.cellValue(5, 8), data.cellValue(5, 9)}),
+            (Cells{"Height", "Weight", 2.5}));
+  EXPECT_EQ(down(data, 6, 6, 27),
+            (Cells{"Mean", "Median", "Mode", "Std Error", "Std Dev.", "Variance", "Coeff. Var.",
+                   "Lower 95%CL", "Upper 95%CL", "25th Percentile", "75th Percentile", "Sum",
+                   "Minimum", "Maximum", "3rd Smallest", "2nd Largest", "Range", "Count",
+                   "Skewness", "P(Skewness)", "Kurtosis", "P(Kurtosis)"}));
 
   // Column G is the first area's column; spot checks against direct definitions.
   const double sd = std::sqrt(32.0 / 7.0);
   const double t = 2.36462425159278;  // two-tailed 95 % t with 7 degrees of freedom
-  EXPECT_DOUBLE_EQ(number(data, 7, 7), 4.5);                      // median
-  EXPECT_EQ(data.cellValue(8, 7), CellValue(4.0));                // mode "4", assigned
-  EXPECT_DOUBLE_EQ(number(data, 12, 7), sd / 5.0 * 100.0);         // CV
+  EXPECT_DOUBLE_EQ(number(data, 7, 7), 4.5);                // median
+  EXPECT_EQ(data.cellValue(8, 7), CellValue(4.0));          // mode "4", assigned
+  EXPECT_DOUBLE_EQ(number(data, 12, 7), sd / 5.0 * 100.0);  // CV
   EXPECT_NEAR(number(data, 13, 7), 5.0 - t * sd / std::sqrt(8.0), 1e-9);
   EXPECT_NEAR(number(data, 14, 7), 5.0 + t * sd / std::sqrt(8.0), 1e-9);
-  EXPECT_DOUBLE_EQ(number(data, 17, 7), 40.0);                    // sum
-  EXPECT_DOUBLE_EQ(number(data, 20, 7), 4.0);                     // 3rd smallest
-  EXPECT_DOUBLE_EQ(number(data, 21, 7), 7.0);                     // 2nd largest
-  EXPECT_DOUBLE_EQ(number(data, 22, 7), 7.0);                     // range
-  // Eight observations: no skewness test, no kurtosis test.
+  EXPECT_DOUBLE_EQ(number(data, 17, 7), 40.0);  // sum
+  EXPECT_DOUBLE_EQ(number(data, 20, 7), 4.0);   // 3rd smallest
+  EXPECT_DOUBLE_EQ(number(data, 21, 7), 7.0);   // 2nd largest
+  EXPECT_DOUBLE_EQ(number(data, 22, 7), 7.0);   // range
+  // Eight observations: no skewness test, no kurtosis test; no value repeats in column H.
   EXPECT_EQ(data.cellValue(25, 7), CellValue("-"));
   EXPECT_EQ(data.cellValue(27, 7), CellValue("-"));
-  // No value repeats in the second area's columns.
   EXPECT_EQ(data.cellValue(8, 8), CellValue("-"));
   EXPECT_DOUBLE_EQ(number(data, 6, 9), 4.5);
 }
 
-struct LabelCase {
-  int percentile;
-  const char* lower;
-  const char* upper;
-};
-
 TEST_F(DriverTest, PercentileLabelsCarryTheSmallerOrdinalFirst) {
   column(1, 1, {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19});
-  for (const LabelCase& c : {LabelCase{25, "25th Percentile", "75th Percentile"},
-                             LabelCase{90, "10th Percentile", "90th Percentile"},
-                             LabelCase{10, "10th Percentile", "90th Percentile"},
-                             LabelCase{50, "50th Percentile", "50th Percentile"},
-                             LabelCase{5, "5th Percentile", "95th Percentile"}}) {
+  const struct {
+    std::uint8_t percentile;
+    const char *lower, *upper;
+  } cases[] = {{25, "25th Percentile", "75th Percentile"}, {90, "10th Percentile", "90th Percentile"},
+               {10, "10th Percentile", "90th Percentile"}, {50, "50th Percentile", "50th Percentile"},
+               {5, "5th Percentile", "95th Percentile"}};
+  for (const auto& c : cases) {
     SCOPED_TRACE(c.percentile);
     clsDS ds;
     ds.GetPercentile(true);
-    ds.Percentile(static_cast<std::uint8_t>(c.percentile));
+    ds.Percentile(c.percentile);
     ds.InputRange("Data!A1:A19");
     ds.OutputRange("Data!C1");
     ds.Results(true);
-    EXPECT_EQ(labels(data, 5, 6, 3), (Labels{c.lower, c.upper}));
+    EXPECT_EQ(down(data, 3, 5, 6), (Cells{c.lower, c.upper}));
   }
 }
 
@@ -132,42 +116,31 @@ TEST_F(DriverTest, BoxPlotForcesItsRowsAndRecordsThem) {
   ds.Percentile(0);
   ds.InputRange("Data!B1:B8");
   ds.Results();
-
-  Worksheet& out = lastSheet();
-  EXPECT_EQ(labels(out, 5, 9),
-            (Labels{"Median", "25th Percentile", "75th Percentile", "Minimum", "Maximum"}));
-  const PlotRows& rows = ds.plotRows();
-  EXPECT_EQ(rows.columns, 1);
-  EXPECT_EQ(rows.header, 4);
-  EXPECT_EQ(rows.median, 5);
-  EXPECT_EQ(rows.lowerPercentile, 6);
-  EXPECT_EQ(rows.upperPercentile, 7);
-  EXPECT_EQ(rows.minimum, 8);
-  EXPECT_EQ(rows.maximum, 9);
+  EXPECT_EQ(down(lastSheet(), 1, 5, 9),
+            (Cells{"Median", "25th Percentile", "75th Percentile", "Minimum", "Maximum"}));
+  const PlotRows& r = ds.plotRows();
+  EXPECT_EQ((std::vector<std::int32_t>{r.columns, r.header, r.median, r.lowerPercentile, r.upperPercentile,
+                                       r.minimum, r.maximum}),
+            (std::vector<std::int32_t>{1, 4, 5, 6, 7, 8, 9}));
 }
-
-struct ErrorPlotCase {
-  const char* centre;
-  const char* error;
-  Labels labels;
-  int centreRow, upperRow, lowerRow;  // sheet rows; 3 is "not recorded" (0 turned into F - 1 ... )
-};
 
 TEST_F(DriverTest, ErrorPlotForcesCentreAndSpreadRows) {
   column(1, 1, kSample);
-  // The table starts at sheet row 5, so an unrecorded row (0) becomes row 4.
-  const std::vector<ErrorPlotCase> cases = {
+  const struct {
+    const char *centre, *error;
+    Cells labels;
+    int centreRow, upperRow, lowerRow;  // sheet rows; the table starts at 5, so unrecorded is 4
+  } cases[] = {
       {"Mean", "Standard Error", {"Mean", "Std Error"}, 5, 6, 6},
       {"Median", "Standard Deviation", {"Median", "Std Dev."}, 5, 6, 6},
       {"Mean", "Variance", {"Mean", "Variance"}, 5, 6, 6},
       {"Mean", "Range", {"Mean", "Minimum", "Maximum"}, 5, 7, 6},
       {"Median", "Interpercentile Range", {"Median", "25th Percentile", "75th Percentile"}, 5, 7, 6},
       {"Mean", "Confidence Limits", {"Mean", "Lower 95%CL", "Upper 95%CL"}, 5, 7, 6},
-      // Any other centre text means the median but records no centre row; any other error
-      // text forces the standard error but records no error rows.
+      // Any other centre means the median, any other error the standard error; neither is recorded.
       {"mean", "", {"Median", "Std Error"}, 4, 4, 4},
   };
-  for (const ErrorPlotCase& c : cases) {
+  for (const auto& c : cases) {
     SCOPED_TRACE(std::string(c.centre) + " / " + c.error);
     clsDS ds;
     ds.PlotError(true);
@@ -176,7 +149,7 @@ TEST_F(DriverTest, ErrorPlotForcesCentreAndSpreadRows) {
     ds.InputRange("Data!A1:A8");
     ds.OutputRange("Data!C1");
     ds.Results(true);
-    EXPECT_EQ(labels(data, 5, 4 + static_cast<std::int32_t>(c.labels.size()), 3), c.labels);
+    EXPECT_EQ(down(data, 3, 5, 4 + static_cast<std::int32_t>(c.labels.size())), c.labels);
     EXPECT_EQ(ds.plotRows().centre, c.centreRow);
     EXPECT_EQ(ds.plotRows().upperError, c.upperRow);
     EXPECT_EQ(ds.plotRows().lowerError, c.lowerRow);
@@ -193,43 +166,23 @@ TEST_F(DriverTest, ForcedDefaultsStayForLaterCalls) {
   ds.InputRange("Data!A1:A8");
   ds.OutputRange("Data!C1");
   ds.Results();
-  EXPECT_EQ(labels(data, 6, 7, 3), (Labels{"Lower 25%CL", "Upper 25%CL"}));
-
+  EXPECT_EQ(down(data, 3, 6, 7), (Cells{"Lower 25%CL", "Upper 25%CL"}));
   // The plot is off now, but the confidence level that the plot set stays 25.
   ds.PlotError(false);
   ds.GetCL(true);
   ds.Results(true);
-  EXPECT_EQ(labels(data, 5, 6, 3), (Labels{"Lower 25%CL", "Upper 25%CL"}));
+  EXPECT_EQ(down(data, 3, 5, 6), (Cells{"Lower 25%CL", "Upper 25%CL"}));
 }
 
 TEST_F(DriverTest, ColumnNamesWithoutHeadersUseTheColumnLetters) {
-  data.storeRaw(1, 28, 1.0);
-  data.storeRaw(2, 28, 3.0);
+  column(28, 1, {1.0, 3.0});
   clsDS ds;
   ds.GetCount(true);
   ds.InputRange("AB1:AB2");
   ds.OutputRange("A1");
   ds.Results();
-  EXPECT_EQ(labels(data, 4, 4, 2), Labels{"Column AB"});
+  EXPECT_EQ(down(data, 2, 4, 4), Cells{"Column AB"});
   EXPECT_DOUBLE_EQ(number(data, 5, 2), 2.0);
-}
-
-TEST_F(DriverTest, OutputFrequenciesChangesNothing) {
-  column(1, 1, kSample);
-  std::vector<Labels> blocks;
-  for (bool flag : {false, true}) {
-    clsDS ds;
-    ds.OutputFrequencies(flag);
-    ds.GetMode(true);
-    ds.InputRange("Data!A1:A8");
-    ds.Results();
-    Labels all;
-    for (std::int32_t c = 1; c <= 6; ++c) {
-      for (const std::string& s : labels(lastSheet(), 1, 10, c)) all.push_back(s);
-    }
-    blocks.push_back(all);
-  }
-  EXPECT_EQ(blocks[0], blocks[1]);
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
 #pragma once
-// Test helper: which error number a call raises.
+// Test helper: the number of the ComponentError a call raises, or 0 when it returns normally.
 
 #include <cstdint>
 
@@ -7,7 +7,6 @@
 
 namespace orv::test {
 
-// The number of the ComponentError that `call` raises, or 0 when it returns normally.
 template <class Call>
 std::int32_t raisedNumber(Call&& call) {
   try {

@@ -2,10 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <random>
 #include <string>
-#include <vector>
 
 #include "frame/errors.h"
 
@@ -13,71 +11,29 @@ namespace orv {
 namespace {
 
 TEST(ParseReference, AcceptedFormsAndTheirAddresses) {
-  struct Row {
-    const char* text;
-    const char* sheet;  // nullptr: no sheet named
-    const char* address;
-  };
-  const std::vector<Row> rows = {
-      {"B7", nullptr, "$B$7"},
-      {"$B$7", nullptr, "$B$7"},
-      {"b7", nullptr, "$B$7"},
-      {"$B7", nullptr, "$B$7"},
-      {"B$7", nullptr, "$B$7"},
-      {"A1:C20", nullptr, "$A$1:$C$20"},
-      {"$A$1:$C$20", nullptr, "$A$1:$C$20"},
-      {"C20:A1", nullptr, "$A$1:$C$20"},
-      {"A20:C1", nullptr, "$A$1:$C$20"},
-      {"A1:A1", nullptr, "$A$1"},
-      {"XFD1048576", nullptr, "$XFD$1048576"},
-      {"A007", nullptr, "$A$7"},
-      {"A:C", nullptr, "$A:$C"},
-      {"$C:$A", nullptr, "$A:$C"},
-      {"B:B", nullptr, "$B:$B"},
-      {"3:5", nullptr, "$3:$5"},
-      {"$5:$3", nullptr, "$3:$5"},
-      {"1:1048576", nullptr, "$1:$1048576"},
-      {"A1:XFD1048576", nullptr, "$1:$1048576"},
-      {"A:XFD", nullptr, "$1:$1048576"},
-      {"A1:A10,C1:C10", nullptr, "$A$1:$A$10,$C$1:$C$10"},
-      {"A1,A1", nullptr, "$A$1,$A$1"},
-      {"Data!A1:C20", "Data", "$A$1:$C$20"},
-      {"Data!A:A", "Data", "$A:$A"},
-      {"'My data'!A1:C20", "My data", "$A$1:$C$20"},
-      {"'It''s'!B2", "It's", "$B$2"},
-      {"''''!B2", "'", "$B$2"},
-      {"'a,b!c'!B2", "a,b!c", "$B$2"},
-      {"Data!A1:A10,Data!C1:C10", "Data", "$A$1:$A$10,$C$1:$C$10"},
-      {"Data!A1,data!B2", "Data", "$A$1,$B$2"},
-      {"Data!A1,B2", "Data", "$A$1,$B$2"},
-      {"A1,Data!B2", "Data", "$A$1,$B$2"},
-      {"'My data'!A1,'My data'!C1", "My data", "$A$1,$C$1"},
-      {"Sheet_2.old!A1", "Sheet_2.old", "$A$1"},
-      {"A1!B2", "A1", "$B$2"},
-  };
-  for (const Row& row : rows) {
+  const struct { const char* text; const char* sheet; const char* address; } rows[] = {  // sheet "": none named
+      {"b7", "", "$B$7"}, {"$B7", "", "$B$7"}, {"B$7", "", "$B$7"}, {"$A$1:$C$20", "", "$A$1:$C$20"},
+      {"C20:A1", "", "$A$1:$C$20"}, {"A20:C1", "", "$A$1:$C$20"}, {"A1:A1", "", "$A$1"},
+      {"XFD1048576", "", "$XFD$1048576"}, {"A007", "", "$A$7"}, {"$C:$A", "", "$A:$C"}, {"B:B", "", "$B:$B"},
+      {"$5:$3", "", "$3:$5"}, {"1:1048576", "", "$1:$1048576"}, {"A1:XFD1048576", "", "$1:$1048576"},
+      {"A:XFD", "", "$1:$1048576"}, {"A1:A10,C1:C10", "", "$A$1:$A$10,$C$1:$C$10"}, {"A1,A1", "", "$A$1,$A$1"},
+      {"Data!A:A", "Data", "$A:$A"}, {"'My data'!A1:C20", "My data", "$A$1:$C$20"}, {"'It''s'!B2", "It's", "$B$2"},
+      {"''''!B2", "'", "$B$2"}, {"'a,b!c'!B2", "a,b!c", "$B$2"}, {"Data!A1,data!B2", "Data", "$A$1,$B$2"},
+      {"Data!A1,B2", "Data", "$A$1,$B$2"}, {"A1,Data!B2", "Data", "$A$1,$B$2"},
+      {"'My data'!A1,'My data'!C1", "My data", "$A$1,$C$1"}, {"Sheet_2.old!A1", "Sheet_2.old", "$A$1"},
+      {"A1!B2", "A1", "$B$2"}};
+  for (const auto& row : rows) {
     SCOPED_TRACE(row.text);
     const ParsedReference parsed = parseReference(row.text);
-    if (row.sheet == nullptr) {
-      EXPECT_FALSE(parsed.sheet.has_value());
-    } else {
-      ASSERT_TRUE(parsed.sheet.has_value());
-      EXPECT_EQ(*parsed.sheet, row.sheet);
-    }
+    EXPECT_EQ(parsed.sheet.value_or(""), row.sheet);
+    EXPECT_EQ(parsed.sheet.has_value(), *row.sheet != '\0');
     EXPECT_EQ(absoluteAddress(parsed.areas), row.address);
   }
-}
-
-TEST(ParseReference, WholeColumnsAndRowsSpanTheSheet) {
   const CellBlock columns = parseReference("B:D").areas.at(0);
   EXPECT_EQ(columns, (CellBlock{1, 2, kMaxRows, 4}));
   EXPECT_TRUE(columns.wholeColumns());
   EXPECT_FALSE(columns.wholeRows());
-  const CellBlock rows = parseReference("4:9").areas.at(0);
-  EXPECT_EQ(rows, (CellBlock{4, 1, 9, kMaxColumns}));
-  EXPECT_TRUE(rows.wholeRows());
-  EXPECT_EQ(rows.rows(), 6);
-  EXPECT_EQ(parseReference("C5:B2").areas.at(0), (CellBlock{2, 2, 5, 3}));
+  EXPECT_EQ(parseReference("4:9").areas.at(0), (CellBlock{4, 1, 9, kMaxColumns}));
 }
 
 TEST(ParseReference, RejectsWithAHostFailureQuotingTheText) {
@@ -99,82 +55,40 @@ TEST(ParseReference, RejectsWithAHostFailureQuotingTheText) {
 }
 
 TEST(ColumnLetters, BijectiveBaseTwentySix) {
-  struct Row {
-    std::int32_t column;
-    const char* letters;
-  };
-  const std::vector<Row> rows = {{1, "A"},     {26, "Z"},     {27, "AA"},   {52, "AZ"},
-                                 {53, "BA"},   {702, "ZZ"},   {703, "AAA"}, {16384, "XFD"}};
-  for (const Row& row : rows) {
+  const struct { std::int32_t column; const char* letters; } rows[] = {
+      {26, "Z"}, {27, "AA"}, {52, "AZ"}, {53, "BA"}, {702, "ZZ"}, {703, "AAA"}, {16384, "XFD"}};
+  for (const auto& row : rows) {
     SCOPED_TRACE(row.letters);
     EXPECT_EQ(columnLetters(row.column), row.letters);
-    EXPECT_EQ(columnNumber(row.letters), row.column);
   }
-  for (std::int32_t column = 1; column <= kMaxColumns; ++column) {
-    ASSERT_EQ(columnNumber(columnLetters(column)), column);
-  }
+  for (std::int32_t column = 1; column <= kMaxColumns; ++column) ASSERT_EQ(columnNumber(columnLetters(column)), column);
   EXPECT_EQ(columnNumber("xfd"), 16384);
-  for (const char* bad : {"", "XFE", "ZZZ", "AAAA", "A1", "$A", "Ä"}) {
-    SCOPED_TRACE(bad);
-    EXPECT_EQ(columnNumber(bad), 0);
-  }
+  for (const char* bad : {"", "XFE", "AAAA", "A1", "$A", "Ä"}) EXPECT_EQ(columnNumber(bad), 0) << bad;
 }
 
 TEST(QuoteSheetName, QuotesWhatCouldNotStandAlone) {
-  struct Row {
-    const char* name;
-    const char* expected;
-  };
-  const std::vector<Row> rows = {
-      {"Data", "Data"},         {"Sheet_2.old", "Sheet_2.old"}, {"ABCD1", "ABCD1"},
-      {"My data", "'My data'"}, {"It's", "'It''s'"},            {"2019", "'2019'"},
-      {"A1", "'A1'"},           {"xfd1048576", "'xfd1048576'"}, {"R1C1", "'R1C1'"},
-      {"R", "'R'"},             {"c3", "'c3'"},                 {"RC", "'RC'"},
-      {"a-b", "'a-b'"},         {"", "''"},
-  };
-  for (const Row& row : rows) {
+  const struct { const char* name; const char* expected; } rows[] = {
+      {"Sheet_2.old", "Sheet_2.old"}, {"ABCD1", "ABCD1"}, {"My data", "'My data'"}, {"It's", "'It''s'"},
+      {"2019", "'2019'"}, {"xfd1048576", "'xfd1048576'"}, {"R1C1", "'R1C1'"}, {"R", "'R'"}, {"c3", "'c3'"},
+      {"RC", "'RC'"}, {"a-b", "'a-b'"}, {"", "''"}};
+  for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
     EXPECT_EQ(quoteSheetName(row.name), row.expected);
-  }
-}
-
-TEST(ParseReference, FormattedReferencesReadBack) {
-  const unsigned seed = 7001;
-  SCOPED_TRACE("seed " + std::to_string(seed));
-  std::mt19937 random(seed);
-  std::uniform_int_distribution<std::int32_t> row(1, kMaxRows);
-  std::uniform_int_distribution<std::int32_t> column(1, kMaxColumns);
-  std::uniform_int_distribution<int> areaCount(1, 3);
-  const std::vector<std::string> names = {"Data", "My data", "It's", "2019", "A1", "R1C1", "x!,y"};
-  for (int i = 0; i < 500; ++i) {
-    std::vector<CellBlock> blocks;
-    for (int a = areaCount(random); a > 0; --a) {
-      const auto [r1, r2] = std::minmax({row(random), row(random)});
-      const auto [c1, c2] = std::minmax({column(random), column(random)});
-      blocks.push_back({r1, c1, r2, c2});
+    if (*row.name != '\0') {
+      EXPECT_EQ(parseReference(quoteSheetName(row.name) + "!A1").sheet, row.name);
     }
-    const std::string& name = names[static_cast<std::size_t>(i) % names.size()];
-    const std::string text = quoteSheetName(name) + "!" + absoluteAddress(blocks);
-    SCOPED_TRACE(text);
-    const ParsedReference parsed = parseReference(text);
-    EXPECT_EQ(parsed.sheet, name);
-    EXPECT_EQ(parsed.areas, blocks);
   }
 }
 
-// Random texts from the characters that matter to the scanner: every one either parses into
-// valid blocks or fails with a host failure; nothing crashes.
+// Random texts of the scanner's significant characters either parse into valid blocks or fail cleanly.
 TEST(ParseReference, RandomTextsNeverCrash) {
-  const unsigned seed = 424242;
-  SCOPED_TRACE("seed " + std::to_string(seed));
-  std::mt19937 random(seed);
+  std::mt19937 random(424242);
   const std::string alphabet = "AaBXFDZz$:!,'019 8_.-\x80";
   std::uniform_int_distribution<std::size_t> pick(0, alphabet.size() - 1);
-  std::uniform_int_distribution<int> length(0, 24);
   int accepted = 0;
   for (int i = 0; i < 20000; ++i) {
     std::string text;
-    for (int n = length(random); n > 0; --n) text.push_back(alphabet[pick(random)]);
+    for (int n = i % 25; n > 0; --n) text.push_back(alphabet[pick(random)]);
     try {
       const ParsedReference parsed = parseReference(text);
       ++accepted;
@@ -190,18 +104,15 @@ TEST(ParseReference, RandomTextsNeverCrash) {
   EXPECT_GT(accepted, 0);
 }
 
-// Long texts of the shapes that make backtracking scanners slow; a linear scan handles each in
-// well under a second even under the sanitizers.
+// Shapes that make backtracking scanners slow; a linear scan takes well under a second each.
 TEST(ParseReference, LongTextsStayLinear) {
   const std::size_t n = 200000;
   std::string manyAreas;
   for (std::size_t i = 0; i < n / 4; ++i) manyAreas += "A1:B2,";
   manyAreas += "C3";
   EXPECT_EQ(parseReference(manyAreas).areas.size(), n / 4 + 1);
-
-  for (const std::string& text : {std::string(n, 'A'), "'" + std::string(n, 'a'),
-                                  std::string(n, '1'), "Data!" + manyAreas + ",Other!A1",
-                                  std::string(n, 'x') + "!", "A" + std::string(n, '9')}) {
+  for (const std::string& text : {std::string(n, 'A'), "'" + std::string(n, 'a'), std::string(n, '1'),
+                                  "Data!" + manyAreas + ",Other!A1", std::string(n, 'x') + "!", "A" + std::string(n, '9')}) {
     EXPECT_THROW(parseReference(text), ComponentError);
   }
 }

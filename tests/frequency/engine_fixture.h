@@ -1,33 +1,25 @@
 #pragma once
-// Shared by the clsFreqBO tests: arrays from literals, their text forms, and error capture.
-
-#include <gtest/gtest.h>
+// Shared by the clsFreqBO tests: arrays from literals, their text forms, an analysed engine.
 
 #include <cstdint>
-#include <ostream>
 #include <string>
 #include <vector>
 
-#include "frame/conversions.h"
-#include "frame/errors.h"
+#include "../driver_fixture.h"
 #include "frame/value_array.h"
 #include "frequency/clsFreqBO.h"
 #include "frequency/freq_data_type.h"
 
-namespace orv {
-// Readable values in test failures.
-inline void PrintTo(const CellValue& v, std::ostream* os) { *os << describe(v); }
-}  // namespace orv
-
 namespace orv::test {
 
 inline const CellValue kBlank{};
+inline constexpr const char* kAnalyse = "Line 0 in ORVDescriptives.clsFreqBO.Analyse";
 
 using Texts = std::vector<std::string>;
 using Counts = std::vector<std::int32_t>;
 using Doubles = std::vector<double>;
 
-inline ValueArray1D cells(std::vector<CellValue> values) { return ValueArray1D(std::move(values)); }
+inline ValueArray1D cells(Cells values) { return ValueArray1D(std::move(values)); }
 
 // The text form of every element: what the results sheet shows for it.
 inline Texts textsOf(const ValueArray1D& values) {
@@ -36,22 +28,9 @@ inline Texts textsOf(const ValueArray1D& values) {
   return out;
 }
 
-template <class Call>
-ComponentError errorOf(Call&& call) {
-  try {
-    call();
-  } catch (const ComponentError& e) {
-    return e;
-  }
-  ADD_FAILURE() << "no error raised";
-  return ComponentError(0, "", "");
-}
-
-// An engine with data, optional weights and bins set, analysed.
+// Data, optional weights (none: each weighs 1) and bins (none: distinct values), analysed.
 struct Analysis {
-  std::vector<CellValue> data;
-  std::vector<CellValue> weights;  // none: every observation weighs 1
-  std::vector<CellValue> bins;     // none: distinct values
+  Cells data, weights, bins;
   std::int32_t dataType = 0;
 };
 

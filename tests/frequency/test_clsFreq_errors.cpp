@@ -1,11 +1,8 @@
-// Failure paths of the frequency driver: the checks in their order with their numbers and
-// sources, setter sources, and what the finished block survives.
+// Failure paths of the frequency driver: checks in order, sources, what the finished block survives.
 
 #include <functional>
-#include <string>
-#include <vector>
 
-#include "driver_fixture.h"
+#include "../driver_fixture.h"
 #include "frequency/clsFreq.h"
 
 namespace orv::test {
@@ -13,25 +10,17 @@ namespace {
 
 constexpr const char* kResultsSource = "Line 0 in ORVDescriptives.clsFreq.Results";
 
-struct CheckCase {
-  const char* what;
-  std::function<void(clsFreq&)> set;
-  std::int32_t number;
-};
-
-class FreqChecks : public FreqDriverTest {
- protected:
-  FreqChecks() {
-    column(1, 1, {1, 2, 3, 4, 5});    // A: data
-    column(2, 1, {1, 1, 1, 1, 1});    // B: frequencies
-    column(3, 1, {1, 1, 1, 1, 1});    // C: frequencies
-    column(4, 1, {0, 10, 20});        // D: bins
-    column(5, 1, {0, 10, 10});        // E: bins that do not rise
-  }
-};
-
-TEST_F(FreqChecks, EachCheckRaisesItsNumberBeforeAnythingIsWritten) {
-  const std::vector<CheckCase> cases = {
+TEST_F(DriverTest, EachCheckRaisesItsNumberBeforeAnythingIsWritten) {
+  column(1, 1, {1, 2, 3, 4, 5});  // A: data; B, C: frequencies; D: bins; E: bins that do not rise
+  column(2, 1, {1, 1, 1, 1, 1});
+  column(3, 1, {1, 1, 1, 1, 1});
+  column(4, 1, {0, 10, 20});
+  column(5, 1, {0, 10, 10});
+  const struct {
+    const char* what;
+    std::function<void(clsFreq&)> set;
+    std::int32_t number;
+  } cases[] = {
       {"nothing given", [](clsFreq&) {}, err::kNoInputRange},
       {"only frequencies", [](clsFreq& f) { f.FrequencyRange("B1:B5"); }, err::kNoInputRange},
       {"only bins", [](clsFreq& f) { f.BinRange("D1:D3"); }, err::kBinsWithoutFrequencies},
@@ -63,7 +52,7 @@ TEST_F(FreqChecks, EachCheckRaisesItsNumberBeforeAnythingIsWritten) {
       {"bins 0, 10, 10", [](clsFreq& f) { f.InputRange("A1:A5"); f.BinRange("E1:E3"); },
        err::kBinsNotIncreasing},
   };
-  for (const CheckCase& c : cases) {
+  for (const auto& c : cases) {
     SCOPED_TRACE(c.what);
     clsFreq f;
     c.set(f);
@@ -75,15 +64,13 @@ TEST_F(FreqChecks, EachCheckRaisesItsNumberBeforeAnythingIsWritten) {
   }
 }
 
-struct BinListCase {
-  const char* what;
-  std::vector<CellValue> bins;
-  std::int32_t number;  // 0: accepted
-};
-
-TEST_F(FreqDriverTest, TheBinListMustBeNumbersRisingInFourDecimalSteps) {
+TEST_F(DriverTest, TheBinListMustBeNumbersRisingInFourDecimalSteps) {
   column(1, 1, {1, 2, 3});
-  const std::vector<BinListCase> cases = {
+  const struct {
+    const char* what;
+    Cells bins;
+    std::int32_t number;  // 0: accepted
+  } cases[] = {
       {"falling", {10, 0}, err::kBinsNotIncreasing},
       {"an empty cell among them", {0, CellValue(), 10}, err::kBinsNotIncreasing},
       {"a text", {0, "ten"}, err::kBinsNotIncreasing},
@@ -93,7 +80,7 @@ TEST_F(FreqDriverTest, TheBinListMustBeNumbersRisingInFourDecimalSteps) {
       {"empty cells at the end", {0, 10, CellValue(), CellValue()}, 0},
       {"a step of 0.0001", {0, 0.0001}, 0},
   };
-  for (const BinListCase& c : cases) {
+  for (const auto& c : cases) {
     SCOPED_TRACE(c.what);
     data.clear(CellBlock{1, 8, 10, 8});
     column(8, 1, c.bins);
@@ -110,7 +97,7 @@ TEST_F(FreqDriverTest, TheBinListMustBeNumbersRisingInFourDecimalSteps) {
   }
 }
 
-TEST_F(FreqDriverTest, EngineFaultsReachTheCallerFromResults) {
+TEST_F(DriverTest, EngineFaultsReachTheCallerFromResults) {
   column(1, 1, {1, 2});
   column(2, 1, {0, 0});
   clsFreq f;
@@ -129,7 +116,7 @@ TEST_F(FreqDriverTest, EngineFaultsReachTheCallerFromResults) {
   EXPECT_EQ(errorOf([&] { nominal.Results(); }).number(), err::kTypeMismatch);
 }
 
-TEST_F(FreqDriverTest, SettersReportUnderTheirOwnNamesExceptTheBinRange) {
+TEST_F(DriverTest, SettersReportUnderTheirOwnNamesExceptTheBinRange) {
   clsFreq f;
   const std::vector<std::pair<std::function<void()>, std::string>> cases = {
       {[&] { f.InputRange("Nowhere!A1"); }, "LetInputRange"},
@@ -147,7 +134,7 @@ TEST_F(FreqDriverTest, SettersReportUnderTheirOwnNamesExceptTheBinRange) {
   EXPECT_EQ(errorOf([&] { f.Results(); }).number(), err::kNoInputRange);
 }
 
-TEST_F(FreqDriverTest, TheFinishedBlockStaysUntilAnAddressChangesItsText) {
+TEST_F(DriverTest, TheFinishedBlockStaysUntilAnAddressChangesItsText) {
   column(1, 1, {1, 1});
   clsFreq f;
   f.InputRange("A1:A2");
@@ -169,7 +156,7 @@ TEST_F(FreqDriverTest, TheFinishedBlockStaysUntilAnAddressChangesItsText) {
   EXPECT_EQ(toText(data.cellValue(2, 3)), "Data Range = Data!$A$1:$A$2");
 }
 
-TEST_F(FreqDriverTest, AnOccupiedOutputNeedsOverWriteAndTheNewSheetIsReused) {
+TEST_F(DriverTest, AnOccupiedOutputNeedsOverWriteAndTheNewSheetIsReused) {
   column(1, 1, {1, 2});
   clsFreq f;
   f.InputRange("A1:A2");

@@ -1,17 +1,18 @@
-// The frequency driver end to end on the in-memory host: the whole written block of each kind
-// of run, its formats, and where it lands.
+// The frequency driver end to end: the whole written block of each kind of run, its formats,
+// the table records, and where it lands.
 
 #include <vector>
 
-#include "driver_fixture.h"
+#include "../driver_fixture.h"
 #include "frequency/clsFreq.h"
 
 namespace orv::test {
 namespace {
 
 using Kind = FrequencyTablePlace::Kind;
+using Rows = std::vector<std::int32_t>;
 
-TEST_F(FreqDriverTest, RawRunOnANewLastSheet) {
+TEST_F(DriverTest, RawRunOnANewLastSheet) {
   column(1, 1, {3, 1, 3, 2, 3});
   clsFreq f;
   f.InputRange("Data!A1:A5");
@@ -20,34 +21,26 @@ TEST_F(FreqDriverTest, RawRunOnANewLastSheet) {
   ASSERT_EQ(book.WorksheetsCount(), 2);
   Worksheet& out = lastSheet();
   EXPECT_EQ(&app.ActiveSheet(), &out);
-  EXPECT_EQ(sheetLines(out), (Lines{
-                                 "Frequency Distributions for:",
-                                 "Data Range = Data!$A$1:$A$5",
-                                 "",
-                                 "Frequency Distribution",
-                                 "Column A|N|Cum. N|%|Cum. %",
-                                 "1|1|1|20|20",
-                                 "2|1|2|20|40",
-                                 "3|3|5|60|100",
-                             }));
-  // Headings bold; categories General, counts "0", percentages "0.00".
+  EXPECT_EQ(sheetLines(out), (Lines{"Frequency Distributions for:", "Data Range = Data!$A$1:$A$5", "",
+                                    "Frequency Distribution", "Column A|N|Cum. N|%|Cum. %", "1|1|1|20|20",
+                                    "2|1|2|20|40", "3|3|5|60|100"}));
+  // Headings bold; categories General, counts "0", percentages "0.00"; categories land as numbers.
   for (std::int32_t row : {1, 4, 5}) EXPECT_TRUE(out.cellFormat(row, 1).bold) << row;
   EXPECT_FALSE(out.cellFormat(2, 1).bold);
   EXPECT_TRUE(out.cellFormat(5, 5).bold);
   const std::vector<std::string> formats = {"General", "0", "0", "0.00", "0.00"};
   for (std::int32_t c = 1; c <= 5; ++c) EXPECT_EQ(out.cellFormat(8, c).numberFormat, formats[c - 1]);
-  // The categories land as numbers.
   EXPECT_EQ(out.cellValue(6, 1), CellValue(1.0));
 
   ASSERT_EQ(f.tables().size(), 1U);
   EXPECT_EQ(f.tables()[0].kind, Kind::Raw);
   EXPECT_EQ(f.tables()[0].headingRow, 5);
-  EXPECT_EQ(f.tables()[0].lastRows, std::vector<std::int32_t>{8});
+  EXPECT_EQ(f.tables()[0].lastRows, Rows{8});
   EXPECT_EQ(f.outputRange()->Address(), "$A$1");
   EXPECT_EQ(f.resultsBlock()->Address(), "$A$1:$E$10");  // down to the row after the blank line
 }
 
-TEST_F(FreqDriverTest, BinnedRunMarksTheOpenCategoriesThroughTheirFormats) {
+TEST_F(DriverTest, BinnedRunMarksTheOpenCategoriesThroughTheirFormats) {
   column(1, 1, {-1, 0, 5, 10, 29.9999, 30, 45});
   column(3, 1, {0, 10, 20});
   clsFreq f;
@@ -58,19 +51,11 @@ TEST_F(FreqDriverTest, BinnedRunMarksTheOpenCategoriesThroughTheirFormats) {
 
   EXPECT_EQ(book.WorksheetsCount(), 1);
   EXPECT_EQ(lines(data, CellBlock{1, 5, 11, 9}),
-            (Lines{
-                "Frequency Distributions for:",
-                "Data Range = Data!$A$1:$A$7",
-                "Bin Range = Data!$C$1:$C$3",
-                "",
-                "Frequency Distribution (Bin)",
-                "Column A|N|Cum. N|%|Cum. %",
-                "0|1|1|14.2857142857143|14.2857142857143",
-                "0|2|3|28.5714285714286|42.8571428571429",
-                "10|1|4|14.2857142857143|57.1428571428571",
-                "20|1|5|14.2857142857143|71.4285714285714",
-                "30|2|7|28.5714285714286|100",
-            }));
+            (Lines{"Frequency Distributions for:", "Data Range = Data!$A$1:$A$7", "Bin Range = Data!$C$1:$C$3",
+                   "", "Frequency Distribution (Bin)", "Column A|N|Cum. N|%|Cum. %",
+                   "0|1|1|14.2857142857143|14.2857142857143", "0|2|3|28.5714285714286|42.8571428571429",
+                   "10|1|4|14.2857142857143|57.1428571428571", "20|1|5|14.2857142857143|71.4285714285714",
+                   "30|2|7|28.5714285714286|100"}));
   EXPECT_EQ(data.cellFormat(7, 5).numberFormat, "<General");
   EXPECT_EQ(data.cellFormat(8, 5).numberFormat, "General");
   EXPECT_EQ(data.cellFormat(11, 5).numberFormat, ">=General");
@@ -80,13 +65,13 @@ TEST_F(FreqDriverTest, BinnedRunMarksTheOpenCategoriesThroughTheirFormats) {
   const FrequencyTablePlace& t = f.tables()[0];
   EXPECT_EQ(t.kind, Kind::GivenBins);
   EXPECT_EQ(t.headingRow, 6);
-  EXPECT_EQ(t.lastRows, std::vector<std::int32_t>{11});
+  EXPECT_EQ(t.lastRows, Rows{11});
   ASSERT_EQ(t.flags.size(), 1U);
   EXPECT_TRUE(t.flags[0].LessThanCatUsed);
   EXPECT_TRUE(t.flags[0].GreaterThanCatUsed);
 }
 
-TEST_F(FreqDriverTest, RawAndBinnedTablesWithHeadersSideBySide) {
+TEST_F(DriverTest, RawAndBinnedTablesWithHeadersSideBySide) {
   column(1, 1, {"Height", 1, 2, 2, 12});
   column(2, 1, {"Width", 5, 15, 15, 15});
   column(3, 1, {"Bins", 0, 10});
@@ -98,31 +83,19 @@ TEST_F(FreqDriverTest, RawAndBinnedTablesWithHeadersSideBySide) {
   f.Results();
 
   EXPECT_EQ(sheetLines(lastSheet()),
-            (Lines{
-                "Frequency Distributions for:",
-                "Data Range = Data!$A$1:$B$5",
-                "Bin Range = Data!$C$1:$C$3",
-                "",
-                "Frequency Distribution",
-                "Height|N|Cum. N|%|Cum. %|Width|N|Cum. N|%|Cum. %",
-                "1|1|1|25|25|5|1|1|25|25",
-                "2|2|3|50|75|15|3|4|75|100",
-                "12|1|4|25|100",
-                "",
-                "Frequency Distribution (Bin)",
-                "Height|N|Cum. N|%|Cum. %|Width|N|Cum. N|%|Cum. %",
-                "0|3|3|75|75|0|1|1|25|25",
-                "10|1|4|25|100|10|3|4|75|100",
-            }));
+            (Lines{"Frequency Distributions for:", "Data Range = Data!$A$1:$B$5", "Bin Range = Data!$C$1:$C$3",
+                   "", "Frequency Distribution", "Height|N|Cum. N|%|Cum. %|Width|N|Cum. N|%|Cum. %",
+                   "1|1|1|25|25|5|1|1|25|25", "2|2|3|50|75|15|3|4|75|100", "12|1|4|25|100", "",
+                   "Frequency Distribution (Bin)", "Height|N|Cum. N|%|Cum. %|Width|N|Cum. N|%|Cum. %",
+                   "0|3|3|75|75|0|1|1|25|25", "10|1|4|25|100|10|3|4|75|100"}));
   ASSERT_EQ(f.tables().size(), 2U);
-  EXPECT_EQ(f.tables()[0].lastRows, (std::vector<std::int32_t>{9, 8}));
+  EXPECT_EQ(f.tables()[0].lastRows, (Rows{9, 8}));
   EXPECT_EQ(f.tables()[1].kind, Kind::GivenBins);
   EXPECT_EQ(f.tables()[1].headingRow, 12);
-  // Below the shorter variable the cells stay plain.
-  EXPECT_EQ(lastSheet().cellFormat(9, 7).numberFormat, "General");
+  EXPECT_EQ(lastSheet().cellFormat(9, 7).numberFormat, "General");  // plain below the shorter variable
 }
 
-TEST_F(FreqDriverTest, PreCountedFrequenciesOverTheBins) {
+TEST_F(DriverTest, PreCountedFrequenciesOverTheBins) {
   column(3, 1, {0, 10, 20});
   column(4, 1, {4, 0, 6});
   column(5, 1, {1, 2, 1});
@@ -132,20 +105,13 @@ TEST_F(FreqDriverTest, PreCountedFrequenciesOverTheBins) {
   f.Results();
 
   EXPECT_EQ(sheetLines(lastSheet()),
-            (Lines{
-                "Frequency Distributions for:",
-                "Frequency Range = Data!$D$1:$E$3",
-                "Bin Range = Data!$C$1:$C$3",
-                "",
-                "Frequency Distribution (Bin)",
-                "Column D|N|Cum. N|%|Cum. %|Column E|N|Cum. N|%|Cum. %",
-                "0|4|4|40|40|0|1|1|25|25",
-                "10|0|4|0|40|10|2|3|50|75",
-                "20|6|10|60|100|20|1|4|25|100",
-            }));
+            (Lines{"Frequency Distributions for:", "Frequency Range = Data!$D$1:$E$3",
+                   "Bin Range = Data!$C$1:$C$3", "", "Frequency Distribution (Bin)",
+                   "Column D|N|Cum. N|%|Cum. %|Column E|N|Cum. N|%|Cum. %", "0|4|4|40|40|0|1|1|25|25",
+                   "10|0|4|0|40|10|2|3|50|75", "20|6|10|60|100|20|1|4|25|100"}));
 }
 
-TEST_F(FreqDriverTest, NominalItemsInOrderOfFirstAppearance) {
+TEST_F(DriverTest, NominalItemsInOrderOfFirstAppearance) {
   column(1, 1, {"Colour", "Red", "Blue", "Red", "red", CellValue(), "Blue"});
   clsFreq f;
   f.Headers(true);
@@ -155,61 +121,39 @@ TEST_F(FreqDriverTest, NominalItemsInOrderOfFirstAppearance) {
   f.Results();
 
   EXPECT_EQ(sheetLines(lastSheet()),
-            (Lines{
-                "Frequency Distributions for:",
-                "Data Range = Data!$A$1:$A$7",
-                "",
-                "Frequency Distribution",
-                "Colour|N|Cum. N|%|Cum. %",
-                "Red|2|2|40|40",
-                "Blue|2|4|40|80",
-                "red|1|5|20|100",
-            }));
+            (Lines{"Frequency Distributions for:", "Data Range = Data!$A$1:$A$7", "", "Frequency Distribution",
+                   "Colour|N|Cum. N|%|Cum. %", "Red|2|2|40|40", "Blue|2|4|40|80", "red|1|5|20|100"}));
 }
 
-TEST_F(FreqDriverTest, VariablesAlongRows) {
+TEST_F(DriverTest, VariablesAlongRowsAndFrequenciesWeighOnlyTheFirstDataVariable) {
   column(2, 2, {1, 7});
   column(3, 2, {2, 8});
   column(4, 2, {2, 7});
   column(5, 2, {2, 7});
-  clsFreq f;
-  f.DataInRows(true);
-  f.InputRange("B2:E3");
-  f.OutputRange("A10");
-  f.Results();
-
+  clsFreq rows;
+  rows.DataInRows(true);
+  rows.InputRange("B2:E3");
+  rows.OutputRange("A10");
+  rows.Results();
   EXPECT_EQ(lines(data, CellBlock{14, 1, 16, 10}),
-            (Lines{
-                "Row 2|N|Cum. N|%|Cum. %|Row 3|N|Cum. N|%|Cum. %",
-                "1|1|1|25|25|7|3|3|75|75",
-                "2|3|4|75|100|8|1|4|25|100",
-            }));
-}
+            (Lines{"Row 2|N|Cum. N|%|Cum. %|Row 3|N|Cum. N|%|Cum. %", "1|1|1|25|25|7|3|3|75|75",
+                   "2|3|4|75|100|8|1|4|25|100"}));
 
-TEST_F(FreqDriverTest, FrequenciesWeighTheFirstDataVariable) {
-  column(1, 1, {5, 7, 5});
-  column(2, 1, {2, 2, 4});
-  column(3, 1, {9, 9, 9});  // a second data variable: not counted beside frequencies
+  column(7, 1, {5, 7, 5});
+  column(8, 1, {2, 2, 4});
+  column(9, 1, {9, 9, 9});  // a second data variable: not counted beside frequencies
   clsFreq f;
-  f.InputRange("A1:A3,C1:C3");
-  f.FrequencyRange("B1:B3");
+  f.InputRange("G1:G3,I1:I3");
+  f.FrequencyRange("H1:H3");
   f.Results();
-
   EXPECT_EQ(sheetLines(lastSheet()),
-            (Lines{
-                "Frequency Distributions for:",
-                "Data Range = Data!$A$1:$A$3,$C$1:$C$3",
-                "Frequency Range = Data!$B$1:$B$3",
-                "",
-                "Frequency Distribution",
-                "Column A|N|Cum. N|%|Cum. %",
-                "5|6|6|75|75",
-                "7|2|8|25|100",
-            }));
+            (Lines{"Frequency Distributions for:", "Data Range = Data!$G$1:$G$3,$I$1:$I$3",
+                   "Frequency Range = Data!$H$1:$H$3", "", "Frequency Distribution",
+                   "Column G|N|Cum. N|%|Cum. %", "5|6|6|75|75", "7|2|8|25|100"}));
 }
 
-TEST_F(FreqDriverTest, AHistogramGetsProposedBinsAndItsOptions) {
-  std::vector<CellValue> values;
+TEST_F(DriverTest, AHistogramGetsProposedBinsAndItsOptions) {
+  Cells values;
   for (int i = 0; i <= 10; ++i) values.emplace_back(static_cast<double>(i));
   column(1, 1, values);
   clsFreq f;
@@ -235,7 +179,7 @@ TEST_F(FreqDriverTest, AHistogramGetsProposedBinsAndItsOptions) {
 
   ASSERT_EQ(f.tables().size(), 1U);
   EXPECT_EQ(f.tables()[0].kind, Kind::ProposedBins);
-  EXPECT_EQ(f.tables()[0].lastRows, std::vector<std::int32_t>{16});
+  EXPECT_EQ(f.tables()[0].lastRows, Rows{16});
   EXPECT_TRUE(f.tables()[0].flags[0].GreaterThanCatUsed);
   const HistogramOptions& h = f.histogramOptions();
   EXPECT_TRUE(h.plot);

@@ -29,32 +29,22 @@ TEST(DoubleSort, MatchesTheStableComparisonSort) {
   std::mt19937_64 random(42);
   std::normal_distribution<double> spread(0, 1e3);
   std::uniform_int_distribution<int> few(-5, 5);
-  const double inf = std::numeric_limits<double>::infinity();
-  const double tiny = std::numeric_limits<double>::denorm_min();
-
-  std::vector<double> wide, repeated, zeros, extremes;
+  const double extremes[] = {std::numeric_limits<double>::infinity(), -std::numeric_limits<double>::infinity(),
+                             std::numeric_limits<double>::denorm_min(), -std::numeric_limits<double>::denorm_min(),
+                             std::numeric_limits<double>::max(), std::numeric_limits<double>::lowest(), 0.0, -0.0};
+  std::vector<double> wide, zeros, edges;
   for (int i = 0; i < 5000; ++i) {
     wide.push_back(spread(random));
-    repeated.push_back(few(random) * 0.5);
-    zeros.push_back(i % 3 == 0 ? -0.0 : (i % 3 == 1 ? 0.0 : few(random)));
+    zeros.push_back(i % 3 == 0 ? -0.0 : (i % 3 == 1 ? 0.0 : few(random) * 0.5));  // many ties and signed zeros
+    edges.push_back(extremes[random() % 8]);
   }
-  for (int i = 0; i < 600; ++i) {
-    const double pick[] = {inf, -inf, tiny, -tiny, std::numeric_limits<double>::max(),
-                           std::numeric_limits<double>::lowest(), 1.0, -1.0, 0.0, -0.0};
-    extremes.push_back(pick[i % 10]);
-  }
-  std::shuffle(extremes.begin(), extremes.end(), random);
-  for (const auto& values : {wide, repeated, zeros, extremes}) expectSameAsStableSort(values);
+  for (const auto& values : {wide, zeros, edges}) expectSameAsStableSort(values);
   expectSameAsStableSort({3.0, -0.0, 1.0, 0.0});  // short: the comparison sort itself
-  expectSameAsStableSort(std::vector<double>(1000, 7.25));
   expectSameAsStableSort({});
-}
-
-TEST(DoubleSort, ANaNLeavesTheOrderToTheComparisonSort) {
-  std::vector<double> values(1000);
-  for (std::size_t i = 0; i < values.size(); ++i) values[i] = static_cast<double>(values.size() - i);
-  values[500] = std::nan("");
-  expectSameAsStableSort(values);
+  std::vector<double> withNaN(1000);  // a NaN leaves the order to the comparison sort
+  for (std::size_t i = 0; i < withNaN.size(); ++i) withNaN[i] = static_cast<double>(withNaN.size() - i);
+  withNaN[500] = std::nan("");
+  expectSameAsStableSort(withNaN);
 }
 
 }  // namespace

@@ -8,7 +8,6 @@
 #include <string>
 #include <vector>
 
-#include "frame/cell_value.h"
 #include "frame/errors.h"
 #include "frame/value_array.h"
 
@@ -29,19 +28,6 @@ inline ValueArray2D Column(std::initializer_list<CellValue> cells) {
   ValueArray2D out(static_cast<std::int32_t>(cells.size()), 1);
   std::int32_t r = 1;
   for (const CellValue& v : cells) out(r++, 1) = v;
-  return out;
-}
-
-// One line per row, cells described and separated by " | ", for readable failure messages.
-inline std::string Dump(const ValueArray2D& table) {
-  std::string out;
-  for (std::int32_t r = 1; r <= table.rows(); ++r) {
-    for (std::int32_t c = 1; c <= table.columns(); ++c) {
-      if (c > 1) out += " | ";
-      out += describe(table(r, c));
-    }
-    out += "\n";
-  }
   return out;
 }
 

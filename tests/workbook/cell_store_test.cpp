@@ -10,30 +10,22 @@
 namespace orv::test {
 namespace {
 
-TEST(CellStore, WritesAboveAndBelowKeepEveryValue) {
+TEST(CellStore, UsedBlockFollowsWritesAboveBelowAndEmptiedEdges) {
   CellStore store;
   store.set(10, 2, 10.0);
-  store.set(3, 2, "three");   // above the stored cells
-  store.set(20, 2, true);     // below them
+  store.set(3, 2, "three");  // above the stored cells
+  store.set(20, 2, true);    // below them
   store.set(5, 4, ErrorValue::NA);
-  EXPECT_EQ(store.get(10, 2), CellValue(10.0));
   EXPECT_EQ(store.get(3, 2), CellValue("three"));
   EXPECT_EQ(store.get(20, 2), CellValue(true));
   EXPECT_EQ(store.get(5, 4), CellValue(ErrorValue::NA));
   EXPECT_TRUE(store.get(11, 2).isEmpty());
-  EXPECT_TRUE(store.get(1, 100).isEmpty());
   EXPECT_EQ(store.usedBlock(), (CellBlock{3, 2, 20, 4}));
-}
-
-TEST(CellStore, EmptyingTheEdgeCellsShrinksTheUsedBlock) {
-  CellStore store;
-  for (std::int32_t r = 1; r <= 5; ++r) store.set(r, 1, r);
-  store.set(1, 1, CellValue{});
-  store.set(5, 1, CellValue{});
-  EXPECT_EQ(store.usedBlock(), (CellBlock{2, 1, 4, 1}));
-  store.set(3, 1, CellValue{});  // inside: the block stays
-  EXPECT_EQ(store.usedBlock(), (CellBlock{2, 1, 4, 1}));
-  store.clear(CellBlock{1, 1, 10, 1});
+  store.set(3, 2, CellValue{});
+  store.set(20, 2, CellValue{});
+  store.set(10, 2, CellValue{});
+  EXPECT_EQ(store.usedBlock(), (CellBlock{5, 4, 5, 4}));
+  store.clear(CellBlock{1, 1, 10, 10});
   EXPECT_EQ(store.usedBlock(), std::nullopt);
 }
 
@@ -54,50 +46,16 @@ TEST(CellStore, ReadFillsTheBlockAroundTheStoredCells) {
   EXPECT_EQ(out(1, 1), CellValue(33.0));
 }
 
-TEST(CellStore, LongColumnReadsBackInOrder) {
-  CellStore store;
-  constexpr std::int32_t kRows = 32767;
-  for (std::int32_t r = 1; r <= kRows; ++r) store.set(r + 1, 3, r * 0.5);
-  ValueArray2D out;
-  store.read(CellBlock{1, 3, kRows + 2, 3}, out);
-  EXPECT_TRUE(out(1, 1).isEmpty());
-  EXPECT_EQ(out(2, 1), CellValue(0.5));
-  EXPECT_EQ(out(kRows + 1, 1), CellValue(kRows * 0.5));
-  EXPECT_TRUE(out(kRows + 2, 1).isEmpty());
-}
-
 TEST_F(HostTest, AssignedTextsThatReadAsPlainNumbersBecomeNumbers) {
-  struct Case {
-    CellValue assigned;
-    CellValue stored;
-  };
-  const Case cases[] = {
-      {"12", 12.0},
-      {"1e3", 1000.0},
-      {"-.5", -0.5},
-      {"+2.5E-1", 0.25},
-      {" 7", 7.0},  // blanks around a number are allowed, as the host's own entry allows them
-      {"7 ", 7.0},
-      {"abc", "abc"},
-      {"1,000", "1,000"},
-      {"12%", "12%"},
-      {"0x1A", "0x1A"},
-      {"1e", "1e"},
-      {"-", "-"},
-      {"", CellValue{}},
-      {true, true},
-      {ErrorValue::Div0, ErrorValue::Div0},
-      {3.5, 3.5},
-  };
-  for (const Case& c : cases) {
+  const struct { CellValue assigned, stored; } cases[] = {
+      {"12", 12.0}, {"-.5", -0.5}, {"+2.5E-1", 0.25}, {" 7", 7.0}, {"7 ", 7.0}, {"abc", "abc"}, {"1,000", "1,000"},
+      {"12%", "12%"}, {"0x1A", "0x1A"}, {"1e", "1e"}, {"", CellValue{}}, {true, true}, {ErrorValue::Div0, ErrorValue::Div0}};
+  for (const auto& c : cases) {
     SCOPED_TRACE(describe(c.assigned));
     data.assignValue(4, 2, c.assigned);
     EXPECT_EQ(data.cellValue(4, 2), c.stored);
   }
-}
-
-TEST_F(HostTest, TextFormattedCellsAndReadersKeepTexts) {
-  FormatPatch text;
+  FormatPatch text;  // text-formatted cells and file readers keep texts
   text.numberFormat = "@";
   data.applyFormat(CellBlock{1, 1, 1, 1}, text);
   data.assignValue(1, 1, "12");
@@ -114,8 +72,7 @@ TEST_F(HostTest, CellsOffTheSheetAreHostFailures) {
     EXPECT_EQ(raised([&] { data.readBlock(b, out); }).number, 1004);
     EXPECT_EQ(raised([&] { data.clear(b); }).number, 1004);
   }
-  const std::pair<std::int32_t, std::int32_t> offCells[] = {{0, 1}, {1, 0}, {kMaxRows + 1, 1}, {1, kMaxColumns + 1}};
-  for (const auto& [row, column] : offCells) {
+  for (const auto& [row, column] : {std::pair{0, 1}, {1, 0}, {kMaxRows + 1, 1}, {1, kMaxColumns + 1}}) {
     SCOPED_TRACE(testing::Message() << row << "," << column);
     EXPECT_EQ(raised([&] { data.assignValue(row, column, 1.0); }).number, 1004);
     EXPECT_EQ(raised([&] { data.cellValue(row, column); }).number, 1004);

@@ -9,48 +9,30 @@
 namespace orv::test {
 namespace {
 
-struct Box {
-  double top;
-  double left;
-  double width;
-  double height;
-};
-
-void expectBox(InMemoryApplication& app, const std::string& reference, const Box& expected) {
+// Top, left, width and height of a reference, in points.
+void expectBox(InMemoryApplication& app, const std::string& reference, double top, double left, double width, double height) {
   SCOPED_TRACE(reference);
   const Range r = app.ResolveRange(reference);
-  EXPECT_DOUBLE_EQ(r.Top(), expected.top);
-  EXPECT_DOUBLE_EQ(r.Left(), expected.left);
-  EXPECT_DOUBLE_EQ(r.Width(), expected.width);
-  EXPECT_DOUBLE_EQ(r.Height(), expected.height);
+  EXPECT_DOUBLE_EQ(r.Top(), top);
+  EXPECT_DOUBLE_EQ(r.Left(), left);
+  EXPECT_DOUBLE_EQ(r.Width(), width);
+  EXPECT_DOUBLE_EQ(r.Height(), height);
 }
 
-TEST_F(HostTest, DefaultRowsAre15AndColumns48PointsWide) {
-  expectBox(app, "A1", {0, 0, 48, 15});
-  expectBox(app, "C5", {60, 96, 48, 15});
-  expectBox(app, "B2:D11", {15, 48, 144, 150});
-  expectBox(app, "A1048576", {1048575.0 * 15, 0, 48, 15});
-  expectBox(app, "XFD1", {0, 16383.0 * 48, 48, 15});
-}
-
-TEST_F(HostTest, CustomSizesMoveEverythingBelowAndRight) {
+TEST_F(HostTest, DefaultAndCustomSizesPlaceEveryCell) {
+  expectBox(app, "B2:D11", 15, 48, 144, 150);  // rows 15 points high, columns 48 wide
+  expectBox(app, "XFD1", 0, 16383.0 * 48, 48, 15);
   data.geometry().setRowHeight(3, 30);
   data.geometry().setRowHeight(1000, 0);  // hidden
   data.geometry().setColumnWidth(2, 100);
-  expectBox(app, "C5", {75, 148, 48, 15});
-  expectBox(app, "B2:B4", {15, 48, 100, 60});
-  expectBox(app, "A3", {30, 0, 48, 30});
+  expectBox(app, "C5", 75, 148, 48, 15);
+  expectBox(app, "B2:B4", 15, 48, 100, 60);
   // Below row 1000, the 15 points row 3 gains and the 15 row 1000 loses cancel out.
-  expectBox(app, "A1000", {999.0 * 15 + 15, 0, 48, 0});
-  expectBox(app, "A1001", {1000.0 * 15, 0, 48, 15});
-  expectBox(app, "A1048576", {1048575.0 * 15, 0, 48, 15});
-}
-
-TEST_F(HostTest, DefaultSizesCanChange) {
+  expectBox(app, "A1000", 999.0 * 15 + 15, 0, 48, 0);
+  expectBox(app, "A1048576", 1048575.0 * 15, 0, 48, 15);
   data.geometry().setDefaultRowHeight(20);
   data.geometry().setDefaultColumnWidth(64);
-  data.geometry().setRowHeight(2, 15);
-  expectBox(app, "B3", {35, 64, 64, 20});
+  expectBox(app, "C3", 40, 164, 64, 30);
 }
 
 TEST_F(HostTest, ImpossibleSizesAreHostFailures) {

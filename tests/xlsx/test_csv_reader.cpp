@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "frame/errors.h"
-#include "test_reader_fixtures.h"
+#include "test_packages.h"
 #include "workbook/in_memory_application.h"
 #include "xlsx/csv_reader.h"
 #include "xlsx/reader_workbook.h"

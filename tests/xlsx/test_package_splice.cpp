@@ -2,20 +2,20 @@
 // the edited text, carries its CRC and length, and every case that cannot be spliced says so.
 
 #include <gtest/gtest.h>
-#include <zlib.h>
 
 #include <random>
 #include <string>
 
+#include "test_packages.h"
 #include "xlsx/package_splice.h"
 #include "xlsx/writer_sheet_splice.h"
 
 namespace orv::test {
 namespace {
 
-std::string sheetXml(std::size_t rows, bool selected) {
+std::string bigSheet(std::size_t rows, bool selected) {
   std::string xml = R"(<?xml version="1.0" encoding="UTF-8" standalone="yes"?>)"
-                    R"(<worksheet xmlns="http://schemas.openxmlformats.org/spreadsheetml/2006/main">)"
+                    R"(<worksheet xmlns=")" + kMainNs + R"(">)"
                     R"(<sheetViews><sheetView )";
   if (selected) xml += R"(tabSelected="1" )";
   xml += R"(workbookViewId="0"/></sheetViews><sheetData>)";
@@ -42,22 +42,7 @@ CompressedEntry deflated(const std::string& text, int level) {
   EXPECT_EQ(deflate(&s, Z_FINISH), Z_STREAM_END);
   out.resize(out.size() - s.avail_out);
   deflateEnd(&s);
-  return {out, static_cast<std::uint32_t>(crc32_z(0, reinterpret_cast<const Bytef*>(text.data()), text.size())), text.size()};
-}
-
-std::string inflated(const std::string& bytes, std::size_t size) {
-  z_stream s{};
-  EXPECT_EQ(inflateInit2(&s, -MAX_WBITS), Z_OK);
-  std::string out(size + 1, '\0');
-  s.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(bytes.data()));
-  s.avail_in = static_cast<uInt>(bytes.size());
-  s.next_out = reinterpret_cast<Bytef*>(out.data());
-  s.avail_out = static_cast<uInt>(out.size());
-  EXPECT_EQ(inflate(&s, Z_FINISH), Z_STREAM_END);
-  EXPECT_EQ(s.avail_in, 0U);  // nothing after the final block
-  out.resize(out.size() - s.avail_out);
-  inflateEnd(&s);
-  return out;
+  return {out, crcOf(text), text.size()};
 }
 
 std::optional<std::string> deselect(std::string_view head) {
@@ -67,7 +52,7 @@ std::optional<std::string> deselect(std::string_view head) {
 }
 
 TEST(HeadSplice, TheSplicedPartInflatesToTheEditedTextWithItsCrcAndLength) {
-  const std::string original = sheetXml(40000, true);
+  const std::string original = bigSheet(40000, true);
   const std::string expected = withoutTabSelected(original);
   ASSERT_NE(expected, original);
   for (int level : {1, 6, 9}) {
@@ -76,8 +61,8 @@ TEST(HeadSplice, TheSplicedPartInflatesToTheEditedTextWithItsCrcAndLength) {
     const HeadSplice splice = spliceDeflatedHead(entry, "sheetData", deselect);
     ASSERT_EQ(splice.outcome, HeadSplice::Outcome::Spliced);
     EXPECT_EQ(splice.part.size, expected.size());
-    EXPECT_EQ(splice.part.crc, crc32_z(0, reinterpret_cast<const Bytef*>(expected.data()), expected.size()));
-    EXPECT_TRUE(inflated(splice.part.bytes, expected.size()) == expected);
+    EXPECT_EQ(splice.part.crc, crcOf(expected));
+    EXPECT_TRUE(inflateRaw(splice.part.bytes, expected.size()) == expected);
     // The rest was kept, not recompressed: the original's compressed bytes end the spliced part.
     const std::size_t kept = splice.keptBytes;
     ASSERT_GT(kept, 0U);
@@ -86,13 +71,10 @@ TEST(HeadSplice, TheSplicedPartInflatesToTheEditedTextWithItsCrcAndLength) {
   }
 }
 
-TEST(HeadSplice, NothingToEditLeavesThePartAlone) {
-  const HeadSplice splice = spliceDeflatedHead(deflated(sheetXml(40000, false), 6), "sheetData", deselect);
-  EXPECT_EQ(splice.outcome, HeadSplice::Outcome::Unchanged);
-}
-
 TEST(HeadSplice, PartsThatCannotBeSplicedAreLeftToAWholeRewrite) {
-  const std::string big = sheetXml(40000, true);
+  EXPECT_EQ(spliceDeflatedHead(deflated(bigSheet(40000, false), 6), "sheetData", deselect).outcome,
+            HeadSplice::Outcome::Unchanged);  // nothing to edit
+  const std::string big = bigSheet(40000, true);
   CompressedEntry truncated = deflated(big, 6);
   truncated.bytes.resize(2000);
   CompressedEntry garbage = deflated(big, 6);
@@ -101,7 +83,7 @@ TEST(HeadSplice, PartsThatCannotBeSplicedAreLeftToAWholeRewrite) {
   const auto notPossible = [](const CompressedEntry& entry, std::string_view marker) {
     return spliceDeflatedHead(entry, marker, deselect).outcome == HeadSplice::Outcome::NotPossible;
   };
-  EXPECT_TRUE(notPossible(deflated(sheetXml(20, true), 6), "sheetData"));  // shorter than the window
+  EXPECT_TRUE(notPossible(deflated(bigSheet(20, true), 6), "sheetData"));  // shorter than the window
   EXPECT_TRUE(notPossible(deflated(big, 6), "noSuchMarker"));
   EXPECT_TRUE(notPossible(truncated, "sheetData"));
   EXPECT_TRUE(notPossible(garbage, "sheetData"));

@@ -1,13 +1,11 @@
-#include <zip.h>
-#include <zlib.h>
+// Writing zip packages: deflated entries with their CRC and size, untouched entries copied as
+// they were compressed, the same bytes for the same input, nothing written before the commit.
 
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
 #include <string>
 
-#include "test_writer_support.h"
+#include "test_packages.h"
 #include "xlsx/package_deflate.h"
 #include "xlsx/package_zip.h"
 
@@ -47,26 +45,6 @@ RawEntry rawEntry(const std::filesystem::path& path, const std::string& name) {
   return raw;
 }
 
-// Inflates a raw deflate stream with zlib alone, so nothing of libzip's reading is involved.
-std::string inflateRaw(const std::string& compressed, std::size_t size) {
-  std::string out(size + 1, '\0');  // one spare byte: a stream that inflates too long shows
-  z_stream stream{};
-  EXPECT_EQ(inflateInit2(&stream, -15), Z_OK);
-  stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(compressed.data()));
-  stream.avail_in = static_cast<uInt>(compressed.size());
-  stream.next_out = reinterpret_cast<Bytef*>(out.data());
-  stream.avail_out = static_cast<uInt>(out.size());
-  EXPECT_EQ(inflate(&stream, Z_FINISH), Z_STREAM_END);
-  EXPECT_EQ(stream.avail_in, 0u) << "bytes after the end of the stream";
-  out.resize(stream.total_out);
-  inflateEnd(&stream);
-  return out;
-}
-
-std::uint32_t crcOf(const std::string& content) {
-  return static_cast<std::uint32_t>(crc32_z(0, reinterpret_cast<const Bytef*>(content.data()), content.size()));
-}
-
 // Rows of a sheet, varied enough that deflate has work to do, above the fast-level threshold.
 std::string largeSheet() {
   std::string xml = "<sheetData>";
@@ -75,11 +53,6 @@ std::string largeSheet() {
            std::to_string((r * 7919) % 100003) + "</v></c></row>";
   }
   return xml + "</sheetData>";
-}
-
-std::string fileBytes(const std::filesystem::path& path) {
-  std::ifstream in(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
 }
 
 TEST(PackageZip, PutEntriesInflateBackToTheirContent) {
@@ -112,7 +85,7 @@ TEST(PackageZip, PutEntriesInflateBackToTheirContent) {
 
 TEST(PackageZip, ReplacingKeepsOtherEntriesByteForByteAndTheOrder) {
   ScratchFolder folder;
-  const Entries original = {
+  const Parts original = {
       {"[Content_Types].xml", "<Types/>"},
       {"xl/worksheets/sheet1.xml", "<worksheet><sheetView tabSelected=\"1\"/>" + std::string(5000, 'r') + "</worksheet>"},
       {"xl/media/image1.png", std::string("\x89PNG\r\n\x1A\n", 8) + std::string(300, '\x07')},
@@ -171,21 +144,21 @@ TEST(PackageZip, EqualInputGivesEqualFiles) {
     package.put("xl/styles.xml", "<styleSheet/>");
     package.commit();
   }
-  const std::string first = fileBytes(folder / "a.zip");
+  const std::string first = readBytes(folder / "a.zip");
   EXPECT_FALSE(first.empty());
-  EXPECT_EQ(fileBytes(folder / "b.zip"), first);
+  EXPECT_EQ(readBytes(folder / "b.zip"), first);
 }
 
 TEST(PackageZip, UncommittedPackageLeavesTheFileAlone) {
   ScratchFolder folder;
   writeZip(folder / "in.zip", {{"a.xml", "<a/>"}});
-  const std::string before = fileBytes(folder / "in.zip");
+  const std::string before = readBytes(folder / "in.zip");
   {
     ZipPackage package = ZipPackage::open(folder / "in.zip");
     package.put("a.xml", "<b/>");
     package.put("new.xml", "<c/>");
   }
-  EXPECT_EQ(fileBytes(folder / "in.zip"), before);
+  EXPECT_EQ(readBytes(folder / "in.zip"), before);
 }
 
 }  // namespace

@@ -1,19 +1,21 @@
-// Files the reader must refuse with a clear error, without crashing or running out of memory.
+// Files the reader must refuse with a clear error naming the limit or damage, without crashing or
+// running out of memory; each limit admits what stays within it.
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
 #include "frame/errors.h"
-#include "test_reader_fixtures.h"
+#include "test_packages.h"
 #include "workbook/in_memory_application.h"
 #include "xlsx/reader_workbook.h"
+#include "xlsx/reader_xml.h"
 
-namespace orv {
+namespace orv::test {
 namespace {
 
-using test::Parts;
-
-// Loads the file and returns the error description; fails the test when no kFileUnreadable comes.
-std::string loadError(const std::filesystem::path& file, const ReadLimits& limits = {}) {
+// The error description of loading `file`, or "" when it loads.
+std::string outcome(const fs::path& file, const ReadLimits& limits = {}) {
   InMemoryApplication app;
   try {
     openWorkbookFile(app, file, limits);
@@ -22,95 +24,102 @@ std::string loadError(const std::filesystem::path& file, const ReadLimits& limit
     EXPECT_EQ(e.source(), "Line 0 in ORVDescriptives.WorkbookFile.Open");
     return e.description();
   }
-  ADD_FAILURE() << file << " loaded";
-  return {};
+  return "";
 }
 
 std::string ole(const std::string& directoryName) {
   std::string bytes = "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1";
   bytes.resize(1536, '\0');
-  for (const char c : directoryName) {
-    bytes.push_back(c);
-    bytes.push_back('\0');
-  }
+  for (const char c : directoryName) bytes += std::string{c, '\0'};
   bytes.resize(2048, '\0');
   return bytes;
 }
 
-std::string nested(int depth) {
+std::string nested(std::size_t depth, const std::string& innermost = "") {
   std::string open, close;
-  for (int i = 0; i < depth; ++i) {
+  for (std::size_t i = 0; i < depth; ++i) {
     open += "<a>";
     close += "</a>";
   }
-  return open + close;
+  return open + innermost + close;
+}
+
+std::string sst(const std::vector<std::string>& items, const std::string& extra = "") {
+  std::string s = R"(<sst xmlns=")" + kMainNs + R"(">)";
+  for (const std::string& item : items) s += "<si><t>" + item + "</t></si>";
+  return s + extra + "</sst>";
+}
+
+std::string sharedCells(int count) {
+  std::string row = "<row>";
+  for (int i = 0; i < count; ++i) row += R"(<c t="s"><v>0</v></c>)";
+  return row + "</row>";
 }
 
 TEST(ReaderHostile, EveryBadFileSaysWhatItIsAndWhatIsAccepted) {
-  const std::string good = test::readBytes(test::writeZip("good.xlsx", test::oneSheetPackage(test::sheetXml(""))));
-  Parts missingWorkbook = test::oneSheetPackage(test::sheetXml(""));
+  const std::string good = readBytes(writeZip("good.xlsx", oneSheetPackage(sheetXml(""))));
+  Parts missingWorkbook = oneSheetPackage(sheetXml("")), missingSheet = missingWorkbook;
   missingWorkbook.erase(missingWorkbook.begin() + 1);
-  Parts missingSheet = test::oneSheetPackage(test::sheetXml(""));
   missingSheet.erase(missingSheet.begin() + 2);
-  const std::string ooxmlCount = R"(<sst xmlns=")" + test::kMainNs + R"(" count="1"><si><t>a</t></si></sst>)";
+  const std::string ooxmlCount = R"(<sst xmlns=")" + kMainNs + R"(" count="1"><si><t>a</t></si></sst>)";
 
   const struct {
     std::string name;
     std::filesystem::path file;
     std::string expected;  // a piece of the description
   } rows[] = {
-      {"truncated zip", test::writeBytes("cut.xlsx", good.substr(0, good.size() / 2)), "damaged or truncated zip archive"},
-      {"garbage", test::writeBytes("garbage.xlsx", std::string("\x01\x02\x03\x00\xff", 5)), "neither a workbook nor a text file"},
-      {"text named xlsx", test::writeBytes("text.xlsx", "a,b\n1,2\n"), "it is text, not a zip package"},
-      {"text with other extension", test::writeBytes("notes.dat", "a,b\n"), "without a .csv, .tsv or .txt extension"},
-      {"empty", test::writeBytes("empty.xlsx", ""), "is empty"},
-      {"utf-16", test::writeBytes("wide.csv", "\xFF\xFE" "a\0"), "UTF-16"},
-      {"encrypted", test::writeBytes("secret.xlsx", ole("EncryptedPackage")), "password-protected workbook"},
-      {"legacy xls", test::writeBytes("old.xls", ole("Workbook")), "legacy binary workbook (.xls)"},
-      {"other compound", test::writeBytes("old.doc", ole("WordDocument")), "compound document"},
-      {"missing", test::tempFile("absent.xlsx"), "cannot be opened"},
-      {"no workbook part", test::writeZip("nowb.xlsx", missingWorkbook), "workbook part \"xl/workbook.xml\" is missing"},
-      {"no sheet part", test::writeZip("nosheet.xlsx", missingSheet), "\"xl/worksheets/sheet1.xml\" of the sheet \"Data\" is missing"},
-      {"plain zip", test::writeZip("photos.xlsx", {{"a.txt", "hello"}}), "zip archive that holds no workbook"},
-      {"xlsb", test::writeZip("bin.xlsb", {{"_rels/.rels", test::rootRels("xl/workbook.bin")}, {"xl/workbook.bin", "x"}}),
+      {"truncated zip", writeBytes("cut.xlsx", good.substr(0, good.size() / 2)), "damaged or truncated zip archive"},
+      {"garbage", writeBytes("garbage.xlsx", std::string("\x01\x02\x03\x00\xff", 5)), "neither a workbook nor a text file"},
+      {"text named xlsx", writeBytes("text.xlsx", "a,b\n1,2\n"), "it is text, not a zip package"},
+      {"text with other extension", writeBytes("notes.dat", "a,b\n"), "without a .csv, .tsv or .txt extension"},
+      {"empty", writeBytes("empty.xlsx", ""), "is empty"},
+      {"utf-16", writeBytes("wide.csv", "\xFF\xFE" "a\0"), "UTF-16"},
+      {"encrypted", writeBytes("secret.xlsx", ole("EncryptedPackage")), "password-protected workbook"},
+      {"legacy xls", writeBytes("old.xls", ole("Workbook")), "legacy binary workbook (.xls)"},
+      {"other compound", writeBytes("old.doc", ole("WordDocument")), "compound document"},
+      {"missing", tempFile("absent.xlsx"), "cannot be opened"},
+      {"no workbook part", writeZip("nowb.xlsx", missingWorkbook), "workbook part \"xl/workbook.xml\" is missing"},
+      {"no sheet part", writeZip("nosheet.xlsx", missingSheet), "\"xl/worksheets/sheet1.xml\" of the sheet \"Data\" is missing"},
+      {"plain zip", writeZip("photos.xlsx", {{"a.txt", "hello"}}), "zip archive that holds no workbook"},
+      {"xlsb", writeZip("bin.xlsb", {{"_rels/.rels", rootRels("xl/workbook.bin")}, {"xl/workbook.bin", "x"}}),
        "binary workbook (.xlsb)"},
-      {"ods", test::writeZip("calc.ods", {{"mimetype", "application/vnd.oasis.opendocument.spreadsheet"}, {"content.xml", "<x/>"}}),
+      {"ods", writeZip("calc.ods", {{"mimetype", "application/vnd.oasis.opendocument.spreadsheet"}, {"content.xml", "<x/>"}}),
        "OpenDocument spreadsheet (.ods)"},
-      {"docx", test::writeZip("letter.docx", {{"_rels/.rels", test::rootRels("word/document.xml")}, {"word/document.xml", "<w/>"}}),
+      {"docx", writeZip("letter.docx", {{"_rels/.rels", rootRels("word/document.xml")}, {"word/document.xml", "<w/>"}}),
        "word-processing document"},
       {"string index out of range",
-       test::writeZip("sst.xlsx", test::oneSheetPackage(test::sheetXml(R"(<row><c r="B2" t="s"><v>1</v></c></row>)"), ooxmlCount)),
+       writeZip("sst.xlsx", oneSheetPackage(sheetXml(R"(<row><c r="B2" t="s"><v>1</v></c></row>)"), ooxmlCount)),
        "refers to shared string 1 of 1 in cell B2"},
-      {"no string table", test::writeZip("nosst.xlsx", test::oneSheetPackage(test::sheetXml(R"(<row><c t="s"><v>0</v></c></row>)"))),
+      {"no string table", writeZip("nosst.xlsx", oneSheetPackage(sheetXml(R"(<row><c t="s"><v>0</v></c></row>)"))),
        "refers to shared string 0 of 0"},
-      {"truncated sheet XML", test::writeZip("cutxml.xlsx", test::oneSheetPackage(test::sheetXml("<row><c><v>1</v>").substr(0, 150))),
+      {"truncated sheet XML", writeZip("cutxml.xlsx", oneSheetPackage(sheetXml("<row><c><v>1</v>").substr(0, 150))),
        "the sheet \"Data\" is cut short"},
-      {"mismatched tags", test::writeZip("tags.xlsx", test::oneSheetPackage(test::sheetXml("<row><c><v>1</c></v></row>"))),
+      {"mismatched tags", writeZip("tags.xlsx", oneSheetPackage(sheetXml("<row><c><v>1</c></v></row>"))),
        "mismatched end tag"},
-      {"cell off the sheet", test::writeZip("off.xlsx", test::oneSheetPackage(test::sheetXml(R"(<row><c r="XFE1"><v>1</v></c></row>)"))),
+      {"cell off the sheet", writeZip("off.xlsx", oneSheetPackage(sheetXml(R"(<row><c r="XFE1"><v>1</v></c></row>)"))),
        "cell reference that is off the sheet"},
-      {"row off the sheet", test::writeZip("offrow.xlsx", test::oneSheetPackage(test::sheetXml(R"(<row r="1048577"/>)"))),
+      {"row off the sheet", writeZip("offrow.xlsx", oneSheetPackage(sheetXml(R"(<row r="1048577"/>)"))),
        "row number off the sheet"},
-      {"bad number", test::writeZip("num.xlsx", test::oneSheetPackage(test::sheetXml(R"(<row><c r="C3"><v>1,5</v></c></row>)"))),
+      {"bad number", writeZip("num.xlsx", oneSheetPackage(sheetXml(R"(<row><c r="C3"><v>1,5</v></c></row>)"))),
        "number that does not read as one in cell C3"},
-      {"infinite number", test::writeZip("inf.xlsx", test::oneSheetPackage(test::sheetXml(R"(<row><c><v>1e999</v></c></row>)"))),
+      {"infinite number", writeZip("inf.xlsx", oneSheetPackage(sheetXml(R"(<row><c><v>1e999</v></c></row>)"))),
        "number that does not read as one"},
-      {"bad Boolean", test::writeZip("bool.xlsx", test::oneSheetPackage(test::sheetXml(R"(<row><c t="b"><v>yes</v></c></row>)"))),
+      {"bad Boolean", writeZip("bool.xlsx", oneSheetPackage(sheetXml(R"(<row><c t="b"><v>yes</v></c></row>)"))),
        "Boolean"},
-      {"doctype", test::writeZip("dtd.xlsx", test::oneSheetPackage("<!DOCTYPE x [<!ENTITY a 'b'>]>" + test::sheetXml(""))),
+      {"doctype", writeZip("dtd.xlsx", oneSheetPackage("<!DOCTYPE x [<!ENTITY a 'b'>]>" + sheetXml(""))),
        "document type declaration"},
-      {"workbook XML broken", test::writeZip("wbxml.xlsx", {{"_rels/.rels", test::rootRels()}, {"xl/workbook.xml", "<workbook><sheets>"}}),
+      {"workbook XML broken", writeZip("wbxml.xlsx", {{"_rels/.rels", rootRels()}, {"xl/workbook.xml", "<workbook><sheets>"}}),
        "\"xl/workbook.xml\" is no well-formed XML"},
-      {"invalid sheet name", test::writeZip("names.xlsx", [] {
-         Parts p = test::oneSheetPackage(test::sheetXml(""));
-         p[1].second = test::workbookXml({{"a[1]", "rId1"}});
+      {"invalid sheet name", writeZip("names.xlsx", [] {
+         Parts p = oneSheetPackage(sheetXml(""));
+         p[1].second = workbookXml({{"a[1]", "rId1"}});
          return p;
        }()),
        "\"a[1]\" cannot name a sheet"},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
-    const std::string description = loadError(row.file);
+    const std::string description = outcome(row.file);
     EXPECT_NE(description.find(row.expected), std::string::npos) << description;
     EXPECT_TRUE(description.starts_with("\"" + row.file.filename().string() + "\" ")) << description;
     EXPECT_TRUE(description.ends_with(". Orvella reads .xlsx and .xlsm workbooks and .csv, .tsv and .txt text files."))
@@ -118,76 +127,168 @@ TEST(ReaderHostile, EveryBadFileSaysWhatItIsAndWhatIsAccepted) {
   }
 }
 
-TEST(ReaderHostile, HugeDeclaredDimensionAllocatesNothing) {
-  const std::string sheet = test::sheetXml(R"(<row r="1"><c r="A1"><v>1</v></c></row><row r="1048576"><c r="XFD1048576"><v>2</v></c></row>)",
-                                           R"(<dimension ref="A1:XFD1048576"/>)");
-  ReadLimits limits;
-  limits.maxStoredCells = 10;  // two single cells fit; anything dense would not
-  InMemoryApplication app;
-  InMemoryWorksheet& ws = openWorkbookFile(app, test::writeZip("dim.xlsx", test::oneSheetPackage(sheet)), limits).book.Worksheets(1);
-  EXPECT_EQ(ws.cellValue(kMaxRows, kMaxColumns), CellValue(2.0));
-  EXPECT_EQ(ws.usedBlock(), (CellBlock{1, 1, kMaxRows, kMaxColumns}));
-}
-
-TEST(ReaderHostile, CellsSpreadOverAColumnCountAgainstTheMemoryBudget) {
-  const std::string sheet = test::sheetXml(R"(<row r="1"><c><v>1</v></c></row><row r="1000"><c><v>2</v></c></row>)");
-  ReadLimits limits;
-  limits.maxStoredCells = 999;
-  const std::string description = loadError(test::writeZip("spread.xlsx", test::oneSheetPackage(sheet)), limits);
-  EXPECT_NE(description.find("more than 999 cell slots"), std::string::npos) << description;
+TEST(ReaderHostile, EachLimitAdmitsItsBoundAndRefusesOnePastItByName) {
+  struct LimitCase {
+    const char* name;
+    std::function<fs::path(bool over)> file;  // just within the limit, or one past it
+    std::function<void(ReadLimits&)> limit;
+    std::string named;
+  };
+  const auto none = [](ReadLimits&) {};
+  const std::size_t inside = kMaxXmlDepth - 1;  // the root element is the first level
+  const std::vector<LimitCase> cases = {
+      {"XML depth of a sheet",
+       [&](bool over) {
+         return writeZip("depth_sheet.xlsx", oneSheetPackage(sheetXml(R"(<row><c><v>1</v></c></row>)",
+                                                                      nested(over ? inside + 1 : inside))));
+       },
+       none, "nests its XML elements more than 256 deep (the XML depth limit)"},
+      {"XML depth of the shared strings",
+       [&](bool over) {
+         return writeZip("depth_sst.xlsx", oneSheetPackage(sheetXml(sharedCells(1)),
+                                                           sst({"a"}, nested(over ? inside + 1 : inside, "x"))));
+       },
+       none, "\"xl/sharedStrings.xml\" nests its XML elements more than 256 deep"},
+      {"XML depth of the workbook",
+       [&](bool over) {
+         Parts p = oneSheetPackage(sheetXml(""));
+         p[1].second = workbookXml({{"Data", "rId1"}}, nested(over ? inside + 1 : inside));
+         return writeZip("depth_wb.xlsx", p);
+       },
+       none, "\"xl/workbook.xml\" nests its XML elements more than 256 deep"},
+      {"shared-string count",
+       [](bool over) {
+         return writeZip("count_sst.xlsx", oneSheetPackage(sheetXml(sharedCells(1)),
+                                                           over ? sst({"a", "b", "c"}) : sst({"a", "b"})));
+       },
+       [](ReadLimits& l) { l.maxSharedStrings = 2; }, "holds more than 2 strings (the shared-string count limit)"},
+      {"length of a shared string",
+       [](bool over) {
+         return writeZip("long_sst.xlsx", oneSheetPackage(sheetXml(sharedCells(1)), sst({over ? "abcdef" : "abcde"})));
+       },
+       [](ReadLimits& l) { l.maxStringBytes = 5; }, "shared string 0 is longer than 5 bytes (the text length limit)"},
+      {"length of an inline string",
+       [](bool over) {
+         return writeZip("long_inline.xlsx", oneSheetPackage(sheetXml(std::string(R"(<row><c r="B3" t="inlineStr"><is><t>)") +
+                                                                      (over ? "ab&amp;de" : "ab&amp;d") + "</t></is></c></row>")));
+       },
+       [](ReadLimits& l) { l.maxStringBytes = 4; }, "the cell B3 of the sheet \"Data\" holds a text longer than 4 bytes"},
+      {"length of a CSV field",
+       [](bool over) { return writeBytes("long.csv", over ? "a,b\n1,\"12345\"\n" : "a,b\n1,\"1234\"\n"); },
+       [](ReadLimits& l) { l.maxStringBytes = 4; }, "the field in row 2, column 2 is longer than 4 bytes (the text length limit)"},
+      {"text in all cells: one shared string in many cells",
+       [](bool over) { return writeZip("text_total.xlsx", oneSheetPackage(sheetXml(sharedCells(over ? 4 : 3)), sst({"abcd"}))); },
+       [](ReadLimits& l) { l.maxTextBytes = 12; },
+       "its cells hold more than 12 bytes of text in all, counting each shared string once per cell (the total text limit)"},
+      {"text in all cells: over two sheets",
+       [](bool over) {
+         Parts p = oneSheetPackage(sheetXml(sharedCells(2)), sst({"abcd"}));
+         p[1].second = workbookXml({{"Data", "rId1"}, {"More", "rId3"}});
+         p.back().second = workbookRels({{"rId1", "worksheet", "worksheets/sheet1.xml"},
+                                         {"rId2", "sharedStrings", "sharedStrings.xml"},
+                                         {"rId3", "worksheet", "worksheets/sheet2.xml"}});
+         p.emplace_back("xl/worksheets/sheet2.xml", sheetXml(sharedCells(over ? 2 : 1)));
+         return writeZip("text_two.xlsx", p);
+       },
+       [](ReadLimits& l) { l.maxTextBytes = 12; }, "(the total text limit)"},
+      {"cells of a CSV file spread down a column",
+       [](bool over) { return writeBytes("spread.csv", "1\n" + std::string(over ? 99 : 98, '\n') + "2\n"); },
+       [](ReadLimits& l) { l.maxStoredCells = 100; }, "more than 100 cell slots"},
+      {"cells of a CSV file spread over many columns",  // two cells in each of 10 columns, 9 rows apart
+       [](bool over) {
+         const std::string line = "1,1,1,1,1,1,1,1,1,1\n";
+         return writeBytes("wide.csv", line + std::string(8, '\n') + (over ? line : line.substr(0, 17) + "\n"));
+       },
+       [](ReadLimits& l) { l.maxStoredCells = 99; }, "(the cell count limit)"},
+      {"cells of a sheet spread down a column",
+       [](bool over) {
+         return writeZip("cells.xlsx", oneSheetPackage(sheetXml(std::string(R"(<row r="1"><c><v>1</v></c></row><row r=")") +
+                                                                (over ? "11" : "10") + R"("><c><v>2</v></c></row>)")));
+       },
+       [](ReadLimits& l) { l.maxStoredCells = 10; },
+       "more than 10 cell slots, more than this program holds in memory (the cell count limit)"},
+  };
+  for (const LimitCase& c : cases) {
+    SCOPED_TRACE(c.name);
+    ReadLimits limits;
+    c.limit(limits);
+    EXPECT_EQ(outcome(c.file(false), limits), "");
+    const std::string refusal = outcome(c.file(true), limits);
+    EXPECT_NE(refusal.find(c.named), std::string::npos) << refusal;
+  }
 }
 
 TEST(ReaderHostile, ZipBombIsRefusedAtTheLimitNotAtItsDeclaredSize) {
-  const std::string sheet = test::sheetXml("<row><c><v>1</v></c></row>" + std::string(4 << 20, ' '));
-  const auto file = test::writeZip("bomb.xlsx", test::oneSheetPackage(sheet));
+  const auto file = writeZip("bomb.xlsx", oneSheetPackage(sheetXml("<row><c><v>1</v></c></row>" + std::string(4 << 20, ' '))));
   const struct {
-    std::string name;
     ZipLimits zip;
+    std::string named;
   } rows[] = {
-      {"part cap", {1 << 20, std::uint64_t{2} << 30, std::uint64_t{16} << 20, 1000}},
-      {"total cap", {std::uint64_t{2} << 30, 2 << 20, std::uint64_t{16} << 20, 1000}},
-      {"ratio", {std::uint64_t{2} << 30, std::uint64_t{2} << 30, 1 << 20, 100}},
+      {{1 << 20, std::uint64_t{2} << 30, std::uint64_t{16} << 20, 1000}, "the part size limit of 1048576 bytes"},
+      {{std::uint64_t{2} << 30, 2 << 20, std::uint64_t{16} << 20, 1000}, "the package size limit of 2097152 bytes"},
+      {{std::uint64_t{2} << 30, std::uint64_t{2} << 30, 1 << 20, 100}, "the compression ratio limit of 100:1"},
   };
   for (const auto& row : rows) {
-    SCOPED_TRACE(row.name);
+    SCOPED_TRACE(row.named);
     ReadLimits limits;
     limits.zip = row.zip;
-    const std::string description = loadError(file, limits);
-    EXPECT_NE(description.find("inflates beyond the"), std::string::npos) << description;
-    EXPECT_NE(description.find("(a zip bomb or a damaged archive)"), std::string::npos) << description;
+    const std::string refusal = outcome(file, limits);
+    EXPECT_NE(refusal.find("\"xl/worksheets/sheet1.xml\" inflates beyond " + row.named + " (a zip bomb or a damaged archive)"),
+              std::string::npos)
+        << refusal;
   }
   InMemoryApplication app;
   EXPECT_EQ(loadWorkbook(app, file).Worksheets(1).cellValue(1, 1), CellValue(1.0));  // within the default limits
 }
 
 TEST(ReaderHostile, DeeplyNestedXmlIsRefusedWithoutRecursing) {
-  // 200,000 levels would overflow the stack of any recursive walk; both parsers refuse them at
-  // the depth limit instead (test_reader_limits.cpp checks the bound itself).
+  // 200,000 levels would overflow the stack of any recursive walk.
   const std::string deep = nested(200000);
-  const std::string sheet = test::sheetXml(R"(<row><c><v>3</v></c></row>)", deep);
-  EXPECT_NE(loadError(test::writeZip("deep.xlsx", test::oneSheetPackage(sheet))).find("(the XML depth limit)"),
-            std::string::npos);
-  const std::string sst = R"(<sst xmlns=")" + test::kMainNs + R"("><si><t>a</t></si>)" + deep + "</sst>";
-  EXPECT_NE(loadError(test::writeZip("deepsst.xlsx",
-                                     test::oneSheetPackage(test::sheetXml(R"(<row><c t="s"><v>0</v></c></row>)"), sst)))
-                .find("(the XML depth limit)"),
-            std::string::npos);
-}
-
-TEST(ReaderHostile, EveryCutOfAValidPackageFailsCleanly) {
-  const std::string sheet = test::sheetXml(R"(<row><c t="inlineStr"><is><t>x</t></is></c><c><v>2</v></c></row>)");
-  const std::string good = test::readBytes(test::writeZip("whole.xlsx", test::oneSheetPackage(sheet)));
-  for (std::size_t cut = 0; cut < good.size(); cut += 7) {
-    SCOPED_TRACE(cut);
-    InMemoryApplication app;
-    try {
-      openWorkbookFile(app, test::writeBytes("cut_each.xlsx", good.substr(0, cut)));
-      ADD_FAILURE() << "a cut package loaded";
-    } catch (const ComponentError& e) {
-      EXPECT_EQ(e.number(), err::kFileUnreadable);
-    }
+  const Parts inSheet = oneSheetPackage(sheetXml(R"(<row><c><v>3</v></c></row>)", deep));
+  const Parts inStrings = oneSheetPackage(sheetXml(sharedCells(1)), sst({"a"}, deep));
+  for (const auto& [name, parts] : {std::pair{"deep.xlsx", inSheet}, std::pair{"deepsst.xlsx", inStrings}}) {
+    SCOPED_TRACE(name);
+    EXPECT_NE(outcome(writeZip(name, parts)).find("(the XML depth limit)"), std::string::npos);
   }
 }
 
+TEST(ReaderHostile, HugeDeclaredDimensionAllocatesNothing) {
+  const std::string sheet = sheetXml(R"(<row r="1"><c r="A1"><v>1</v></c></row><row r="1048576"><c r="XFD1048576"><v>2</v></c></row>)",
+                                     R"(<dimension ref="A1:XFD1048576"/>)");
+  ReadLimits limits;
+  limits.maxStoredCells = 10;  // two single cells fit; anything dense would not
+  InMemoryApplication app;
+  InMemoryWorksheet& ws = openWorkbookFile(app, writeZip("dim.xlsx", oneSheetPackage(sheet)), limits).book.Worksheets(1);
+  EXPECT_EQ(ws.cellValue(kMaxRows, kMaxColumns), CellValue(2.0));
+  EXPECT_EQ(ws.usedBlock(), (CellBlock{1, 1, kMaxRows, kMaxColumns}));
+}
+
+TEST(ReaderHostile, EveryCutOfAValidPackageFailsCleanly) {
+  const std::string sheet = sheetXml(R"(<row><c t="inlineStr"><is><t>x</t></is></c><c><v>2</v></c></row>)");
+  const std::string good = readBytes(writeZip("whole.xlsx", oneSheetPackage(sheet)));
+  for (std::size_t cut = 0; cut < good.size(); cut += 7) {
+    SCOPED_TRACE(cut);
+    EXPECT_NE(outcome(writeBytes("cut_each.xlsx", good.substr(0, cut))), "");
+  }
+}
+
+TEST(ReaderHostile, DefaultsTakeAFullHeightSheetAndTheLongestCellText) {
+  // Column A: 1,048,576 numbers; B1: a shared string of 32,767 four-byte characters, as long as a
+  // cell text can be; B2: the same string inline.
+  std::string longest;
+  for (int i = 0; i < 32767; ++i) longest += "\xF0\x9F\x98\x80";
+  std::string rows;
+  rows.reserve(std::size_t{40} << 20);
+  rows += R"(<row r="1"><c r="A1"><v>1</v></c><c r="B1" t="s"><v>0</v></c></row>)";
+  rows += R"(<row r="2"><c r="A2"><v>2</v></c><c r="B2" t="inlineStr"><is><t>)" + longest + "</t></is></c></row>";
+  for (std::int32_t r = 3; r <= kMaxRows; ++r) rows += "<row><c><v>" + std::to_string(r) + "</v></c></row>";
+  InMemoryApplication app;
+  InMemoryWorksheet& ws = loadWorkbook(app, writeZip("full.xlsx", oneSheetPackage(sheetXml(rows), sst({longest})))).Worksheets(1);
+  EXPECT_EQ(ws.usedBlock(), (CellBlock{1, 1, kMaxRows, 2}));
+  EXPECT_EQ(ws.cellValue(kMaxRows, 1), CellValue(static_cast<double>(kMaxRows)));
+  EXPECT_EQ(ws.cellValue(1, 2), CellValue(longest));
+  EXPECT_EQ(ws.cellValue(2, 2), CellValue(longest));
+}
+
 }  // namespace
-}  // namespace orv
+}  // namespace orv::test

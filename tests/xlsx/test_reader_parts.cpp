@@ -5,6 +5,7 @@
 #include "xlsx/reader_package.h"
 #include "xlsx/reader_sheet.h"
 #include "xlsx/reader_xml.h"
+#include "xlsx/writer_sheet.h"
 
 namespace orv {
 namespace {
@@ -30,7 +31,7 @@ TEST(ReaderParts, RelationshipTargetsResolveToPartNames) {
   EXPECT_EQ(relationshipsPartOf("xl/workbook.xml"), "xl/_rels/workbook.xml.rels");
 }
 
-TEST(ReaderParts, ColumnWidthsInCharactersBecomePointsByTheDigitWidthRule) {
+TEST(ReaderParts, ColumnWidthsConvertBetweenCharactersAndPointsByTheDigitWidthRule) {
   const struct {
     double characters, points;
   } rows[] = {
@@ -40,6 +41,11 @@ TEST(ReaderParts, ColumnWidthsInCharactersBecomePointsByTheDigitWidthRule) {
   for (const auto& row : rows) {
     SCOPED_TRACE(row.characters);
     EXPECT_EQ(columnWidthPoints(row.characters), row.points);
+  }
+  EXPECT_DOUBLE_EQ(columnWidthCharacters(75.0), 14.28515625);  // 100 px
+  // Whole-pixel widths the writer sends out come back from the reader as they went.
+  for (int pixels = 0; pixels <= 400; ++pixels) {
+    ASSERT_DOUBLE_EQ(columnWidthPoints(columnWidthCharacters(pixels * 0.75)), pixels * 0.75) << pixels << " px";
   }
 }
 

@@ -10,16 +10,14 @@
 #include <set>
 
 #include "frame/errors.h"
-#include "test_reader_fixtures.h"
+#include "test_packages.h"
 #include "workbook/in_memory_application.h"
 #include "xlsx/package_atomic_write.h"
 #include "xlsx/reader_workbook.h"
 #include "xlsx/writer_workbook.h"
 
-namespace orv {
+namespace orv::test {
 namespace {
-
-namespace fs = std::filesystem;
 
 // Removes the hook however a test ends.
 struct FaultAt {
@@ -38,9 +36,7 @@ std::set<std::string> folderListing(const fs::path& folder) {
 }
 
 struct Scene {
-  fs::path folder;
-  fs::path input;
-  fs::path target;
+  fs::path folder, input, target;
   std::string inputBytes;
   std::optional<std::string> oldTarget;  // none: there is no file at the target yet
 };
@@ -66,12 +62,10 @@ Scene makeScene(Way way) {
   fs::create_directories(s.folder);
   s.input = s.folder / "input.xlsx";
   writeWorkbook(s.input, 2);
-  s.inputBytes = test::readBytes(s.input);
+  s.inputBytes = readBytes(s.input);
   s.target = way == Way::InPlace ? s.input : s.folder / "results.xlsx";
-  if (way == Way::OverOldResult) {
-    writeWorkbook(s.target, 1);
-  }
-  if (fs::exists(s.target)) s.oldTarget = test::readBytes(s.target);
+  if (way == Way::OverOldResult) writeWorkbook(s.target, 1);
+  if (fs::exists(s.target)) s.oldTarget = readBytes(s.target);
   return s;
 }
 
@@ -85,7 +79,8 @@ void writeResults(const Scene& s, Way way) {
   else writeIntoPackage(s.input, book, {}, s.target);
 }
 
-int entriesWritten(Way way) {
+// Every point a write can fail at: the temporary file made, each entry written, before the rename.
+std::vector<std::pair<WriteStage, int>> faultPoints(Way way) {
   const Scene s = makeScene(way);
   int entries = 0;
   setWriteFaultHook([&entries](WriteStage stage) {
@@ -95,7 +90,14 @@ int entriesWritten(Way way) {
   writeResults(s, way);
   setWriteFaultHook({});
   fs::remove_all(s.folder);
-  return entries;
+  EXPECT_GE(entries, 3);  // at least the workbook, its rels and the new sheet
+  std::vector<std::pair<WriteStage, int>> points = {{WriteStage::TemporaryCreated, 1}, {WriteStage::BeforeRename, 1}};
+  for (int k = 1; k <= entries; ++k) points.emplace_back(WriteStage::WritingEntry, k);
+  return points;
+}
+
+std::string where(WriteStage stage, int occurrence) {
+  return "stage " + std::to_string(static_cast<int>(stage)) + ", occurrence " + std::to_string(occurrence);
 }
 
 TEST(WriteInterrupted, EveryStageOfEveryWayLeavesTheOldFileAndNoTemporary) {
@@ -105,13 +107,8 @@ TEST(WriteInterrupted, EveryStageOfEveryWayLeavesTheOldFileAndNoTemporary) {
   } ways[] = {{"new file", Way::NewFile}, {"over an old result", Way::OverOldResult},
               {"in place", Way::InPlace}, {"fresh workbook", Way::FreshWorkbook}};
   for (const auto& w : ways) {
-    const int entries = entriesWritten(w.way);
-    ASSERT_GE(entries, 3) << w.name;  // at least the workbook, its rels and the new sheet
-    std::vector<std::pair<WriteStage, int>> points = {{WriteStage::TemporaryCreated, 1}, {WriteStage::BeforeRename, 1}};
-    for (int k = 1; k <= entries; ++k) points.emplace_back(WriteStage::WritingEntry, k);
-    for (const auto& [stage, occurrence] : points) {
-      SCOPED_TRACE(std::string(w.name) + ", stage " + std::to_string(static_cast<int>(stage)) + ", occurrence " +
-                   std::to_string(occurrence));
+    for (const auto& [stage, occurrence] : faultPoints(w.way)) {
+      SCOPED_TRACE(std::string(w.name) + ", " + where(stage, occurrence));
       const Scene s = makeScene(w.way);
       const std::set<std::string> before = folderListing(s.folder);
       try {
@@ -123,8 +120,8 @@ TEST(WriteInterrupted, EveryStageOfEveryWayLeavesTheOldFileAndNoTemporary) {
         EXPECT_NE(e.description().find(s.target.string()), std::string::npos) << e.description();
       }
       EXPECT_EQ(folderListing(s.folder), before);
-      EXPECT_EQ(test::readBytes(s.input), s.inputBytes);
-      if (s.oldTarget) EXPECT_EQ(test::readBytes(s.target), *s.oldTarget);
+      EXPECT_EQ(readBytes(s.input), s.inputBytes);
+      if (s.oldTarget) EXPECT_EQ(readBytes(s.target), *s.oldTarget);
       else EXPECT_FALSE(fs::exists(s.target));
       fs::remove_all(s.folder);
     }
@@ -134,11 +131,8 @@ TEST(WriteInterrupted, EveryStageOfEveryWayLeavesTheOldFileAndNoTemporary) {
 TEST(WriteInterrupted, AProcessKilledWhileWritingLeavesTheOldFile) {
   // The child dies without unwinding, as under a kill: only the target and the input are
   // promised; the hidden temporary file of the interrupted write may stay behind.
-  const int entries = entriesWritten(Way::OverOldResult);
-  std::vector<std::pair<WriteStage, int>> points = {{WriteStage::TemporaryCreated, 1}, {WriteStage::BeforeRename, 1}};
-  for (int k = 1; k <= entries; ++k) points.emplace_back(WriteStage::WritingEntry, k);
-  for (const auto& [stage, occurrence] : points) {
-    SCOPED_TRACE("stage " + std::to_string(static_cast<int>(stage)) + ", occurrence " + std::to_string(occurrence));
+  for (const auto& [stage, occurrence] : faultPoints(Way::OverOldResult)) {
+    SCOPED_TRACE(where(stage, occurrence));
     const Scene s = makeScene(Way::OverOldResult);
     const pid_t child = fork();
     ASSERT_GE(child, 0);
@@ -156,8 +150,8 @@ TEST(WriteInterrupted, AProcessKilledWhileWritingLeavesTheOldFile) {
     int status = 0;
     ASSERT_EQ(waitpid(child, &status, 0), child);
     EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << status;
-    EXPECT_EQ(test::readBytes(s.input), s.inputBytes);
-    EXPECT_EQ(test::readBytes(s.target), *s.oldTarget);
+    EXPECT_EQ(readBytes(s.input), s.inputBytes);
+    EXPECT_EQ(readBytes(s.target), *s.oldTarget);
     for (const std::string& name : folderListing(s.folder)) {
       EXPECT_TRUE(name == "input.xlsx" || name == "results.xlsx" || name.starts_with(".results.xlsx.")) << name;
     }
@@ -166,4 +160,4 @@ TEST(WriteInterrupted, AProcessKilledWhileWritingLeavesTheOldFile) {
 }
 
 }  // namespace
-}  // namespace orv
+}  // namespace orv::test

@@ -6,9 +6,10 @@
 #include <string>
 #include <vector>
 
-#include "test_writer_support.h"
+#include "test_packages.h"
 #include "workbook/chart_model.h"
 #include "workbook/in_memory_application.h"
+#include "workbook/in_memory_chart_objects.h"
 #include "xlsx/package_parts.h"
 #include "xlsx/package_zip.h"
 #include "xlsx/writer_drawing_package.h"
@@ -57,16 +58,20 @@ inline AxisModel axis(AxisKind kind, AxisGroup group = AxisGroup::Primary) {
   return a;
 }
 
+inline void place(ChartModel& c, double left, double top, double width, double height) {
+  c.left = left;
+  c.top = top;
+  c.width = width;
+  c.height = height;
+  c.legend = false;
+}
+
 inline ChartModel boxPlot(const InMemoryWorksheet& sheet, double left, double top) {
   ChartModel c;
   c.name = "Chart 1";
-  c.left = left;
-  c.top = top;
-  c.width = 200;
-  c.height = 180;
+  place(c, left, top, 200, 180);
   c.kind = ChartKind::StockOHLC;
   c.title = "Box plot";
-  c.legend = false;
   for (std::int32_t row : {2, 3, 4, 5}) {
     SeriesModel s;
     s.kind = ChartKind::StockOHLC;
@@ -74,17 +79,13 @@ inline ChartModel boxPlot(const InMemoryWorksheet& sheet, double left, double to
     s.values = rowData(sheet, row);
     c.series.push_back(s);
   }
-  for (int i = 0; i < 2; ++i) {
-    SeriesModel s;
-    s.kind = ChartKind::StockOHLC;
-    s.axisGroup = AxisGroup::Secondary;
-    s.categories = headers();
-    s.values = rowData(sheet, 6);
-    s.line = false;
-    s.marker = MarkerSymbol::Dash;
-    s.markerSize = 12;
-    c.series.push_back(s);
-  }
+  SeriesModel median = c.series.back();  // twice, on the secondary axes
+  median.axisGroup = AxisGroup::Secondary;
+  median.values = rowData(sheet, 6);
+  median.line = false;
+  median.marker = MarkerSymbol::Dash;
+  median.markerSize = 12;
+  c.series.insert(c.series.end(), 2, median);
   c.upDownBars = true;
   c.highLowLines = true;
   c.upBarsColorIndex = 15;
@@ -106,12 +107,8 @@ inline ChartModel boxPlot(const InMemoryWorksheet& sheet, double left, double to
 inline ChartModel errorPlot(const InMemoryWorksheet& sheet, double left, double top, bool literalMinus) {
   ChartModel c;
   c.name = literalMinus ? "Chart 3" : "Chart 2";
-  c.left = left;
-  c.top = top;
-  c.width = 200;
-  c.height = 200;
+  place(c, left, top, 200, 200);
   c.title = "Mean with standard error";
-  c.legend = false;
   SeriesModel s;
   s.categories = headers();
   s.values = rowData(sheet, 7);
@@ -133,13 +130,9 @@ inline ChartModel errorPlot(const InMemoryWorksheet& sheet, double left, double 
 inline ChartModel scatterPlot(const InMemoryWorksheet& sheet, double left, double top) {
   ChartModel c;
   c.name = "Chart 4";
-  c.left = left;
-  c.top = top;
-  c.width = 200;
-  c.height = 200;
+  place(c, left, top, 200, 200);
   c.kind = ChartKind::XYScatter;
   c.title = "Direction";
-  c.legend = false;
   SeriesModel s;
   s.kind = ChartKind::XYScatter;
   s.xValues.cells = cells(14, 1, 19, 1);
@@ -166,10 +159,8 @@ inline ChartModel scatterPlot(const InMemoryWorksheet& sheet, double left, doubl
 inline ChartModel histogram(const InMemoryWorksheet& sheet, double left, double top) {
   ChartModel c;
   c.name = "Chart 5";
-  c.left = left;
-  c.top = top;
-  c.width = 300;
-  c.height = 200;
+  place(c, left, top, 300, 200);
+  c.legend = true;
   c.kind = ChartKind::ColumnClustered;
   c.title = "Histogram";
   c.gapWidth = 0;
@@ -211,8 +202,15 @@ inline std::vector<ChartModel> allCharts(const InMemoryWorksheet& sheet) {
           scatterPlot(sheet, l, 0), histogram(sheet, l, 210)};
 }
 
-// Writes `book` as a new workbook, then puts `charts` on the sheet `sheetPart` as the writer
-// does for a receiving sheet.
+// Records `model` through the sheet's chart objects, as a chart builder does (the object keeps its name).
+inline void record(InMemoryWorksheet& sheet, const ChartModel& model) {
+  auto& object = dynamic_cast<InMemoryChartObject&>(sheet.chartObjects().Add(model.left, model.top, model.width, model.height));
+  const std::string name = object.model().name;
+  object.model() = model;
+  object.model().name = name;
+}
+
+// Puts `charts` on the sheet `sheetPart` of a written package as the writer does for a receiving sheet.
 inline void addCharts(const std::filesystem::path& file, const std::string& sheetPart, const SheetGeometry& geometry,
                       const std::vector<ChartModel>& charts) {
   ZipPackage zip = ZipPackage::open(file);

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "test_writer_support.h"
+#include "test_packages.h"
 #include "xlsx/writer_styles.h"
 
 namespace orv::test {

@@ -19,12 +19,6 @@ constexpr double kPercentTop = 100;
 constexpr std::int32_t kNormalColorIndex = 3;
 constexpr std::int32_t kCumulativeColorIndex = 1;
 
-template <class T>
-const T& set(const std::optional<T>& value) {
-  if (!value) plot_steps::raiseUnsetRange();
-  return *value;
-}
-
 void axisTitle(Axis& axis, const std::string& title) {
   if (title.empty()) {
     axis.SetHasTitle(false);
@@ -57,18 +51,12 @@ Series& addLine(Chart& chart, const SeriesSource& values, const SeriesSource& la
 
 }  // namespace
 
-HistogramBuilder::HistogramBuilder() {
-  kProc("Class_Initialize", [] {});
+HistogramBuilder::HistogramBuilder() : PlotFrame(kProc) {
+  kProc("Class_Initialize", [&] { chartWidth_ = 300; });
 }
 
-void HistogramBuilder::VerticalOffset(std::int32_t points) { kProc("LetVerticalOffset", [&] { verticalOffset_ = points; }); }
-void HistogramBuilder::HorizontalOffset(std::int32_t points) { kProc("LetHorizontalOffset", [&] { horizontalOffset_ = points; }); }
 void HistogramBuilder::OutputRange(const Range& cell) { kProc("SetOutputRange", [&] { output_ = cell; }); }
-void HistogramBuilder::ChartTitle(const std::string& title) { kProc("LetChartTitle", [&] { chartTitle_ = title; }); }
 void HistogramBuilder::XAxisTitle(const std::string& title) { kProc("LetXAxisTitle", [&] { xAxisTitle_ = title; }); }
-void HistogramBuilder::YAxisTitle(const std::string& title) { kProc("LetYAxisTitle", [&] { yAxisTitle_ = title; }); }
-void HistogramBuilder::ChartHeight(std::int32_t points) { kProc("LetChartHeight", [&] { chartHeight_ = points; }); }
-void HistogramBuilder::ChartWidth(std::int32_t points) { kProc("LetChartWidth", [&] { chartWidth_ = points; }); }
 void HistogramBuilder::CategoryLabels(const SeriesSource& labels) { kProc("SetCategoryLabels", [&] { labels_ = labels; }); }
 void HistogramBuilder::CountsRange(const Range& cells) { kProc("SetCountsRange", [&] { counts_ = cells; }); }
 void HistogramBuilder::NormalCounts(const SeriesSource& expected) { kProc("SetNormalCounts", [&] { normal_ = expected; }); }
@@ -78,15 +66,15 @@ void HistogramBuilder::CumulativePercentsRange(const Range& cells) {
 
 void HistogramBuilder::CreatePlot() {
   kProc("CreatePlot", [&] {
-    const Range& output = set(output_);
-    const SeriesSource& labels = set(labels_);
+    const Range& output = plot_steps::required(output_);
+    const SeriesSource& labels = plot_steps::required(labels_);
     const plot_steps::Placement at = plot_steps::placeChart(output, verticalOffset_, horizontalOffset_);
     ChartObject& object = plot_steps::addEmptyChart(output, at, chartWidth_, chartHeight_);
     Chart& chart = object.Chart();
 
     chart.SetChartType(host::ChartType::ColumnClustered);
     Series& bars = chart.SeriesCollection().NewSeries();
-    bars.SetValues(set(counts_));
+    bars.SetValues(plot_steps::required(counts_));
     bars.SetXValues(labels);
     bars.SetName(std::string(kFrequency));
     // Touching columns: the categories are adjacent stretches of one scale.

@@ -4,6 +4,7 @@
 // chart's shape. Each step raises what the host raises; the caller's procedure trap names it.
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "frame/chart.h"
@@ -47,5 +48,12 @@ void settleChart(ChartObject& object, const Range& output, std::int32_t vertical
 
 // "Object variable or With block variable not set" (91): a range property used before it was set.
 [[noreturn]] void raiseUnsetRange();
+
+// The value of a range property, or 91 when it was never set.
+template <class T>
+const T& required(const std::optional<T>& value) {
+  if (!value) raiseUnsetRange();
+  return *value;
+}
 
 }  // namespace orv::plot_steps

@@ -18,7 +18,7 @@
 #include <optional>
 #include <string>
 
-#include "charts/plot_frame.h"
+#include "support/plot_frame.h"
 #include "frame/range.h"
 #include "support/chart_settings.h"
 

@@ -19,7 +19,7 @@
 #include <string>
 
 #include "frame/chart.h"
-#include "charts/plot_frame.h"
+#include "support/plot_frame.h"
 #include "frame/range.h"
 #include "frame/value_array.h"
 #include "support/chart_settings.h"

@@ -2,6 +2,7 @@
 
 #include "charts/plot_steps.h"
 #include "frame/procedure.h"
+#include "support/chart_style.h"
 #include "support/host_constants.h"
 
 namespace orv {
@@ -19,19 +20,8 @@ constexpr double kPercentTop = 100;
 constexpr std::int32_t kNormalColorIndex = 3;
 constexpr std::int32_t kCumulativeColorIndex = 1;
 
-void axisTitle(Axis& axis, const std::string& title) {
-  if (title.empty()) {
-    axis.SetHasTitle(false);
-    return;
-  }
-  axis.SetHasTitle(true);
-  axis.AxisTitle().SetText(title);
-  axis.AxisTitle().Font().SetSize(10);
-  axis.AxisTitle().Font().SetBold(false);
-}
-
 void plainAxis(Axis& axis, const std::string& title) {
-  axisTitle(axis, title);
+  setAxisTitle(axis, title);
   axis.TickLabels().Font().SetSize(8);
   axis.SetHasMajorGridlines(false);
   axis.SetHasMinorGridlines(false);
@@ -99,14 +89,7 @@ void HistogramBuilder::CreatePlot() {
 
     chart.ChartArea().SetAutoScaleFont(false);
     chart.ChartArea().Interior().SetColorIndex(settings_.ChartAreaColorIndex());
-    if (chartTitle_.empty()) {
-      chart.SetHasTitle(false);
-    } else {
-      chart.SetHasTitle(true);
-      chart.ChartTitle().SetText(chartTitle_);
-      chart.ChartTitle().Font().SetSize(10);
-      chart.ChartTitle().Font().SetBold(true);
-    }
+    setChartTitle(chart, chartTitle_);
     chart.SetHasLegend(chart.SeriesCollection().Count() > 1);
     chart.PlotArea().Fill().SetVisible(HostConstants::FillHidden());
     chart.PlotArea().Border().SetLineStyle(HostConstants::NoLine());

@@ -21,7 +21,7 @@
 #include <optional>
 #include <string>
 
-#include "charts/plot_frame.h"
+#include "support/plot_frame.h"
 #include "frame/chart.h"
 #include "frame/range.h"
 #include "frame/value_array.h"

@@ -1,4 +1,4 @@
-#include "charts/plot_frame.h"
+#include "support/plot_frame.h"
 
 namespace orv {
 

@@ -1,5 +1,5 @@
 #pragma once
-// PlotFrame: the placement, size and titles that the plot builders (box, error, histogram) share.
+// PlotFrame: the placement, size and titles that every chart builder shares.
 // Offsets and sizes are in points (both sizes default to 200); an empty title means none. Each
 // property reports failures under the owning builder's class ("... clsPlotBox.LetChartTitle").
 

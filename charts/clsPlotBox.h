@@ -18,27 +18,15 @@
 #include <optional>
 #include <string>
 
+#include "support/plot_frame.h"
 #include "frame/range.h"
 #include "support/chart_settings.h"
 
 namespace orv {
 
-class clsPlotBox {
+class clsPlotBox : public PlotFrame {
  public:
   clsPlotBox();
-
-  void VerticalOffset(std::int32_t points);
-  std::int32_t VerticalOffset() const;
-  void HorizontalOffset(std::int32_t points);
-  std::int32_t HorizontalOffset() const;
-  void ChartTitle(const std::string& title);
-  std::string ChartTitle() const;
-  void YAxisTitle(const std::string& title);
-  std::string YAxisTitle() const;
-  void ChartHeight(std::int32_t points);  // default 200
-  std::int32_t ChartHeight() const;
-  void ChartWidth(std::int32_t points);   // default 200
-  std::int32_t ChartWidth() const;
 
   void OutputRange(const Range& cell);
   void HeadersRange(const Range& cells);
@@ -51,12 +39,6 @@ class clsPlotBox {
   void CreatePlot();
 
  private:
-  std::int32_t verticalOffset_ = 0;
-  std::int32_t horizontalOffset_ = 0;
-  std::string chartTitle_;
-  std::string yAxisTitle_;
-  std::int32_t chartHeight_ = 200;
-  std::int32_t chartWidth_ = 200;
   std::optional<Range> output_, headers_, median_, lowerPercentile_, upperPercentile_, minimum_,
       maximum_;
   ChartSettings settings_;

@@ -9,29 +9,11 @@ namespace {
 
 const Procedures kProc{"clsPlotError"};
 
-const Range& set(const std::optional<Range>& range) {
-  if (!range) plot_steps::raiseUnsetRange();
-  return *range;
-}
-
 }  // namespace
 
-clsPlotError::clsPlotError() {
+clsPlotError::clsPlotError() : PlotFrame(kProc) {
   kProc("Class_Initialize", [] {});
 }
-
-void clsPlotError::VerticalOffset(std::int32_t points) { kProc("LetVerticalOffset", [&] { verticalOffset_ = points; }); }
-std::int32_t clsPlotError::VerticalOffset() const { return kProc("GetVerticalOffset", [&] { return verticalOffset_; }); }
-void clsPlotError::HorizontalOffset(std::int32_t points) { kProc("LetHorizontalOffset", [&] { horizontalOffset_ = points; }); }
-std::int32_t clsPlotError::HorizontalOffset() const { return kProc("GetHorizontalOffset", [&] { return horizontalOffset_; }); }
-void clsPlotError::ChartTitle(const std::string& title) { kProc("LetChartTitle", [&] { chartTitle_ = title; }); }
-std::string clsPlotError::ChartTitle() const { return kProc("GetChartTitle", [&] { return chartTitle_; }); }
-void clsPlotError::YAxisTitle(const std::string& title) { kProc("LetYAxisTitle", [&] { yAxisTitle_ = title; }); }
-std::string clsPlotError::YAxisTitle() const { return kProc("GetYAxisTitle", [&] { return yAxisTitle_; }); }
-void clsPlotError::ChartHeight(std::int32_t points) { kProc("LetChartHeight", [&] { chartHeight_ = points; }); }
-std::int32_t clsPlotError::ChartHeight() const { return kProc("GetChartHeight", [&] { return chartHeight_; }); }
-void clsPlotError::ChartWidth(std::int32_t points) { kProc("LetChartWidth", [&] { chartWidth_ = points; }); }
-std::int32_t clsPlotError::ChartWidth() const { return kProc("GetChartWidth", [&] { return chartWidth_; }); }
 
 void clsPlotError::OutputRange(const Range& cell) { kProc("SetOutputRange", [&] { output_ = cell; }); }
 // Reports under the OutputRange setter's name, as it always has.
@@ -44,15 +26,15 @@ void clsPlotError::ErrorNegArray(const ValueArray1D& distances) { kProc("SetErro
 
 void clsPlotError::CreatePlot() {
   kProc("CreatePlot", [&] {
-    const Range& output = set(output_);
+    const Range& output = plot_steps::required(output_);
     const plot_steps::Placement at =
         plot_steps::placeChart(output, verticalOffset_, horizontalOffset_);
     ChartObject& object = plot_steps::addEmptyChart(output, at, chartWidth_, chartHeight_);
     Chart& chart = object.Chart();
 
     SeriesCollection& series = chart.SeriesCollection();
-    series.Add(Union(set(headers_), set(centre_)), HostConstants::SeriesInColumns(), false, true,
-               false);
+    series.Add(Union(plot_steps::required(headers_), plot_steps::required(centre_)),
+               HostConstants::SeriesInColumns(), false, true, false);
     chart.SetChartType(HostConstants::LineMarkers());
 
     // The host's default bars go first; the custom ones replace them.

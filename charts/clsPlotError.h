@@ -19,28 +19,16 @@
 #include <string>
 
 #include "frame/chart.h"
+#include "support/plot_frame.h"
 #include "frame/range.h"
 #include "frame/value_array.h"
 #include "support/chart_settings.h"
 
 namespace orv {
 
-class clsPlotError {
+class clsPlotError : public PlotFrame {
  public:
   clsPlotError();
-
-  void VerticalOffset(std::int32_t points);
-  std::int32_t VerticalOffset() const;
-  void HorizontalOffset(std::int32_t points);
-  std::int32_t HorizontalOffset() const;
-  void ChartTitle(const std::string& title);
-  std::string ChartTitle() const;
-  void YAxisTitle(const std::string& title);
-  std::string YAxisTitle() const;
-  void ChartHeight(std::int32_t points);  // default 200
-  std::int32_t ChartHeight() const;
-  void ChartWidth(std::int32_t points);   // default 200
-  std::int32_t ChartWidth() const;
 
   void OutputRange(const Range& cell);
   void HeadersRange(const Range& cells);
@@ -54,12 +42,6 @@ class clsPlotError {
   void CreatePlot();
 
  private:
-  std::int32_t verticalOffset_ = 0;
-  std::int32_t horizontalOffset_ = 0;
-  std::string chartTitle_;
-  std::string yAxisTitle_;
-  std::int32_t chartHeight_ = 200;
-  std::int32_t chartWidth_ = 200;
   std::optional<Range> output_, headers_, centre_;
   ErrorAmount plus_, minus_;
   ChartSettings settings_;

@@ -2,6 +2,7 @@
 
 #include "charts/plot_steps.h"
 #include "frame/procedure.h"
+#include "support/chart_style.h"
 #include "support/host_constants.h"
 
 namespace orv {
@@ -19,25 +20,8 @@ constexpr double kPercentTop = 100;
 constexpr std::int32_t kNormalColorIndex = 3;
 constexpr std::int32_t kCumulativeColorIndex = 1;
 
-template <class T>
-const T& set(const std::optional<T>& value) {
-  if (!value) plot_steps::raiseUnsetRange();
-  return *value;
-}
-
-void axisTitle(Axis& axis, const std::string& title) {
-  if (title.empty()) {
-    axis.SetHasTitle(false);
-    return;
-  }
-  axis.SetHasTitle(true);
-  axis.AxisTitle().SetText(title);
-  axis.AxisTitle().Font().SetSize(10);
-  axis.AxisTitle().Font().SetBold(false);
-}
-
 void plainAxis(Axis& axis, const std::string& title) {
-  axisTitle(axis, title);
+  setAxisTitle(axis, title);
   axis.TickLabels().Font().SetSize(8);
   axis.SetHasMajorGridlines(false);
   axis.SetHasMinorGridlines(false);
@@ -57,18 +41,12 @@ Series& addLine(Chart& chart, const SeriesSource& values, const SeriesSource& la
 
 }  // namespace
 
-HistogramBuilder::HistogramBuilder() {
-  kProc("Class_Initialize", [] {});
+HistogramBuilder::HistogramBuilder() : PlotFrame(kProc) {
+  kProc("Class_Initialize", [&] { chartWidth_ = 300; });
 }
 
-void HistogramBuilder::VerticalOffset(std::int32_t points) { kProc("LetVerticalOffset", [&] { verticalOffset_ = points; }); }
-void HistogramBuilder::HorizontalOffset(std::int32_t points) { kProc("LetHorizontalOffset", [&] { horizontalOffset_ = points; }); }
 void HistogramBuilder::OutputRange(const Range& cell) { kProc("SetOutputRange", [&] { output_ = cell; }); }
-void HistogramBuilder::ChartTitle(const std::string& title) { kProc("LetChartTitle", [&] { chartTitle_ = title; }); }
 void HistogramBuilder::XAxisTitle(const std::string& title) { kProc("LetXAxisTitle", [&] { xAxisTitle_ = title; }); }
-void HistogramBuilder::YAxisTitle(const std::string& title) { kProc("LetYAxisTitle", [&] { yAxisTitle_ = title; }); }
-void HistogramBuilder::ChartHeight(std::int32_t points) { kProc("LetChartHeight", [&] { chartHeight_ = points; }); }
-void HistogramBuilder::ChartWidth(std::int32_t points) { kProc("LetChartWidth", [&] { chartWidth_ = points; }); }
 void HistogramBuilder::CategoryLabels(const SeriesSource& labels) { kProc("SetCategoryLabels", [&] { labels_ = labels; }); }
 void HistogramBuilder::CountsRange(const Range& cells) { kProc("SetCountsRange", [&] { counts_ = cells; }); }
 void HistogramBuilder::NormalCounts(const SeriesSource& expected) { kProc("SetNormalCounts", [&] { normal_ = expected; }); }
@@ -78,15 +56,15 @@ void HistogramBuilder::CumulativePercentsRange(const Range& cells) {
 
 void HistogramBuilder::CreatePlot() {
   kProc("CreatePlot", [&] {
-    const Range& output = set(output_);
-    const SeriesSource& labels = set(labels_);
+    const Range& output = plot_steps::required(output_);
+    const SeriesSource& labels = plot_steps::required(labels_);
     const plot_steps::Placement at = plot_steps::placeChart(output, verticalOffset_, horizontalOffset_);
     ChartObject& object = plot_steps::addEmptyChart(output, at, chartWidth_, chartHeight_);
     Chart& chart = object.Chart();
 
     chart.SetChartType(host::ChartType::ColumnClustered);
     Series& bars = chart.SeriesCollection().NewSeries();
-    bars.SetValues(set(counts_));
+    bars.SetValues(plot_steps::required(counts_));
     bars.SetXValues(labels);
     bars.SetName(std::string(kFrequency));
     // Touching columns: the categories are adjacent stretches of one scale.
@@ -111,14 +89,7 @@ void HistogramBuilder::CreatePlot() {
 
     chart.ChartArea().SetAutoScaleFont(false);
     chart.ChartArea().Interior().SetColorIndex(settings_.ChartAreaColorIndex());
-    if (chartTitle_.empty()) {
-      chart.SetHasTitle(false);
-    } else {
-      chart.SetHasTitle(true);
-      chart.ChartTitle().SetText(chartTitle_);
-      chart.ChartTitle().Font().SetSize(10);
-      chart.ChartTitle().Font().SetBold(true);
-    }
+    setChartTitle(chart, chartTitle_);
     chart.SetHasLegend(chart.SeriesCollection().Count() > 1);
     chart.PlotArea().Fill().SetVisible(HostConstants::FillHidden());
     chart.PlotArea().Border().SetLineStyle(HostConstants::NoLine());

@@ -21,6 +21,7 @@
 #include <optional>
 #include <string>
 
+#include "support/plot_frame.h"
 #include "frame/chart.h"
 #include "frame/range.h"
 #include "frame/value_array.h"
@@ -28,18 +29,13 @@
 
 namespace orv {
 
-class HistogramBuilder {
+// Placement, size and titles as the other plot builders (PlotFrame); 300 points wide by default.
+class HistogramBuilder : public PlotFrame {
  public:
   HistogramBuilder();
 
-  void VerticalOffset(std::int32_t points);
-  void HorizontalOffset(std::int32_t points);
   void OutputRange(const Range& cell);
-  void ChartTitle(const std::string& title);
   void XAxisTitle(const std::string& title);
-  void YAxisTitle(const std::string& title);
-  void ChartHeight(std::int32_t points);  // default 200
-  void ChartWidth(std::int32_t points);   // default 300
 
   // One cell per category each, top to bottom.
   void CategoryLabels(const SeriesSource& labels);
@@ -50,14 +46,10 @@ class HistogramBuilder {
   void CreatePlot();
 
  private:
-  std::int32_t verticalOffset_ = 0;
-  std::int32_t horizontalOffset_ = 0;
   std::optional<Range> output_, counts_, cumulative_;
   std::optional<SeriesSource> labels_;
   std::optional<SeriesSource> normal_;
-  std::string chartTitle_, xAxisTitle_, yAxisTitle_;
-  std::int32_t chartHeight_ = 200;
-  std::int32_t chartWidth_ = 300;
+  std::string xAxisTitle_;
   ChartSettings settings_;
 };
 

@@ -30,15 +30,6 @@ constexpr double kFirstTop = 1315.8;
 
 }  // namespace
 
-void raiseUnsetRange() { raise(91, "Object variable or With block variable not set"); }
-
-Placement placeChart(const Range& output, std::int32_t verticalOffset, std::int32_t horizontalOffset) {
-  const Range cell = output.Cells(1, 1);
-  const Range sheet = Range::AllCells(output.Parent());
-  const double lastRowTop = sheet.Cells(sheet.RowsCount(), 1).Top();
-  const double anchorTop = cell.Top() + verticalOffset;
-  return Placement{cell.Left() + horizontalOffset, anchorTop < lastRowTop ? anchorTop : cell.Top()};
-}
 
 ChartObject& addEmptyChart(const Range& output, const Placement& at, std::int32_t width,
                            std::int32_t height) {
@@ -60,14 +51,7 @@ void formatChart(Chart& chart, std::int16_t colorIndex, const std::string& title
   chart.ChartArea().SetAutoScaleFont(false);
   chart.ChartArea().Interior().SetColorIndex(colorIndex);
 
-  if (title.empty()) {
-    chart.SetHasTitle(false);
-  } else {
-    chart.SetHasTitle(true);
-    chart.ChartTitle().SetText(title);
-    chart.ChartTitle().Font().SetSize(10);
-    chart.ChartTitle().Font().SetBold(true);
-  }
+  setChartTitle(chart, title);
 
   PlotArea& plot = chart.PlotArea();
   plot.Fill().SetVisible(HostConstants::FillHidden());
@@ -88,14 +72,7 @@ void formatChart(Chart& chart, std::int16_t colorIndex, const std::string& title
   categories.Border().SetLineStyle(HostConstants::NoLine());
 
   Axis& values = chart.Axes(HostConstants::ValueAxis(), HostConstants::PrimaryGroup());
-  if (valueAxisTitle.empty()) {
-    values.SetHasTitle(false);
-  } else {
-    values.SetHasTitle(true);
-    values.AxisTitle().SetText(valueAxisTitle);
-    values.AxisTitle().Font().SetSize(10);
-    values.AxisTitle().Font().SetBold(false);
-  }
+  setAxisTitle(values, valueAxisTitle);
   values.TickLabels().Font().SetSize(8);
   values.SetHasMajorGridlines(false);
   values.SetHasMinorGridlines(false);

@@ -8,18 +8,13 @@
 
 #include "frame/chart.h"
 #include "frame/range.h"
+#include "support/chart_style.h"
 
 namespace orv::plot_steps {
 
-// Top-left corner of a chart, in points from the sheet's top-left corner.
-struct Placement {
-  double left = 0;
-  double top = 0;
-};
-
-// The output cell's corner moved by the offsets. A vertical offset that would put the chart's
-// top at or below the top of the sheet's last row is dropped; the horizontal one always counts.
-Placement placeChart(const Range& output, std::int32_t verticalOffset, std::int32_t horizontalOffset);
+// Where a chart goes: see support/chart_style.h.
+using Placement = ChartPlacement;
+using orv::placeChart;
 
 // A chart object of the given size at the placement on the output cell's sheet, selected, with
 // screen updating turned off and any series the host put into it removed (failures of that
@@ -45,7 +40,8 @@ std::string shortChartName(const std::string& chartName);
 void settleChart(ChartObject& object, const Range& output, std::int32_t verticalOffset,
                  std::int32_t horizontalOffset);
 
-// "Object variable or With block variable not set" (91): a range property used before it was set.
-[[noreturn]] void raiseUnsetRange();
+// Unset range properties raise 91: see support/chart_style.h.
+using orv::raiseUnsetRange;
+using orv::required;
 
 }  // namespace orv::plot_steps

@@ -8,9 +8,9 @@
 #include "frame/host.h"
 #include "frame/procedure.h"
 #include "support/array_tools.h"
-#include "support/host_constants.h"
 #include "support/host_session.h"
 #include "support/range_checks.h"
+#include "support/results_sheet.h"
 #include "support/scatter_chart_builder.h"
 
 namespace orv {
@@ -119,13 +119,6 @@ void checkInput(const Range& input, bool headers) {
 }
 
 // A new sheet behind the last one of its workbook; the block goes to its cell A1.
-Range newOutputSheet() {
-  Worksheet& added = HostSession::Application().AddWorksheet();
-  Workbook& book = added.Parent();
-  added.MoveAfter(book.Worksheets(book.WorksheetsCount()));
-  return Range(added, CellBlock{1, 1, 1, 1});
-}
-
 }  // namespace
 
 clsDSCirc::clsDSCirc() {
@@ -203,16 +196,7 @@ void clsDSCirc::Results(bool overWrite) {
     checkInput(*input_, headers_);
 
     if (!block_) block_ = GetResults(columnCount_, plotPositions_);
-    if (!output_) output_ = newOutputSheet();
-    output_ = RangeChecks::CheckOutputArea(*output_, block_->ColumnsCount(), block_->RowsCount(),
-                                           overWrite);
-
-    output_->Parent().Parent().Activate();
-    output_->Parent().Activate();
-    block_->Copy();
-    output_->Cells(1, 1).PasteSpecial(HostConstants::PasteType());
-    pasted_ = Range::Span(output_->Cells(1, 1),
-                          output_->Cells(block_->RowsCount(), block_->ColumnsCount()));
+    pasted_ = pasteResults(*block_, output_, overWrite);
 
     if (plot_) {
       // The writer's rows are rows of the scratch sheet; the block was pasted with its top-left

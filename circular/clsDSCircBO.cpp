@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "circular/rayleigh_probability.h"
+#include "frame/checked_real.h"
 #include "frame/conversions.h"
 #include "frame/errors.h"
 #include "frame/host.h"
@@ -33,18 +34,6 @@ double squareDegreesPerSquareRadian() {
   return divide(180.0 * 180.0, p * p);
 }
 
-// A double whose arithmetic follows the platform: an infinite or undefined result raises
-// (overflow, division by zero, invalid argument) instead of flowing on. Lets the confidence
-// limit read as its formula.
-struct Real {
-  double v;
-  Real(double x) : v(x) {}  // NOLINT(google-explicit-constructor)
-  friend Real operator+(Real a, Real b) { return add(a.v, b.v); }
-  friend Real operator-(Real a, Real b) { return subtract(a.v, b.v); }
-  friend Real operator*(Real a, Real b) { return multiply(a.v, b.v); }
-  friend Real operator/(Real a, Real b) { return divide(a.v, b.v); }
-  friend Real operator-(Real a) { return -a.v; }
-};
 Real sqrt(Real x) { return squareRoot(x.v); }
 Real exp(Real x) { return checked(std::exp(x.v)); }
 Real atan(Real x) { return std::atan(x.v); }

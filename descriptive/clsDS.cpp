@@ -11,9 +11,9 @@
 #include "frame/errors.h"
 #include "frame/host.h"
 #include "frame/procedure.h"
-#include "support/host_constants.h"
 #include "support/host_session.h"
 #include "support/range_checks.h"
+#include "support/results_sheet.h"
 
 namespace orv {
 namespace {
@@ -204,24 +204,7 @@ void clsDS::Results(bool overWrite) {
 
     if (!block_) block_ = GetResults();
 
-    if (!output_) {
-      Application& app = HostSession::Application();
-      Worksheet& added = app.AddWorksheet();
-      Workbook& book = added.Parent();
-      added.MoveAfter(book.Worksheets(book.WorksheetsCount()));
-      output_ = Range(added, CellBlock{1, 1, 1, 1});
-    }
-
-    output_ = RangeChecks::CheckOutputArea(*output_, block_->ColumnsCount(), block_->RowsCount(),
-                                           overWrite);
-
-    output_->Parent().Parent().Activate();
-    output_->Parent().Activate();
-
-    block_->Copy();
-    output_->Cells(1, 1).PasteSpecial(HostConstants::PasteType());
-    pasted_ = Range::Span(output_->Cells(1, 1),
-                          output_->Cells(block_->RowsCount(), block_->ColumnsCount()));
+    pasted_ = pasteResults(*block_, output_, overWrite);
 
     if (plotBox_) {
       DrawBoxPlot(plotRows_.columns, plotRows_.header, plotRows_.lowerPercentile,

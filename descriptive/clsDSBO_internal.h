@@ -4,6 +4,7 @@
 
 #include <cstdint>
 
+#include "frame/checked_real.h"
 #include "frame/numerics.h"
 #include "frame/procedure.h"
 
@@ -24,20 +25,6 @@ void forRows(std::int64_t last, Body&& body) {
     if (i.value() == end.value()) break;
   }
 }
-
-// A double whose arithmetic follows the platform: an infinite or undefined result raises
-// (overflow, division by zero, invalid argument) instead of flowing on as inf or NaN. Lets the
-// statistics read as their formulas.
-struct Real {
-  double v;
-  Real(double x) : v(x) {}  // NOLINT(google-explicit-constructor)
-
-  friend Real operator+(Real a, Real b) { return add(a.v, b.v); }
-  friend Real operator-(Real a, Real b) { return subtract(a.v, b.v); }
-  friend Real operator*(Real a, Real b) { return multiply(a.v, b.v); }
-  friend Real operator/(Real a, Real b) { return divide(a.v, b.v); }
-  friend Real operator-(Real a) { return -a.v; }
-};
 
 inline Real pow(Real base, double exponent) { return power(base.v, exponent); }
 inline Real sqrt(Real x) { return squareRoot(x.v); }

@@ -15,7 +15,6 @@
 namespace orv {
 
 using detail::kDSBO;
-using detail::Real;
 
 double clsDSBO::Median() {
   return kDSBO("Median", [&] {

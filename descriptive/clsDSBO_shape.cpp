@@ -16,7 +16,6 @@ namespace orv {
 
 using detail::forRows;
 using detail::kDSBO;
-using detail::Real;
 using detail::real;
 using detail::pow;
 using detail::abs;

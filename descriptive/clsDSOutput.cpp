@@ -5,6 +5,7 @@
 #include "frame/host.h"
 #include "frame/procedure.h"
 #include "support/host_session.h"
+#include "support/results_sheet.h"
 
 namespace orv {
 namespace {
@@ -13,10 +14,7 @@ const Procedures kProc{"clsDSOutput"};
 
 clsDSOutput::clsDSOutput() {
   kProc("Class_Initialize", [&] {
-    sheet_ = &HostSession::Application().Workbooks("Orvella.xla").Worksheets("Results");
-    const Range all = Range::AllCells(*sheet_);
-    all.Clear();
-    all.SetInteriorColorIndex(style_.BackgroundColorIndex());
+    sheet_ = &clearedResultsSheet(style_.BackgroundColorIndex());
     currentRow_ = 1;
     lastColumn_ = 1;
   });
@@ -24,8 +22,7 @@ clsDSOutput::clsDSOutput() {
 
 Range clsDSOutput::cells(std::int32_t top, std::int32_t left, std::int32_t bottom,
                          std::int32_t right) const {
-  const Range origin(*sheet_, CellBlock{1, 1, 1, 1});
-  return Range::Span(origin.Cells(top, left), origin.Cells(bottom, right));
+  return sheetCells(*sheet_, top, left, bottom, right);
 }
 
 void clsDSOutput::OutputHeader(const std::string& xRange, const std::string& comment) {

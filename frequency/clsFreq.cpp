@@ -9,9 +9,9 @@
 #include "frequency/clsFreqBO.h"
 #include "frequency/clsFreqOutput.h"
 #include "frequency/clsFreq_internal.h"
-#include "support/host_constants.h"
 #include "support/host_session.h"
 #include "support/range_checks.h"
+#include "support/results_sheet.h"
 
 namespace orv {
 
@@ -217,20 +217,7 @@ Range clsFreq::FormatResults(const std::vector<Table>& tables) {
 
 void clsFreq::PasteResults(bool overWrite) {
   kFreq("PasteResults", [&] {
-    if (!output_.range) {
-      Worksheet& added = HostSession::Application().AddWorksheet();
-      Workbook& book = added.Parent();
-      added.MoveAfter(book.Worksheets(book.WorksheetsCount()));
-      output_.range = Range(added, CellBlock{1, 1, 1, 1});
-    }
-    output_.range = RangeChecks::CheckOutputArea(*output_.range, block_->ColumnsCount(),
-                                                 block_->RowsCount(), overWrite);
-    output_.range->Parent().Parent().Activate();
-    output_.range->Parent().Activate();
-    block_->Copy();
-    output_.range->Cells(1, 1).PasteSpecial(HostConstants::PasteType());
-    pasted_ = Range::Span(output_.range->Cells(1, 1),
-                          output_.range->Cells(block_->RowsCount(), block_->ColumnsCount()));
+    pasted_ = pasteResults(*block_, output_.range, overWrite);
   });
 }
 

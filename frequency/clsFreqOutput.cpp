@@ -7,6 +7,7 @@
 #include "frame/host.h"
 #include "frame/procedure.h"
 #include "support/host_session.h"
+#include "support/results_sheet.h"
 
 namespace orv {
 namespace {
@@ -43,10 +44,7 @@ CellValue categoryCell(const VariableDistribution& d, std::int32_t c, std::int32
 
 clsFreqOutput::clsFreqOutput() {
   kProc("Class_Initialize", [&] {
-    sheet_ = &HostSession::Application().Workbooks("Orvella.xla").Worksheets("Results");
-    const Range all = Range::AllCells(*sheet_);
-    all.Clear();
-    all.SetInteriorColorIndex(style_.BackgroundColorIndex());
+    sheet_ = &clearedResultsSheet(style_.BackgroundColorIndex());
     currentRow_ = 1;
     lastColumn_ = 1;
   });
@@ -54,8 +52,7 @@ clsFreqOutput::clsFreqOutput() {
 
 Range clsFreqOutput::cells(std::int32_t top, std::int32_t left, std::int32_t bottom,
                            std::int32_t right) const {
-  const Range origin(*sheet_, CellBlock{1, 1, 1, 1});
-  return Range::Span(origin.Cells(top, left), origin.Cells(bottom, right));
+  return sheetCells(*sheet_, top, left, bottom, right);
 }
 
 void clsFreqOutput::writeLine(const std::string& text, bool heading) {

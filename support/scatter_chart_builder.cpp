@@ -7,6 +7,7 @@
 #include "frame/errors.h"
 #include "frame/host.h"
 #include "frame/procedure.h"
+#include "support/chart_style.h"
 #include "support/host_constants.h"
 #include "support/host_session.h"
 
@@ -18,21 +19,6 @@ constexpr Procedures kProc("ScatterChartBuilder");
 // The unit circle with a little room: sines and cosines never leave -1..1.
 constexpr double kScaleLimit = 1.0;
 constexpr double kScaleStep = 0.5;
-
-const Range& set(const std::optional<Range>& range) {
-  if (!range) raise(91, "Object variable or With block variable not set");
-  return *range;
-}
-
-// Top-left corner of the chart: the output cell moved by the offsets, the vertical one dropped
-// when it would put the chart at or below the top of the sheet's last row.
-std::pair<double, double> placement(const Range& output, std::int32_t vertical, std::int32_t horizontal) {
-  const Range cell = output.Cells(1, 1);
-  const Range sheet = Range::AllCells(output.Parent());
-  const double lastRowTop = sheet.Cells(sheet.RowsCount(), 1).Top();
-  const double top = cell.Top() + vertical;
-  return {cell.Left() + horizontal, top < lastRowTop ? top : cell.Top()};
-}
 
 void formatAxis(Axis& axis) {
   axis.SetHasTitle(false);
@@ -62,25 +48,20 @@ void squarePlotArea(Chart& chart) {
 
 }  // namespace
 
-ScatterChartBuilder::ScatterChartBuilder() {
+ScatterChartBuilder::ScatterChartBuilder() : PlotFrame(kProc) {
   kProc("Class_Initialize", [] {});
 }
 
-void ScatterChartBuilder::VerticalOffset(std::int32_t points) { kProc("LetVerticalOffset", [&] { verticalOffset_ = points; }); }
-void ScatterChartBuilder::HorizontalOffset(std::int32_t points) { kProc("LetHorizontalOffset", [&] { horizontalOffset_ = points; }); }
 void ScatterChartBuilder::OutputRange(const Range& cell) { kProc("SetOutputRange", [&] { output_ = cell; }); }
 void ScatterChartBuilder::XValuesRange(const Range& cells) { kProc("SetXValuesRange", [&] { x_ = cells; }); }
 void ScatterChartBuilder::YValuesRange(const Range& cells) { kProc("SetYValuesRange", [&] { y_ = cells; }); }
-void ScatterChartBuilder::ChartTitle(const std::string& title) { kProc("LetChartTitle", [&] { chartTitle_ = title; }); }
-void ScatterChartBuilder::ChartHeight(std::int32_t points) { kProc("LetChartHeight", [&] { chartHeight_ = points; }); }
-void ScatterChartBuilder::ChartWidth(std::int32_t points) { kProc("LetChartWidth", [&] { chartWidth_ = points; }); }
 
 void ScatterChartBuilder::CreatePlot() {
   kProc("CreatePlot", [&] {
-    const Range& output = set(output_);
-    const Range& x = set(x_);
-    const Range& y = set(y_);
-    const auto [left, top] = placement(output, verticalOffset_, horizontalOffset_);
+    const Range& output = required(output_);
+    const Range& x = required(x_);
+    const Range& y = required(y_);
+    const auto [left, top] = placeChart(output, verticalOffset_, horizontalOffset_);
     ChartObject& object = output.Parent().chartObjects().Add(left, top, chartWidth_, chartHeight_);
     Chart& chart = object.Chart();
 
@@ -94,14 +75,7 @@ void ScatterChartBuilder::CreatePlot() {
 
     chart.ChartArea().SetAutoScaleFont(false);
     chart.ChartArea().Interior().SetColorIndex(settings_.ChartAreaColorIndex());
-    if (chartTitle_.empty()) {
-      chart.SetHasTitle(false);
-    } else {
-      chart.SetHasTitle(true);
-      chart.ChartTitle().SetText(chartTitle_);
-      chart.ChartTitle().Font().SetSize(10);
-      chart.ChartTitle().Font().SetBold(true);
-    }
+    setChartTitle(chart, chartTitle_);
     chart.SetHasLegend(false);
     chart.PlotArea().Fill().SetVisible(HostConstants::FillHidden());
     chart.PlotArea().Border().SetLineStyle(HostConstants::NoLine());

@@ -19,31 +19,23 @@
 
 #include "frame/range.h"
 #include "support/chart_settings.h"
+#include "support/plot_frame.h"
 
 namespace orv {
 
-class ScatterChartBuilder {
+// Placement, size and title as PlotFrame (its axis title goes unused).
+class ScatterChartBuilder : public PlotFrame {
  public:
   ScatterChartBuilder();
 
-  void VerticalOffset(std::int32_t points);
-  void HorizontalOffset(std::int32_t points);
   void OutputRange(const Range& cell);
   void XValuesRange(const Range& cells);
   void YValuesRange(const Range& cells);
-  void ChartTitle(const std::string& title);
-  void ChartHeight(std::int32_t points);  // default 200
-  void ChartWidth(std::int32_t points);   // default 200
 
   void CreatePlot();
 
  private:
-  std::int32_t verticalOffset_ = 0;
-  std::int32_t horizontalOffset_ = 0;
   std::optional<Range> output_, x_, y_;
-  std::string chartTitle_;
-  std::int32_t chartHeight_ = 200;
-  std::int32_t chartWidth_ = 200;
   ChartSettings settings_;
 };
 

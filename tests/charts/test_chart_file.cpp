@@ -1,16 +1,9 @@
-// Charts drawn by the drivers, turned into chart parts and written into a new workbook; set
-// ORV_CHART_WORKBOOK to a file name to keep the workbook for a look by eye.
-
-#include <cstdlib>
-#include <filesystem>
-
-#include <unistd.h>
+// Charts drawn by the circular and frequency drivers, turned into chart parts.
 
 #include "chart_fixture.h"
 #include "circular/clsDSCirc.h"
 #include "frequency/clsFreq.h"
 #include "xlsx/writer_chart_part.h"
-#include "xlsx/writer_workbook.h"
 
 namespace orv::test {
 namespace {
@@ -21,7 +14,6 @@ TEST_F(ChartTest, ScatterPlotsAndHistogramsBecomeChartParts) {
   row(1, 1, {"Wind", "Length"});
   const double wind[] = {350, 10, 20, 355, 5, 0, 30, 340}, length[] = {5, 12, 15, 18, 22, 25, 27, 33};
   for (std::int32_t r = 0; r < 8; ++r) row(r + 2, 1, {wind[r], length[r]});
-
   clsDSCirc circ;
   circ.Headers(true);
   circ.Plot(true);
@@ -31,8 +23,6 @@ TEST_F(ChartTest, ScatterPlotsAndHistogramsBecomeChartParts) {
   freq.Headers(true);
   freq.PlotHistogram(true);
   freq.PlotCumulative(true);
-  freq.HistogramTitle("Length");
-  freq.HistogramYTitle("Count");
   freq.InputRange("Data!B1:B9");
   freq.Results();
 
@@ -50,18 +40,12 @@ TEST_F(ChartTest, ScatterPlotsAndHistogramsBecomeChartParts) {
   EXPECT_TRUE(has(histogram, "<c:gapWidth val=\"0\"/>"));
   EXPECT_TRUE(has(histogram, "<c:smooth val=\"1\"/>"));
   // The normal curve and the "from - to" labels come from the cells written below the table.
-  EXPECT_FALSE(has(histogram, "<c:numLit>"));
-  EXPECT_FALSE(has(histogram, "<c:strLit>"));
+  EXPECT_FALSE(has(histogram, "<c:numLit>") || has(histogram, "<c:strLit>"));
   EXPECT_TRUE(has(histogram, "<c:cat><c:strRef>"));
   EXPECT_TRUE(has(histogram, "<a:srgbClr val=\"FF0000\"/>"));  // the red normal curve
+  // The cumulative percentages on their own axis from 0 to 100.
   EXPECT_TRUE(has(histogram, "<c:max val=\"100\"/><c:min val=\"0\"/>"));
   EXPECT_TRUE(has(histogram, "<c:v>Cumulative Frequency</c:v>"));
-  const std::filesystem::path file =
-      std::filesystem::temp_directory_path() / ("orv-chart-file-" + std::to_string(::getpid()) + ".xlsx");
-  writeNewWorkbook(book, file);
-  EXPECT_GT(std::filesystem::file_size(file), 1000U);
-  if (const char* keep = std::getenv("ORV_CHART_WORKBOOK")) std::filesystem::copy_file(file, keep, std::filesystem::copy_options::overwrite_existing);
-  std::filesystem::remove(file);
 }
 
 }  // namespace

@@ -24,16 +24,15 @@ class DriverChartTest : public ChartTest {
     ds.Results(true);
   }
 
-  // The sheet row of the pasted table whose label (output column `labelColumn`) is `label`.
-  std::int32_t rowOf(const std::string& label, std::int32_t labelColumn = 4) {
+  // The sheet row of the table pasted at column D whose label is `label`.
+  std::int32_t rowOf(const std::string& label) {
     for (std::int32_t r = 1; r <= 40; ++r) {
-      const CellValue v = data.cellValue(r, labelColumn);
+      const CellValue v = data.cellValue(r, 4);
       if (v.isText() && v.text() == label) return r;
     }
     ADD_FAILURE() << "no row labelled " << label;
     return 0;
   }
-  double at(std::int32_t r, std::int32_t c) { return data.cellValue(r, c).number(); }
 };
 
 TEST_F(DriverChartTest, TheBoxPlotStandsOneColumnRightOfTheTableAndReadsItsRows) {
@@ -56,124 +55,64 @@ TEST_F(DriverChartTest, TheBoxPlotStandsOneColumnRightOfTheTableAndReadsItsRows)
     EXPECT_EQ(box.series[i].values.cells, ref(r, 5, r, 6));
     EXPECT_EQ(box.series[i].categories.cells, ref(names, 5, names, 6));
   }
-  EXPECT_EQ(box.series.front().categories.cached, (std::vector<std::string>{"Height", "Weight"}));
 }
 
-TEST_F(DriverChartTest, ChartHeightsAndTheOffsetThatStacksTheErrorPlot) {
-  struct Case {
-    std::string boxTitle, errorTitle;
-    double boxHeight, errorTop, errorHeight;
-  };
-  const std::vector<Case> cases = {
-      {"", "", 180, 198, 180},
-      {"Spread", "", 200, 220, 180},
-      {"", "Means", 180, 198, 200},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.boxTitle + " / " + c.errorTitle);
-    InMemoryWorksheet& sheet = book.addSheet("Run " + std::to_string(book.WorksheetsCount()));
-    clsDS ds;
-    ds.PlotBox(true);
-    ds.PlotError(true);
-    ds.ErrorCentre("Mean");
-    ds.ErrorError("Standard Error");
-    ds.BoxTitle(c.boxTitle);
-    ds.ErrorTitle(c.errorTitle);
-    analyse(ds, "'" + sheet.Name() + "'!B2");
-    ASSERT_EQ(sheet.charts().size(), 2U);
-    const ChartModel& box = sheet.charts()[0];
-    const ChartModel& error = sheet.charts()[1];
-    EXPECT_DOUBLE_EQ(box.top, 15);
-    EXPECT_DOUBLE_EQ(box.height, c.boxHeight);
-    EXPECT_DOUBLE_EQ(error.top, 15 + c.errorTop);
-    EXPECT_DOUBLE_EQ(error.height, c.errorHeight);
-    EXPECT_DOUBLE_EQ(error.left, box.left);
-    EXPECT_DOUBLE_EQ(error.width, 200);
-  }
-}
-
-TEST_F(DriverChartTest, TheOffsetKeepsGrowingOverResultsCalls) {
+TEST_F(DriverChartTest, TheErrorPlotGoesBelowTheBoxPlotLowerOnEveryResultsCall) {
   clsDS ds;
   ds.PlotBox(true);
   ds.PlotError(true);
+  ds.BoxTitle("Spread");  // a title makes the box plot 20 points taller
   ds.ErrorCentre("Median");
   ds.ErrorError("Standard Deviation");
   analyse(ds, "Data!D1");
   analyse(ds, "Data!D1");
-  std::vector<double> tops;
-  for (const ChartModel& chart : data.charts()) tops.push_back(chart.top);
-  // Box plots always start at the table's first row; error plots go 198 points lower every call.
-  EXPECT_EQ(tops, (std::vector<double>{0, 198, 0, 396}));
+  std::vector<double> tops, heights;
+  for (const ChartModel& chart : data.charts()) {
+    tops.push_back(chart.top);
+    heights.push_back(chart.height);
+    EXPECT_DOUBLE_EQ(chart.left, 7 * 48);
+  }
+  EXPECT_EQ(tops, (std::vector<double>{0, 220, 0, 440}));
+  EXPECT_EQ(heights, (std::vector<double>{200, 180, 200, 180}));
 }
 
 TEST_F(DriverChartTest, AtTheLastColumnsTheChartFallsBackIntoTheTable) {
-  struct Case {
-    std::string output;
-    std::int32_t outputColumn, anchorColumn;
-  };
-  // A table of 2 columns: the chart wants output column 4, else the table's last column.
-  const std::vector<Case> cases = {
-      {"XFA1", 16381, 16384},
-      {"XFB1", 16382, 16383},
-      {"XFC1", 16383, 16384},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.output);
-    InMemoryWorksheet& sheet = book.addSheet("At " + c.output);
+  // A table of 2 columns: the chart wants output column + 3, else the table's last column.
+  const std::vector<std::pair<std::string, std::int32_t>> cases = {{"XFA1", 16384}, {"XFB1", 16383}};
+  for (const auto& [output, anchorColumn] : cases) {
+    SCOPED_TRACE(output);
+    InMemoryWorksheet& sheet = book.addSheet("At " + output);
     clsDS ds;
     ds.PlotBox(true);
     ds.Headers(true);
     ds.InputRange("Data!A1:A9");
-    ds.OutputRange("'" + sheet.Name() + "'!" + c.output);
+    ds.OutputRange("'" + sheet.Name() + "'!" + output);
     ds.Results();
-    const ChartModel& box = onlyChart(sheet);
-    EXPECT_DOUBLE_EQ(box.left, (c.anchorColumn - 1) * 48.0);
-    EXPECT_DOUBLE_EQ(box.width, 150);
-    EXPECT_EQ(box.series.front().values.cells->block.left, c.outputColumn + 1);
+    EXPECT_DOUBLE_EQ(onlyChart(sheet).left, (anchorColumn - 1) * 48.0);
   }
 }
 
 TEST_F(DriverChartTest, ErrorAmountsAreRangesForSpreadsAndDistancesForLimits) {
-  struct Case {
-    std::string centre, error;
-    std::string upperLabel, lowerLabel;  // rows the amounts come from
-    bool distances;
-  };
-  const std::vector<Case> cases = {
-      {"Mean", "Standard Error", "Std Error", "Std Error", false},
-      {"Median", "Standard Deviation", "Std Dev.", "Std Dev.", false},
-      {"Mean", "Variance", "Variance", "Variance", false},
-      {"Mean", "Range", "Maximum", "Minimum", true},
-      {"Median", "Interpercentile Range", "75th Percentile", "25th Percentile", true},
-      {"Mean", "Confidence Limits", "Upper 95%CL", "Lower 95%CL", true},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.error);
-    const std::size_t before = data.charts().size();
+  for (const std::string error : {"Standard Error", "Range"}) {
+    SCOPED_TRACE(error);
     clsDS ds;
     ds.PlotError(true);
-    ds.ErrorCentre(c.centre);
-    ds.ErrorError(c.error);
+    ds.ErrorCentre("Mean");
+    ds.ErrorError(error);
     analyse(ds, "Data!D1");
-    ASSERT_EQ(data.charts().size(), before + 1);
     const SeriesModel& s = data.charts().back().series.front();
-    const std::int32_t centre = rowOf(c.centre), upper = rowOf(c.upperLabel), lower = rowOf(c.lowerLabel);
-    EXPECT_EQ(s.values.cells, ref(centre, 5, centre, 6));
+    EXPECT_EQ(s.values.cells, ref(rowOf("Mean"), 5, rowOf("Mean"), 6));
     const ErrorBarsModel& bars = *s.errorBars;
-    if (!c.distances) {
-      EXPECT_EQ(bars.plusAmounts.cells, ref(upper, 5, upper, 6));
-      EXPECT_EQ(bars.minusAmounts.cells, ref(lower, 5, lower, 6));
-      continue;
+    if (error == "Standard Error") {
+      const std::int32_t r = rowOf("Std Error");
+      EXPECT_EQ(bars.plusAmounts.cells, ref(r, 5, r, 6));
+      EXPECT_EQ(bars.minusAmounts.cells, ref(r, 5, r, 6));
+    } else {  // up to the maximum and down to the minimum, as numbers
+      EXPECT_FALSE(bars.plusAmounts.cells.has_value() || bars.minusAmounts.cells.has_value());
+      EXPECT_EQ(bars.plusAmounts.literal, (Cached{4.0, 3.5}));
+      EXPECT_EQ(bars.minusAmounts.literal, (Cached{3.0, 3.5}));
     }
-    EXPECT_FALSE(bars.plusAmounts.cells.has_value());
-    EXPECT_FALSE(bars.minusAmounts.cells.has_value());
-    EXPECT_EQ(bars.plusAmounts.literal, (Cached{at(upper, 5) - at(centre, 5), at(upper, 6) - at(centre, 6)}));
-    EXPECT_EQ(bars.minusAmounts.literal, (Cached{at(centre, 5) - at(lower, 5), at(centre, 6) - at(lower, 6)}));
   }
-  // "Range" about the mean: up to the maximum and down to the minimum.
-  const ErrorBarsModel& range = *data.charts()[3].series.front().errorBars;
-  EXPECT_EQ(range.plusAmounts.literal, (Cached{4.0, 3.5}));
-  EXPECT_EQ(range.minusAmounts.literal, (Cached{3.0, 3.5}));
 }
 
 TEST_F(DriverChartTest, ATextInALimitOrCentreRowFailsTheErrorPlotAfterThePaste) {

@@ -1,9 +1,6 @@
 #pragma once
 // Shared by the circular tests: the host fixture and engine builders.
 
-#include <string>
-#include <vector>
-
 #include "../driver_fixture.h"
 #include "circular/clsDSCircBO.h"
 
@@ -21,7 +18,6 @@ inline clsDSCircBO engineOf(const std::vector<double>& degrees) {
   bo.Data(array(Cells(degrees.begin(), degrees.end())));
   return bo;
 }
-inline bool isNotAvailable(const CellValue& v) { return v.isText() && v.text() == "n/a"; }
 inline std::string source(const std::string& where) { return "Line 0 in ORVDescriptives." + where; }
 
 }  // namespace orv::test

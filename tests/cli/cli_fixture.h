@@ -31,12 +31,10 @@ inline std::string readFile(const std::filesystem::path& p) {
   return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
 }
 
+// One shell word: single quotes, with each ' inside written as '\''.
 inline std::string quoted(const std::string& arg) {
   std::string q = "'";
-  for (char c : arg) {
-    if (c == '\'') q += "'\\''";
-    else q += c;
-  }
+  for (char c : arg) q += c == '\'' ? std::string("'\\''") : std::string(1, c);
   return q + "'";
 }
 
@@ -52,15 +50,10 @@ class CliTest : public ::testing::Test {
   RunResult run(const std::vector<std::string>& args) const {
     std::string command = quoted(ORVELLA_BINARY);
     for (const std::string& a : args) command += " " + quoted(a);
-    const auto outFile = dir / "stdout.txt";
-    const auto errFile = dir / "stderr.txt";
+    const auto outFile = dir / "stdout.txt", errFile = dir / "stderr.txt";
     command += " >" + quoted(outFile.string()) + " 2>" + quoted(errFile.string()) + " </dev/null";
     const int status = std::system(command.c_str());
-    RunResult r;
-    r.exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    r.out = readFile(outFile);
-    r.err = readFile(errFile);
-    return r;
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, readFile(outFile), readFile(errFile)};
   }
 
   // A workbook with sheet "Data": `columns` side by side from A1 down, names in row 1.
@@ -107,8 +100,7 @@ inline void expectSheetHolds(const nlohmann::json& block, const Worksheet& sheet
   for (std::size_t r = 0; r < block.size(); ++r) {
     for (std::size_t c = 0; c < block[r].size(); ++c) {
       SCOPED_TRACE(testing::Message() << "row " << r + 1 << " column " << c + 1);
-      const CellValue v = sheet.cellValue(top + static_cast<std::int32_t>(r),
-                                          left + static_cast<std::int32_t>(c));
+      const CellValue v = sheet.cellValue(top + static_cast<std::int32_t>(r), left + static_cast<std::int32_t>(c));
       const nlohmann::json& j = block[r][c];
       if (j.is_null()) {
         EXPECT_TRUE(v.isEmpty());
@@ -121,14 +113,6 @@ inline void expectSheetHolds(const nlohmann::json& block, const Worksheet& sheet
       }
     }
   }
-}
-
-// The row of `block` whose first cell is `label`; block.size() when there is none.
-inline std::size_t rowLabelled(const nlohmann::json& block, const std::string& label) {
-  for (std::size_t r = 0; r < block.size(); ++r) {
-    if (!block[r].empty() && block[r][0] == label) return r;
-  }
-  return block.size();
 }
 
 }  // namespace orv::test

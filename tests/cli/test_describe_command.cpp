@@ -1,7 +1,5 @@
 // orvella describe and orvella sheets on generated workbooks: what is printed and written.
 
-#include <algorithm>
-
 #include "cli_fixture.h"
 #include "xlsx/reader_workbook.h"
 
@@ -21,7 +19,6 @@ TEST_F(CliTest, PrintsTheDefaultTableAndWritesNothing) {
   EXPECT_NE(r.out.find("Input Range = Data!$A$1:$B$9"), std::string::npos) << r.out;
   EXPECT_EQ(words(lineStarting(r.out, "Mean")), (std::vector<std::string>{"Mean", "5", "4.5"}));
   EXPECT_EQ(words(lineStarting(r.out, "Std Dev.")), (std::vector<std::string>{"Std", "Dev.", "2.13809", "2.44949"}));
-  EXPECT_EQ(words(lineStarting(r.out, "Count")), (std::vector<std::string>{"Count", "8", "8"}));
   // Numbers are right-aligned: the last characters of the value lines line up.
   EXPECT_EQ(lineStarting(r.out, "Mean").size(), lineStarting(r.out, "Std Error").size());
   EXPECT_EQ(readFile(file), before);
@@ -30,7 +27,6 @@ TEST_F(CliTest, PrintsTheDefaultTableAndWritesNothing) {
 
 TEST_F(CliTest, JsonBlockIsWhatTheWorkbookHolds) {
   const auto file = workbook("two.xlsx", kTwoColumns);
-  const std::string before = readFile(file);
   const auto out = dir / "out.xlsx";
   const RunResult r = run({"describe", file.string(), "-i", "Data!A1:B9", "--headers", "--all",
                            "--largest", "2", "--json", "-o", out.string()});
@@ -41,66 +37,29 @@ TEST_F(CliTest, JsonBlockIsWhatTheWorkbookHolds) {
   EXPECT_EQ(doc["output"]["sheet"], "Sheet1");
   EXPECT_EQ(doc["output"]["cell"], "$A$1");
   EXPECT_EQ(doc["written"], out.string());
-  EXPECT_EQ(readFile(file), before);
-
   InMemoryApplication app;
   InMemoryWorkbook& book = openWorkbookFile(app, out).book;
   ASSERT_EQ(book.WorksheetsCount(), 2);
-  const nlohmann::json& block = doc["block"];
-  ASSERT_EQ(block.size(), 27u);  // heading, blank, names, 23 statistics, blank
-  expectSheetHolds(block, book.Worksheets("Sheet1"));
-  EXPECT_EQ(block[4][0], "Mean");
-  EXPECT_EQ(block[4][1], 5.0);
+  ASSERT_EQ(doc["block"].size(), 27u);  // heading, blank, names, 23 statistics, blank
+  expectSheetHolds(doc["block"], book.Worksheets("Sheet1"));
 }
 
-TEST_F(CliTest, ChartOptionsReachTheAnalysis) {
-  const auto file = workbook("two.xlsx", kTwoColumns);
-  const RunResult r = run({"describe", file.string(), "-i", "Data!A1:B9", "--headers", "--mean",
-                           "--box-plot", "--box-title", "Spread", "--error-plot", "--error-centre",
-                           "Median", "--error-bars", "Confidence Limits", "--json", "-o",
-                           (dir / "charts.xlsx").string()});
-  ASSERT_EQ(r.exitCode, 0) << r.err;
-  const nlohmann::json doc = nlohmann::json::parse(r.out);
-  EXPECT_EQ(doc["options"]["boxPlot"]["title"], "Spread");
-  EXPECT_EQ(doc["options"]["errorPlot"]["centre"], "Median");
-  EXPECT_EQ(doc["options"]["errorPlot"]["bars"], "Confidence Limits");
-  // The charts force the rows they read: median, percentiles, extremes and confidence limits.
-  std::vector<std::string> labels;
-  for (const nlohmann::json& line : doc["block"]) {
-    if (line[0].is_string()) labels.push_back(line[0].get<std::string>());
-  }
-  for (const char* label : {"Mean", "Median", "Lower 95%CL", "Upper 95%CL", "25th Percentile",
-                            "75th Percentile", "Minimum", "Maximum"}) {
-    EXPECT_NE(std::find(labels.begin(), labels.end(), label), labels.end()) << label;
-  }
-}
-
-TEST_F(CliTest, OutputIntoAnExistingSheetAndInPlace) {
+TEST_F(CliTest, InPlaceOutputReplacesAnEarlierTableOnlyWhenTold) {
   const auto file = workbook("two.xlsx", kTwoColumns);
   const std::vector<std::string> args = {"describe", file.string(), "-i", "Data!B1:B9", "--headers", "--sum",
                                          "--output", "Data!E2", "--in-place"};
   ASSERT_EQ(run(args).exitCode, 0);
-  // The second run finds its output occupied by the first and may replace it only when told.
   EXPECT_EQ(run(args).exitCode, 1);
   std::vector<std::string> overwrite = args;
   overwrite.push_back("--overwrite");
   const RunResult r = run(overwrite);
   ASSERT_EQ(r.exitCode, 0) << r.err;
   InMemoryApplication app;
-  InMemoryWorkbook& book = openWorkbookFile(app, file).book;
-  ASSERT_EQ(book.WorksheetsCount(), 1);
-  Worksheet& sheet = book.Worksheets("Data");
+  Worksheet& sheet = openWorkbookFile(app, file).book.Worksheets("Data");
   EXPECT_EQ(sheet.cellValue(6, 5), CellValue("Sum"));
   EXPECT_EQ(sheet.cellValue(6, 6), CellValue(36.0));
-  // The data are still there.
-  EXPECT_EQ(sheet.cellValue(9, 1), CellValue(9.0));
-}
-
-TEST_F(CliTest, SheetsListsUsedRanges) {
-  const auto file = workbook("two.xlsx", kTwoColumns);
-  const RunResult r = run({"sheets", file.string()});
-  ASSERT_EQ(r.exitCode, 0) << r.err;
-  EXPECT_NE(r.out.find("Data!A1:B9"), std::string::npos) << r.out;
+  EXPECT_EQ(sheet.cellValue(9, 1), CellValue(9.0));  // the data are still there
+  EXPECT_NE(run({"sheets", file.string()}).out.find("Data!A1:F"), std::string::npos);
 }
 
 TEST_F(CliTest, CsvInputWritesANewWorkbook) {
@@ -110,7 +69,6 @@ TEST_F(CliTest, CsvInputWritesANewWorkbook) {
   RunResult r = run({"describe", csv.string(), "-i", "A1:B4", "--headers"});
   EXPECT_EQ(r.exitCode, 1);
   EXPECT_NE(r.err.find("$A$2"), std::string::npos) << r.err;
-
   std::ofstream(csv) << "Control,Shade\n21.4,17\n19.8,15.9\n23.1,18.8\n";
   const auto out = dir / "plants.xlsx";
   r = run({"describe", csv.string(), "-i", "A1:B4", "--headers", "--max", "-o", out.string()});

@@ -5,8 +5,6 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
-#include <functional>
-#include <initializer_list>
 #include <string>
 #include <vector>
 
@@ -26,32 +24,20 @@ inline ValueArray2D column(const std::vector<CellValue>& values) {
   for (const CellValue& v : values) out(++row, 1) = v;
   return out;
 }
-
 inline ValueArray2D columnOf(const std::vector<double>& values) {
   return column(std::vector<CellValue>(values.begin(), values.end()));
 }
-
-// n copies of x.
 inline ValueArray2D repeated(std::int32_t n, double x) {
   return columnOf(std::vector<double>(static_cast<std::size_t>(n), x));
 }
-
-// 1, 4, 9, ... n²: a skewed sample of any size.
-inline std::vector<double> squares(std::int32_t n) {
-  std::vector<double> out;
-  for (std::int32_t i = 1; i <= n; ++i) out.push_back(static_cast<double>(i) * i);
-  return out;
-}
-
-// A CellValue that is a number or the text "-".
 inline bool isDash(const CellValue& v) { return v.isText() && v.text() == "-"; }
-
 inline std::string source(const char* procedure) {
   return std::string("Line 0 in ORVDescriptives.clsDSBO.") + procedure;
 }
 
 // Runs f and expects a ComponentError with this number and source.
-inline void expectError(const std::function<void()>& f, std::int32_t number, const std::string& src) {
+template <class F>
+void expectError(F&& f, std::int32_t number, const std::string& src) {
   try {
     f();
     ADD_FAILURE() << "no error raised, expected " << number << " from " << src;
@@ -65,13 +51,11 @@ class EngineTest : public ::testing::Test {
  protected:
   void SetUp() override { HostSession::Attach(&host_); }
   void TearDown() override { HostSession::Attach(nullptr); }
-
-  clsDSBO engineOf(const ValueArray2D& data) {
+  static clsDSBO engineOf(const ValueArray2D& data) {
     clsDSBO e;
     e.Data(data);
     return e;
   }
-
   InMemoryApplication host_;
 };
 

@@ -1,7 +1,6 @@
-// Count, sums, moments, extremes and confidence limits of clsDSBO.
+// Count, sums, moments, extremes, confidence limits and shape of clsDSBO: values, "-" and faults.
 
 #include <cmath>
-#include <functional>
 
 #include "engine_fixture.h"
 
@@ -10,24 +9,21 @@ namespace {
 
 using Moments = EngineTest;
 
-struct MomentCase {
-  const char* name;
-  std::vector<CellValue> data;
-  std::int32_t count;
-  double sum, mean, variance, se, cv, min, max, range;
-};
-
 TEST_F(Moments, TableOfSmallSamples) {
   const double r2 = std::sqrt(2.0);
-  const std::vector<MomentCase> cases = {
+  const struct {
+    const char* name;
+    std::vector<CellValue> data;
+    std::int32_t count;
+    double sum, mean, variance, se, cv, min, max, range;
+  } cases[] = {
       {"one value", {4.0}, 1, 4, 4, 0, 0, 0, 4, 4, 0},
       {"two values: divisor 1", {3.0, 1.0}, 2, 4, 2, 2, 1, r2 / 2 * 100, 1, 3, 2},
       {"blanks between numbers", {3.0, kBlank, 1.0, kBlank, 2.0}, 3, 6, 2, 1, std::sqrt(1.0 / 3), 50, 1, 3, 2},
       {"negative mean: negative CV", {-1.0, -3.0}, 2, -4, -2, 2, 1, -r2 / 2 * 100, -3, -1, 2},
-      {"constant", {5.0, 5.0, 5.0}, 3, 15, 5, 0, 0, 0, 5, 5, 0},
       {"trailing blanks only", {2.0, 6.0, kBlank, kBlank}, 2, 8, 4, 8, 2, 2 * r2 / 4 * 100, 2, 6, 4},
   };
-  for (const MomentCase& c : cases) {
+  for (const auto& c : cases) {
     SCOPED_TRACE(c.name);
     clsDSBO e = engineOf(column(c.data));
     EXPECT_EQ(e.Count(), c.count);
@@ -41,90 +37,105 @@ TEST_F(Moments, TableOfSmallSamples) {
     EXPECT_DOUBLE_EQ(e.Max(), c.max);
     EXPECT_DOUBLE_EQ(e.rng(), c.range);
   }
-}
-
-TEST_F(Moments, ASingleCellIsAOneRowColumn) {
-  clsDSBO e;
-  e.Data(CellValue(7.5));
-  EXPECT_EQ(e.Count(), 1);
-  EXPECT_DOUBLE_EQ(e.Mean(), 7.5);
-  EXPECT_DOUBLE_EQ(e.LCL(95), 7.5);
-  EXPECT_DOUBLE_EQ(e.UCL(95), 7.5);
-
-  e.Data(CellValue());
-  EXPECT_EQ(e.Count(), 0);
+  clsDSBO single;  // a single cell is a one-row column
+  single.Data(CellValue(7.5));
+  EXPECT_DOUBLE_EQ(single.UCL(95), 7.5);
 }
 
 TEST_F(Moments, SecondDataReplacesEveryCachedValue) {
   clsDSBO e = engineOf(column({1.0, 2.0, 3.0, 10.0}));
-  EXPECT_EQ(e.Count(), 4);
-  EXPECT_DOUBLE_EQ(e.Mean(), 4.0);
   EXPECT_DOUBLE_EQ(e.Variance(), 50.0 / 3);
-  const CellValue firstSkew = e.Skewness();
-  ASSERT_TRUE(firstSkew.isNumber());
-
+  ASSERT_TRUE(e.Skewness().isNumber());
   e.Data(column({20.0, 10.0, 30.0}));
   EXPECT_EQ(e.Count(), 3);
-  EXPECT_DOUBLE_EQ(e.Sum(), 60.0);
   EXPECT_DOUBLE_EQ(e.Mean(), 20.0);
   EXPECT_DOUBLE_EQ(e.Variance(), 100.0);
   EXPECT_DOUBLE_EQ(e.Max(), 30.0);
-  const CellValue secondSkew = e.Skewness();
-  ASSERT_TRUE(secondSkew.isNumber());
-  EXPECT_NEAR(secondSkew.number(), 0.0, 1e-12);
+  EXPECT_NEAR(e.Skewness().number(), 0.0, 1e-12);
 }
 
-TEST_F(Moments, NoObservations) {
-  clsDSBO e = engineOf(column({kBlank, kBlank}));
-  EXPECT_EQ(e.Count(), 0);
-  EXPECT_DOUBLE_EQ(e.Sum(), 0.0);
-  EXPECT_DOUBLE_EQ(e.Min(), 0.0);
-  // Everything that reads the mean fails on 0/0, which the platform calls an overflow.
-  using Read = std::function<void()>;
-  const std::pair<const char*, Read> overflows[] = {
-      {"Mean", [&] { e.Mean(); }}, {"Variance", [&] { e.Variance(); }}, {"SD", [&] { e.SD(); }},
-      {"SE", [&] { e.SE(); }},     {"CV", [&] { e.CV(); }},             {"LCL", [&] { e.LCL(95); }},
-      {"UCL", [&] { e.UCL(95); }}};
-  for (const auto& [name, read] : overflows) expectError(read, err::kOverflow, source(name));
-  expectError([&] { e.Max(); }, err::kSubscriptOutOfRange, source("Max"));
-  expectError([&] { e.rng(); }, err::kSubscriptOutOfRange, source("rng"));
-  clsDSBO none;  // no data at all
+TEST_F(Moments, FaultsCarryTheirNumberAndProcedure) {
+  clsDSBO empty = engineOf(column({kBlank, kBlank}));
+  EXPECT_EQ(empty.Count(), 0);
+  expectError([&] { empty.Mean(); }, err::kOverflow, source("Mean"));  // 0/0
+  expectError([&] { empty.LCL(95); }, err::kOverflow, source("LCL"));
+  expectError([&] { empty.Max(); }, err::kSubscriptOutOfRange, source("Max"));
+  clsDSBO none;
   expectError([&] { none.Count(); }, err::kSubscriptOutOfRange, source("Count"));
-  expectError([&] { none.Min(); }, err::kSubscriptOutOfRange, source("Min"));
-}
 
-TEST_F(Moments, ArithmeticFaultsAreRaised) {
   clsDSBO zeroMean = engineOf(column({-1.0, 1.0}));
   expectError([&] { zeroMean.CV(); }, err::kDivisionByZero, source("CV"));
   clsDSBO zeros = engineOf(column({0.0, 0.0}));
   expectError([&] { zeros.CV(); }, err::kOverflow, source("CV"));
-
   clsDSBO text = engineOf(column({CellValue(1.0), CellValue("abc")}));
   expectError([&] { text.Sum(); }, err::kTypeMismatch, source("Sum"));
-  expectError([&] { text.Mean(); }, err::kTypeMismatch, source("Mean"));
 
-  // A confidence level of 100 asks TInv for p = 0, which the host refuses.
   clsDSBO e = engineOf(column({1.0, 2.0, 4.0}));
-  expectError([&] { e.LCL(100); }, err::kHostFailure, source("LCL"));
-  expectError([&] { e.UCL(101); }, err::kHostFailure, source("UCL"));
+  expectError([&] { e.LCL(100); }, err::kHostFailure, source("LCL"));  // TInv refuses p = 0
   HostSession::Attach(nullptr);
   expectError([&] { e.UCL(95); }, err::kObjectRequired, source("UCL"));
 }
 
 TEST_F(Moments, SixteenBitLimitOfTheSum) {
   clsDSBO fits = engineOf(repeated(32767, 2.0));
-  EXPECT_EQ(fits.Count(), 32767);
   EXPECT_DOUBLE_EQ(fits.Sum(), 65534.0);
   EXPECT_DOUBLE_EQ(fits.SD(), 0.0);
-
   clsDSBO over = engineOf(repeated(32768, 2.0));
   EXPECT_EQ(over.Count(), 32768);
   EXPECT_DOUBLE_EQ(over.Max(), 2.0);
   expectError([&] { over.Sum(); }, err::kOverflow, source("Sum"));
   expectError([&] { over.Mean(); }, err::kOverflow, source("Mean"));
   expectError([&] { over.Variance(); }, err::kOverflow, source("Variance"));
-  expectError([&] { over.SE(); }, err::kOverflow, source("SE"));
-  expectError([&] { over.LCL(95); }, err::kOverflow, source("LCL"));
+}
+
+// 1, 4, 9, ... n²: a skewed sample of any size.
+ValueArray2D squares(std::int32_t n) {
+  std::vector<double> out;
+  for (std::int32_t i = 1; i <= n; ++i) out.push_back(static_cast<double>(i) * i);
+  return columnOf(out);
+}
+
+TEST_F(Moments, WhichShapeStatisticsExistForWhichSampleSize) {
+  const struct {
+    std::int32_t n;
+    bool skewness, skewnessP, kurtosis, kurtosisP;
+  } cases[] = {
+      {2, false, false, false, false},  {3, true, false, false, false},   {4, true, false, true, false},
+      {8, true, false, true, false},    {9, true, true, true, false},     {19, true, true, true, false},
+      {20, true, true, true, true},     {216, true, true, true, true},    // (n-1)n(n-2)(n-3) fits 32 bits
+      {217, true, true, false, false},  {32767, true, true, false, false},
+      {32768, false, false, false, false},  // the power sums count in 16 bits
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE("n = " + std::to_string(c.n));
+    clsDSBO e = engineOf(squares(c.n));
+    const bool expected[] = {c.skewness, c.skewnessP, c.kurtosis, c.kurtosisP};
+    const CellValue got[] = {e.Skewness(), e.SkewnessP(), e.Kurtosis(), e.KurtosisP()};
+    for (int i = 0; i < 4; ++i) EXPECT_TRUE(expected[i] ? got[i].isNumber() : isDash(got[i])) << i;
+  }
+}
+
+TEST_F(Moments, ShapeIsDashForConstantOrTextDataAndAfterAFailure) {
+  clsDSBO constant = engineOf(repeated(25, 4.0));
+  clsDSBO zeros = engineOf(repeated(5, 0.0));
+  clsDSBO text = engineOf(column({CellValue(1.0), CellValue(2.0), CellValue(4.0), CellValue("x")}));
+  for (int ask = 0; ask < 2; ++ask) {  // asked again: still "-"
+    for (clsDSBO* e : {&constant, &zeros, &text}) {
+      EXPECT_TRUE(isDash(e->Skewness()));
+      EXPECT_TRUE(isDash(e->Kurtosis()));
+    }
+    EXPECT_TRUE(isDash(constant.SkewnessP()));
+    EXPECT_TRUE(isDash(constant.KurtosisP()));
+  }
+  EXPECT_TRUE(isDash(clsDSBO().SkewnessP()));  // no data at all
+
+  clsDSBO e = engineOf(squares(30));
+  HostSession::Attach(nullptr);  // NormDist unavailable: "-", and tried again later
+  EXPECT_TRUE(isDash(e.SkewnessP()));
+  EXPECT_TRUE(isDash(e.KurtosisP()));
+  HostSession::Attach(&host_);
+  EXPECT_TRUE(e.SkewnessP().isNumber());
+  EXPECT_TRUE(e.KurtosisP().isNumber());
 }
 
 }  // namespace

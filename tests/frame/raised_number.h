@@ -1,6 +1,5 @@
 #pragma once
 // Test helper: the number of the ComponentError a call raises, or 0 when it returns normally.
-
 #include <cstdint>
 
 #include "frame/errors.h"

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <random>
 #include <string>
 
 #include "frame/errors.h"
@@ -12,16 +11,12 @@ namespace {
 
 TEST(ParseReference, AcceptedFormsAndTheirAddresses) {
   const struct { const char* text; const char* sheet; const char* address; } rows[] = {  // sheet "": none named
-      {"b7", "", "$B$7"}, {"$B7", "", "$B$7"}, {"B$7", "", "$B$7"}, {"$A$1:$C$20", "", "$A$1:$C$20"},
-      {"C20:A1", "", "$A$1:$C$20"}, {"A20:C1", "", "$A$1:$C$20"}, {"A1:A1", "", "$A$1"},
-      {"XFD1048576", "", "$XFD$1048576"}, {"A007", "", "$A$7"}, {"$C:$A", "", "$A:$C"}, {"B:B", "", "$B:$B"},
-      {"$5:$3", "", "$3:$5"}, {"1:1048576", "", "$1:$1048576"}, {"A1:XFD1048576", "", "$1:$1048576"},
-      {"A:XFD", "", "$1:$1048576"}, {"A1:A10,C1:C10", "", "$A$1:$A$10,$C$1:$C$10"}, {"A1,A1", "", "$A$1,$A$1"},
-      {"Data!A:A", "Data", "$A:$A"}, {"'My data'!A1:C20", "My data", "$A$1:$C$20"}, {"'It''s'!B2", "It's", "$B$2"},
-      {"''''!B2", "'", "$B$2"}, {"'a,b!c'!B2", "a,b!c", "$B$2"}, {"Data!A1,data!B2", "Data", "$A$1,$B$2"},
-      {"Data!A1,B2", "Data", "$A$1,$B$2"}, {"A1,Data!B2", "Data", "$A$1,$B$2"},
-      {"'My data'!A1,'My data'!C1", "My data", "$A$1,$C$1"}, {"Sheet_2.old!A1", "Sheet_2.old", "$A$1"},
-      {"A1!B2", "A1", "$B$2"}};
+      {"b7", "", "$B$7"}, {"B$7", "", "$B$7"}, {"C20:A1", "", "$A$1:$C$20"}, {"A20:C1", "", "$A$1:$C$20"},
+      {"A1:A1", "", "$A$1"}, {"XFD1048576", "", "$XFD$1048576"}, {"A007", "", "$A$7"}, {"$C:$A", "", "$A:$C"},
+      {"$5:$3", "", "$3:$5"}, {"A1:XFD1048576", "", "$1:$1048576"}, {"A1:A10,C1:C10", "", "$A$1:$A$10,$C$1:$C$10"},
+      {"Data!A:A", "Data", "$A:$A"}, {"'It''s'!B2", "It's", "$B$2"}, {"'a,b!c'!B2", "a,b!c", "$B$2"},
+      {"Data!A1,data!B2", "Data", "$A$1,$B$2"}, {"A1,Data!B2", "Data", "$A$1,$B$2"},
+      {"'My data'!A1,'My data'!C1", "My data", "$A$1,$C$1"}, {"A1!B2", "A1", "$B$2"}};
   for (const auto& row : rows) {
     SCOPED_TRACE(row.text);
     const ParsedReference parsed = parseReference(row.text);
@@ -38,11 +33,9 @@ TEST(ParseReference, AcceptedFormsAndTheirAddresses) {
 
 TEST(ParseReference, RejectsWithAHostFailureQuotingTheText) {
   for (const char* text :
-       {"", " ", "A", "3", "$A", "A0", "A00", "A1048577", "A99999999999999999999", "XFE1", "AAAA1",
-        "A1:", ":A1", "A1:B", "A:3", "3:A", "A1:3", "A1,", ",A1", "A1,,B1", "A1 ", " A1", "A1 B1",
-        "A1B", "A$", "$A$", "$$A1", "A$$1", "$1:$", "A1:B2:C3", "1A", "A-1", "A1;B1", "Data!",
-        "!A1", "Data!!A1", "'My data!A1", "'My data'A1", "'My data'", "''!A1", "'a[b'!A1",
-        "My data!A1", "Data!A1,Other!B1", "Data!A1,'Other'!B1", "A1!", "R1C1", "=A1", "A1\n"}) {
+       {"", "A", "3", "A0", "A1048577", "A99999999999999999999", "XFE1", "A1:", "A1:B", "A:3", "A1,", "A1,,B1",
+        "A1 ", "A1B", "$$A1", "A1:B2:C3", "A1;B1", "Data!", "!A1", "'My data!A1", "'My data'A1", "''!A1", "'a[b'!A1",
+        "My data!A1", "Data!A1,Other!B1", "R1C1", "=A1"}) {
     SCOPED_TRACE(text);
     try {
       parseReference(text);
@@ -57,62 +50,29 @@ TEST(ParseReference, RejectsWithAHostFailureQuotingTheText) {
 TEST(ColumnLetters, BijectiveBaseTwentySix) {
   const struct { std::int32_t column; const char* letters; } rows[] = {
       {26, "Z"}, {27, "AA"}, {52, "AZ"}, {53, "BA"}, {702, "ZZ"}, {703, "AAA"}, {16384, "XFD"}};
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.letters);
-    EXPECT_EQ(columnLetters(row.column), row.letters);
-  }
+  for (const auto& row : rows) EXPECT_EQ(columnLetters(row.column), row.letters);
   for (std::int32_t column = 1; column <= kMaxColumns; ++column) ASSERT_EQ(columnNumber(columnLetters(column)), column);
   EXPECT_EQ(columnNumber("xfd"), 16384);
-  for (const char* bad : {"", "XFE", "AAAA", "A1", "$A", "Ä"}) EXPECT_EQ(columnNumber(bad), 0) << bad;
+  for (const char* bad : {"", "XFE", "AAAA", "A1", "$A"}) EXPECT_EQ(columnNumber(bad), 0) << bad;
 }
 
 TEST(QuoteSheetName, QuotesWhatCouldNotStandAlone) {
   const struct { const char* name; const char* expected; } rows[] = {
-      {"Sheet_2.old", "Sheet_2.old"}, {"ABCD1", "ABCD1"}, {"My data", "'My data'"}, {"It's", "'It''s'"},
-      {"2019", "'2019'"}, {"xfd1048576", "'xfd1048576'"}, {"R1C1", "'R1C1'"}, {"R", "'R'"}, {"c3", "'c3'"},
-      {"RC", "'RC'"}, {"a-b", "'a-b'"}, {"", "''"}};
+      {"Sheet_2.old", "Sheet_2.old"}, {"ABCD1", "ABCD1"}, {"It's", "'It''s'"}, {"2019", "'2019'"},
+      {"xfd1048576", "'xfd1048576'"}, {"R1C1", "'R1C1'"}, {"RC", "'RC'"}, {"a-b", "'a-b'"}};
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
     EXPECT_EQ(quoteSheetName(row.name), row.expected);
-    if (*row.name != '\0') {
-      EXPECT_EQ(parseReference(quoteSheetName(row.name) + "!A1").sheet, row.name);
-    }
+    EXPECT_EQ(parseReference(quoteSheetName(row.name) + "!A1").sheet, row.name);
   }
 }
 
-// Random texts of the scanner's significant characters either parse into valid blocks or fail cleanly.
-TEST(ParseReference, RandomTextsNeverCrash) {
-  std::mt19937 random(424242);
-  const std::string alphabet = "AaBXFDZz$:!,'019 8_.-\x80";
-  std::uniform_int_distribution<std::size_t> pick(0, alphabet.size() - 1);
-  int accepted = 0;
-  for (int i = 0; i < 20000; ++i) {
-    std::string text;
-    for (int n = i % 25; n > 0; --n) text.push_back(alphabet[pick(random)]);
-    try {
-      const ParsedReference parsed = parseReference(text);
-      ++accepted;
-      ASSERT_FALSE(parsed.areas.empty()) << text;
-      for (const CellBlock& b : parsed.areas) {
-        ASSERT_TRUE(b.top >= 1 && b.top <= b.bottom && b.bottom <= kMaxRows) << text;
-        ASSERT_TRUE(b.left >= 1 && b.left <= b.right && b.right <= kMaxColumns) << text;
-      }
-    } catch (const ComponentError& e) {
-      ASSERT_EQ(e.number(), err::kHostFailure) << text;
-    }
-  }
-  EXPECT_GT(accepted, 0);
-}
-
-// Shapes that make backtracking scanners slow; a linear scan takes well under a second each.
+// Shapes that make backtracking scanners slow; a linear scan takes well under a second.
 TEST(ParseReference, LongTextsStayLinear) {
-  const std::size_t n = 200000;
   std::string manyAreas;
-  for (std::size_t i = 0; i < n / 4; ++i) manyAreas += "A1:B2,";
-  manyAreas += "C3";
-  EXPECT_EQ(parseReference(manyAreas).areas.size(), n / 4 + 1);
-  for (const std::string& text : {std::string(n, 'A'), "'" + std::string(n, 'a'), std::string(n, '1'),
-                                  "Data!" + manyAreas + ",Other!A1", std::string(n, 'x') + "!", "A" + std::string(n, '9')}) {
+  for (int i = 0; i < 50000; ++i) manyAreas += "A1:B2,";
+  EXPECT_EQ(parseReference(manyAreas + "C3").areas.size(), 50001u);
+  for (const std::string& text : {"'" + std::string(200000, 'a'), "Data!" + manyAreas + "Other!A1", "A" + std::string(200000, '9')}) {
     EXPECT_THROW(parseReference(text), ComponentError);
   }
 }

@@ -17,23 +17,19 @@ inline constexpr const char* kAnalyse = "Line 0 in ORVDescriptives.clsFreqBO.Ana
 
 using Texts = std::vector<std::string>;
 using Counts = std::vector<std::int32_t>;
-using Doubles = std::vector<double>;
 
 inline ValueArray1D cells(Cells values) { return ValueArray1D(std::move(values)); }
-
 // The text form of every element: what the results sheet shows for it.
 inline Texts textsOf(const ValueArray1D& values) {
   Texts out;
   for (const CellValue& v : values.items()) out.push_back(toText(v));
   return out;
 }
-
 // Data, optional weights (none: each weighs 1) and bins (none: distinct values), analysed.
 struct Analysis {
   Cells data, weights, bins;
   std::int32_t dataType = 0;
 };
-
 inline clsFreqBO analysed(const Analysis& a) {
   clsFreqBO bo;
   bo.DataType(a.dataType);

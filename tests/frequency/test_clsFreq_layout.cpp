@@ -24,19 +24,16 @@ TEST_F(DriverTest, RawRunOnANewLastSheet) {
   EXPECT_EQ(sheetLines(out), (Lines{"Frequency Distributions for:", "Data Range = Data!$A$1:$A$5", "",
                                     "Frequency Distribution", "Column A|N|Cum. N|%|Cum. %", "1|1|1|20|20",
                                     "2|1|2|20|40", "3|3|5|60|100"}));
-  // Headings bold; categories General, counts "0", percentages "0.00"; categories land as numbers.
+  // Headings bold; categories General and landed as numbers, counts "0", percentages "0.00".
   for (std::int32_t row : {1, 4, 5}) EXPECT_TRUE(out.cellFormat(row, 1).bold) << row;
   EXPECT_FALSE(out.cellFormat(2, 1).bold);
-  EXPECT_TRUE(out.cellFormat(5, 5).bold);
   const std::vector<std::string> formats = {"General", "0", "0", "0.00", "0.00"};
   for (std::int32_t c = 1; c <= 5; ++c) EXPECT_EQ(out.cellFormat(8, c).numberFormat, formats[c - 1]);
   EXPECT_EQ(out.cellValue(6, 1), CellValue(1.0));
-
   ASSERT_EQ(f.tables().size(), 1U);
   EXPECT_EQ(f.tables()[0].kind, Kind::Raw);
   EXPECT_EQ(f.tables()[0].headingRow, 5);
   EXPECT_EQ(f.tables()[0].lastRows, Rows{8});
-  EXPECT_EQ(f.outputRange()->Address(), "$A$1");
   EXPECT_EQ(f.resultsBlock()->Address(), "$A$1:$E$10");  // down to the row after the blank line
 }
 
@@ -60,84 +57,53 @@ TEST_F(DriverTest, BinnedRunMarksTheOpenCategoriesThroughTheirFormats) {
   EXPECT_EQ(data.cellFormat(8, 5).numberFormat, "General");
   EXPECT_EQ(data.cellFormat(11, 5).numberFormat, ">=General");
   EXPECT_EQ(data.cellValue(11, 5), CellValue(30.0));
-
   ASSERT_EQ(f.tables().size(), 1U);
-  const FrequencyTablePlace& t = f.tables()[0];
-  EXPECT_EQ(t.kind, Kind::GivenBins);
-  EXPECT_EQ(t.headingRow, 6);
-  EXPECT_EQ(t.lastRows, Rows{11});
-  ASSERT_EQ(t.flags.size(), 1U);
-  EXPECT_TRUE(t.flags[0].LessThanCatUsed);
-  EXPECT_TRUE(t.flags[0].GreaterThanCatUsed);
+  EXPECT_EQ(f.tables()[0].kind, Kind::GivenBins);
+  EXPECT_EQ(f.tables()[0].lastRows, Rows{11});
+  EXPECT_TRUE(f.tables()[0].flags.at(0).LessThanCatUsed);
+  EXPECT_TRUE(f.tables()[0].flags.at(0).GreaterThanCatUsed);
 }
 
-TEST_F(DriverTest, RawAndBinnedTablesWithHeadersSideBySide) {
-  column(1, 1, {"Height", 1, 2, 2, 12});
-  column(2, 1, {"Width", 5, 15, 15, 15});
-  column(3, 1, {"Bins", 0, 10});
+TEST_F(DriverTest, VariablesAlongRowsWithHeadersInRawAndBinnedTables) {
+  const std::pair<std::int32_t, Cells> rows[] = {
+      {2, {"Height", 1, 2, 2, 12}}, {3, {"Width", 5, 15, 15, 15}}, {5, {"Bins", 0, 10}}};
+  for (const auto& [row, values] : rows) {
+    for (std::size_t i = 0; i < values.size(); ++i) data.storeRaw(row, 2 + static_cast<std::int32_t>(i), values[i]);
+  }
   clsFreq f;
+  f.DataInRows(true);
   f.Headers(true);
   f.ShowRawData(true);
-  f.InputRange("A1:B5");
-  f.BinRange("C1:C3");
+  f.InputRange("B2:F3");
+  f.BinRange("B5:D5");
   f.Results();
 
   EXPECT_EQ(sheetLines(lastSheet()),
-            (Lines{"Frequency Distributions for:", "Data Range = Data!$A$1:$B$5", "Bin Range = Data!$C$1:$C$3",
+            (Lines{"Frequency Distributions for:", "Data Range = Data!$B$2:$F$3", "Bin Range = Data!$B$5:$D$5",
                    "", "Frequency Distribution", "Height|N|Cum. N|%|Cum. %|Width|N|Cum. N|%|Cum. %",
                    "1|1|1|25|25|5|1|1|25|25", "2|2|3|50|75|15|3|4|75|100", "12|1|4|25|100", "",
                    "Frequency Distribution (Bin)", "Height|N|Cum. N|%|Cum. %|Width|N|Cum. N|%|Cum. %",
                    "0|3|3|75|75|0|1|1|25|25", "10|1|4|25|100|10|3|4|75|100"}));
   ASSERT_EQ(f.tables().size(), 2U);
   EXPECT_EQ(f.tables()[0].lastRows, (Rows{9, 8}));
-  EXPECT_EQ(f.tables()[1].kind, Kind::GivenBins);
   EXPECT_EQ(f.tables()[1].headingRow, 12);
   EXPECT_EQ(lastSheet().cellFormat(9, 7).numberFormat, "General");  // plain below the shorter variable
 }
 
-TEST_F(DriverTest, PreCountedFrequenciesOverTheBins) {
+TEST_F(DriverTest, FrequenciesWeighTheBinsOrOnlyTheFirstDataVariable) {
   column(3, 1, {0, 10, 20});
   column(4, 1, {4, 0, 6});
   column(5, 1, {1, 2, 1});
-  clsFreq f;
-  f.BinRange("C1:C3");
-  f.FrequencyRange("D1:E3");
-  f.Results();
-
-  EXPECT_EQ(sheetLines(lastSheet()),
+  clsFreq counted;
+  counted.BinRange("C1:C3");
+  counted.FrequencyRange("D1:E3");
+  counted.OutputRange("A10");
+  counted.Results();
+  EXPECT_EQ(lines(data, CellBlock{10, 1, 18, 10}),
             (Lines{"Frequency Distributions for:", "Frequency Range = Data!$D$1:$E$3",
                    "Bin Range = Data!$C$1:$C$3", "", "Frequency Distribution (Bin)",
                    "Column D|N|Cum. N|%|Cum. %|Column E|N|Cum. N|%|Cum. %", "0|4|4|40|40|0|1|1|25|25",
                    "10|0|4|0|40|10|2|3|50|75", "20|6|10|60|100|20|1|4|25|100"}));
-}
-
-TEST_F(DriverTest, NominalItemsInOrderOfFirstAppearance) {
-  column(1, 1, {"Colour", "Red", "Blue", "Red", "red", CellValue(), "Blue"});
-  clsFreq f;
-  f.Headers(true);
-  f.DataType(ORVDescriptivesFreqNominal);
-  f.PlotHistogram(true);  // no bins are proposed for nominal data
-  f.InputRange("A1:A7");
-  f.Results();
-
-  EXPECT_EQ(sheetLines(lastSheet()),
-            (Lines{"Frequency Distributions for:", "Data Range = Data!$A$1:$A$7", "", "Frequency Distribution",
-                   "Colour|N|Cum. N|%|Cum. %", "Red|2|2|40|40", "Blue|2|4|40|80", "red|1|5|20|100"}));
-}
-
-TEST_F(DriverTest, VariablesAlongRowsAndFrequenciesWeighOnlyTheFirstDataVariable) {
-  column(2, 2, {1, 7});
-  column(3, 2, {2, 8});
-  column(4, 2, {2, 7});
-  column(5, 2, {2, 7});
-  clsFreq rows;
-  rows.DataInRows(true);
-  rows.InputRange("B2:E3");
-  rows.OutputRange("A10");
-  rows.Results();
-  EXPECT_EQ(lines(data, CellBlock{14, 1, 16, 10}),
-            (Lines{"Row 2|N|Cum. N|%|Cum. %|Row 3|N|Cum. N|%|Cum. %", "1|1|1|25|25|7|3|3|75|75",
-                   "2|3|4|75|100|8|1|4|25|100"}));
 
   column(7, 1, {5, 7, 5});
   column(8, 1, {2, 2, 4});
@@ -153,40 +119,25 @@ TEST_F(DriverTest, VariablesAlongRowsAndFrequenciesWeighOnlyTheFirstDataVariable
 }
 
 TEST_F(DriverTest, AHistogramGetsProposedBinsAndItsOptions) {
-  Cells values;
-  for (int i = 0; i <= 10; ++i) values.emplace_back(static_cast<double>(i));
-  column(1, 1, values);
+  column(1, 1, {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10});
   clsFreq f;
   f.PlotHistogram(true);
-  f.HistogramTitle("Scores");
   f.CategoryStartPoint(true);
   f.InputRange("A1:A11");
   f.Results();
 
-  // No raw table: only the proposed bins 0..9 and the >= category 10.
+  // No raw table: the proposed bins 0..9 and the >= category 10, one free row, then the
+  // normal curve's expected counts (start-point labels need no category column).
   Worksheet& out = lastSheet();
-  EXPECT_EQ(toText(out.cellValue(4, 1)), "Frequency Distribution (Bin)");
-  EXPECT_EQ(toText(out.cellValue(6, 1)), "0");
-  EXPECT_EQ(toText(out.cellValue(16, 1)), "10");
-  EXPECT_EQ(toText(out.cellValue(16, 3)), "11");
+  EXPECT_EQ(down(out, 1, 4, 6), (Cells{"Frequency Distribution (Bin)", "Column A", 0.0}));
+  EXPECT_EQ(lines(out, CellBlock{16, 1, 18, 3}), (Lines{"10|1|11", "", "Data for Histogram"}));
   EXPECT_EQ(out.cellFormat(16, 1).numberFormat, ">=General");
-  // One free row, then the expected counts of the normal curve (start-point labels need none).
-  EXPECT_TRUE(out.cellValue(17, 1).isEmpty());
-  EXPECT_EQ(toText(out.cellValue(18, 1)), "Data for Histogram");
-  EXPECT_EQ(toText(out.cellValue(20, 2)), "Normal");
-  EXPECT_TRUE(out.cellValue(20, 1).isEmpty());
+  EXPECT_EQ(lines(out, CellBlock{20, 1, 20, 2}), Lines{"|Normal"});
   EXPECT_EQ(out.usedBlock()->bottom, 20 + 11);
-
   ASSERT_EQ(f.tables().size(), 1U);
   EXPECT_EQ(f.tables()[0].kind, Kind::ProposedBins);
   EXPECT_EQ(f.tables()[0].lastRows, Rows{16});
-  EXPECT_TRUE(f.tables()[0].flags[0].GreaterThanCatUsed);
-  const HistogramOptions& h = f.histogramOptions();
-  EXPECT_TRUE(h.plot);
-  EXPECT_TRUE(h.normal);  // on without being set
-  EXPECT_FALSE(h.cumulative);
-  EXPECT_EQ(h.title, "Scores");
-  EXPECT_TRUE(h.categoryStartPoints);
+  EXPECT_TRUE(f.histogramOptions().normal);  // on without being set
 }
 
 }  // namespace

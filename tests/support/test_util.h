@@ -1,8 +1,8 @@
 #pragma once
 // Small one-based tables of cell values and an error expectation for the support tests.
-
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <initializer_list>
 #include <string>
@@ -13,21 +13,20 @@
 
 namespace orv::test {
 
+inline const CellValue kEmpty;
+
 inline ValueArray2D Table(std::initializer_list<std::vector<CellValue>> rows) {
-  const auto columns = rows.size() == 0 ? 0 : static_cast<std::int32_t>(rows.begin()->size());
-  ValueArray2D out(static_cast<std::int32_t>(rows.size()), columns);
-  std::int32_t r = 1;
-  for (const std::vector<CellValue>& row : rows) {
-    for (std::int32_t c = 1; c <= columns; ++c) out(r, c) = row.at(static_cast<std::size_t>(c - 1));
-    ++r;
-  }
+  ValueArray2D out(static_cast<std::int32_t>(rows.size()), static_cast<std::int32_t>(rows.begin()->size()));
+  std::vector<CellValue>& cells = out.cells();
+  cells.clear();
+  for (const std::vector<CellValue>& row : rows) cells.insert(cells.end(), row.begin(), row.end());
+  EXPECT_EQ(cells.size(), static_cast<std::size_t>(out.rows()) * rows.begin()->size()) << "rows of unequal width";
   return out;
 }
 
 inline ValueArray2D Column(std::initializer_list<CellValue> cells) {
   ValueArray2D out(static_cast<std::int32_t>(cells.size()), 1);
-  std::int32_t r = 1;
-  for (const CellValue& v : cells) out(r++, 1) = v;
+  std::copy(cells.begin(), cells.end(), out.cells().begin());
   return out;
 }
 

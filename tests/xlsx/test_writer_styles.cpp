@@ -18,46 +18,33 @@ std::string xpathValue(const pugi::xml_document& d, const char* query) {
                                                         : d.select_node(query).attribute().value();
 }
 
-TEST(WriterStyles, PlainFormatIsNormalAndEqualFormatsShareOneEntry) {
+TEST(WriterStyles, EqualFormatsShareOneEntryWithTheirFontFillAlignmentAndCode) {
   StyleSheet styles(StyleSheet::freshXml());
   EXPECT_EQ(styles.xfFor(CellFormat{}), 0u);
   EXPECT_FALSE(styles.changed());
-  const std::uint32_t bold = styles.xfFor(format("General", true));
-  EXPECT_EQ(bold, 1u);
-  EXPECT_EQ(styles.xfFor(format("General", true)), bold);
-  EXPECT_EQ(styles.xfFor(format("0.00")), 2u);
+  EXPECT_EQ(styles.xfFor(format("0.00")), 1u);
+  const CellFormat full = format("0.0\"%\"", true, 8.0, 3, 19, HAlign::Center);
+  EXPECT_EQ(styles.xfFor(full), 2u);
+  EXPECT_EQ(styles.xfFor(full), 2u);
   EXPECT_TRUE(styles.changed());
 
   const pugi::xml_document d = parseXml(styles.xml());
   EXPECT_EQ(xpathValue(d, "/styleSheet/cellXfs/@count"), "3");
-  EXPECT_EQ(xpathValue(d, "/styleSheet/cellXfs/xf[2]/@fontId"), "1");
-  EXPECT_EQ(xpathValue(d, "/styleSheet/cellXfs/xf[3]/@numFmtId"), "2");
-  EXPECT_EQ(xpathValue(d, "/styleSheet/cellXfs/xf[3]/@fontId"), "2");  // size 11, not bold: own copy of font 0
-  EXPECT_FALSE(d.select_node("/styleSheet/numFmts"));  // built-in codes need no entry
-}
-
-TEST(WriterStyles, FontsFillsAlignmentAndCustomCodes) {
-  StyleSheet styles(StyleSheet::freshXml());
-  const std::uint32_t xf = styles.xfFor(format("0.0\"%\"", true, 8.0, 3, 19, HAlign::Center));
-  const pugi::xml_document d = parseXml(styles.xml());
-  const pugi::xml_node entry = d.select_node("/styleSheet/cellXfs/xf[last()]").node();
-  EXPECT_EQ(xf, 1u);
+  EXPECT_EQ(xpathValue(d, "/styleSheet/cellXfs/xf[2]/@numFmtId"), "2");  // built-in codes need no entry
+  EXPECT_EQ(xpathValue(d, "/styleSheet/cellXfs/xf[2]/@fontId"), "1");    // size 11, not bold: own copy of font 0
+  const pugi::xml_node entry = d.select_node("/styleSheet/cellXfs/xf[3]").node();
   EXPECT_STREQ(entry.attribute("numFmtId").value(), "164");
   EXPECT_STREQ(d.select_node("/styleSheet/numFmts/numFmt[@numFmtId='164']").node().attribute("formatCode").value(),
                "0.0\"%\"");
-  const pugi::xml_node font = d.select_node("/styleSheet/fonts/font[2]").node();
+  const pugi::xml_node font = d.select_node("/styleSheet/fonts/font[3]").node();
   EXPECT_TRUE(font.child("b"));
   EXPECT_STREQ(font.child("sz").attribute("val").value(), "8");
   EXPECT_STREQ(font.child("color").attribute("indexed").value(), "10");  // colour index 3 = palette 10
   EXPECT_STREQ(font.child("name").attribute("val").value(), "Calibri");
-  const pugi::xml_node fill = d.select_node("/styleSheet/fills/fill[3]/patternFill").node();
-  EXPECT_STREQ(fill.attribute("patternType").value(), "solid");
-  EXPECT_STREQ(fill.child("fgColor").attribute("indexed").value(), "26");
+  EXPECT_STREQ(d.select_node("/styleSheet/fills/fill[3]/patternFill/fgColor").node().attribute("indexed").value(), "26");
   EXPECT_STREQ(entry.attribute("fillId").value(), "2");
   EXPECT_STREQ(entry.child("alignment").attribute("horizontal").value(), "center");
-  EXPECT_EQ(xpathValue(d, "/styleSheet/fills/@count"), "3");
-  // numFmts is the first child, as the schema's sequence demands.
-  EXPECT_STREQ(d.document_element().first_child().name(), "numFmts");
+  EXPECT_STREQ(d.document_element().first_child().name(), "numFmts");  // first, as the schema's sequence demands
 }
 
 TEST(WriterStyles, AppendsToAUserPartKeepingItsPrefixAndEntries) {

@@ -62,6 +62,20 @@ HeadSplice deselectedLargeSheet(const ZipPackage& zip, const std::string& part) 
   });
 }
 
+// The copy of the original, opened for editing; a copy that is no package is blamed on the
+// original, which is what the person can look at.
+ZipPackage openCopyOf(const std::filesystem::path& original, const std::filesystem::path& copy,
+                      const std::filesystem::path& out) {
+  try {
+    return ZipPackage::open(copy);
+  } catch (const ComponentError& e) {
+    const std::string why = e.description();
+    const std::size_t cause = why.rfind(": ");
+    unwritable(out, "the original workbook \"" + original.string() + "\" cannot be opened as a package (" +
+                        (cause == std::string::npos ? why : why.substr(cause + 2)) + ")");
+  }
+}
+
 // Turns library failures into the one error type, naming the file.
 template <class Body>
 void guarded(const std::filesystem::path& out, Body&& body) {
@@ -309,7 +323,7 @@ void writeIntoPackage(const std::filesystem::path& original, InMemoryWorkbook& b
       // libzip rewrites an archive it has open; working on a copy leaves the original alone
       // and lets every untouched entry keep its compressed bytes.
       std::filesystem::copy_file(original, temporary, std::filesystem::copy_options::overwrite_existing);
-      ZipPackage zip = ZipPackage::open(temporary);
+      ZipPackage zip = openCopyOf(original, temporary, out);
       editPackage(zip, book, changes);
       zip.commit();
     });

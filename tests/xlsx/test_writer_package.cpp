@@ -216,7 +216,7 @@ TEST_F(WriterPackage, FailuresLeaveNoTemporaryFileAndNameTheCause) {
   const std::tuple<const char*, std::function<void()>, const char*, const char*> rows[] = {
       {"unknown sheet", [&] { writeIntoPackage(folder_ / "in.xlsm", *book_, {{"Nope", CellBlock{}}}, folder_ / "o.xlsx"); }, "Save", "\"Nope\""},
       {"missing original", [&] { writeIntoPackage(folder_ / "none.xlsx", *book_, {}, folder_ / "o.xlsx"); }, "Save", "none.xlsx"},
-      {"original is no zip", [&] { writeIntoPackage(folder_ / "text.xlsx", *book_, {}, folder_ / "o.xlsx"); }, "Save", "Not a zip archive"},
+      {"original is no zip", [&] { writeIntoPackage(folder_ / "text.xlsx", *book_, {}, folder_ / "o.xlsx"); }, "Save", "text.xlsx\" cannot be opened as a package (Not a zip archive)"},
       {"read-only folder", [&] { writeNewWorkbook(*book_, locked / "o.xlsx"); }, "SaveAs", "o.xlsx"},
   };
   for (const auto& [what, write, procedure, named] : rows) {

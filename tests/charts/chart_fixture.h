@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "../driver_fixture.h"
 #include "frame/errors.h"
 #include "support/host_session.h"
 #include "workbook/in_memory_application.h"
@@ -46,17 +47,6 @@ class ChartTest : public ::testing::Test {
       if (a.kind == kind && a.group == group) return &a;
     }
     return nullptr;
-  }
-
-  template <class Call>
-  static ComponentError errorOf(Call&& call) {
-    try {
-      call();
-    } catch (const ComponentError& e) {
-      return e;
-    }
-    ADD_FAILURE() << "no error raised";
-    return ComponentError(0, "", "");
   }
 
   InMemoryApplication app;

@@ -2,6 +2,8 @@
 
 #include <array>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "charts/clsPlotBox.h"
 #include "charts/clsPlotError.h"
@@ -12,6 +14,7 @@
 #include "frame/host.h"
 #include "frame/procedure.h"
 #include "support/host_session.h"
+#include "support/ordered_parallel.h"
 #include "support/range_checks.h"
 #include "support/results_sheet.h"
 
@@ -295,30 +298,43 @@ Range clsDS::GetResults() {
     std::array<Int16, static_cast<std::size_t>(Slot::kCount)> rowOf{};
     const Options options{cl_, percentile_, smallest_, largest_};
 
-    Int16 j = 1;
+    // The columns are independent: their statistics are computed on every core, and taken
+    // into the table strictly in column order, so the first failing column is still the one
+    // reported and the names are read in the same order as the values.
+    struct Place {
+      std::int32_t area;
+      std::int32_t column;
+    };
+    std::vector<Place> places;
     for (std::int32_t a = 1; a <= input_->AreasCount(); ++a) {
-      const Range area = input_->Areas(a);
-      for (std::int32_t c = 1; c <= area.ColumnsCount(); ++c) {
-        const Range column = area.Columns(c);
-        clsDSBO bo;
-        Int16 r = 0;
-        j += 1;
-        const Range data = Range::Span(column.Cells(firstDataRow, 1),
-                                       column.Cells(column.RowsCount(), 1));
-        bo.Data(data.Values());
-        for (const LayoutRow& row : kLayout) {
-          if (!want[row.want]) continue;
-          r += 1;
-          matrix(r, j) = row.value(bo, options);
-          matrix(r, 1) = labelOf(row, options);
-          if (row.slot != Slot::None) rowOf[static_cast<std::size_t>(row.slot)] = r;
-        }
-
-        const Range nameCell = area.Cells(1, c);
-        names(j - 1) = headers_ ? toText(nameCell.Value())
-                                : "Column " + columnLettersOf(nameCell.AddressLocal());
-      }
+      for (std::int32_t c = 1; c <= input_->Areas(a).ColumnsCount(); ++c) places.push_back({a, c});
     }
+    const auto statistics = [&](std::size_t i) {
+      const Range column = input_->Areas(places[i].area).Columns(places[i].column);
+      clsDSBO bo;
+      const Range data = Range::Span(column.Cells(firstDataRow, 1),
+                                     column.Cells(column.RowsCount(), 1));
+      bo.Data(data.Values());
+      std::vector<CellValue> values;
+      for (const LayoutRow& row : kLayout) {
+        if (want[row.want]) values.push_back(row.value(bo, options));
+      }
+      return values;
+    };
+    orderedParallel<std::vector<CellValue>>(places.size(), statistics, [&](std::size_t i, std::vector<CellValue> values) {
+      const std::int32_t j = static_cast<std::int32_t>(i) + 2;
+      Int16 r = 0;
+      for (const LayoutRow& row : kLayout) {
+        if (!want[row.want]) continue;
+        r += 1;
+        matrix(r, j) = std::move(values[static_cast<std::size_t>(r.value() - 1)]);
+        matrix(r, 1) = labelOf(row, options);
+        if (row.slot != Slot::None) rowOf[static_cast<std::size_t>(row.slot)] = r;
+      }
+      const Range nameCell = input_->Areas(places[i].area).Cells(1, places[i].column);
+      names(j - 1) = headers_ ? toText(nameCell.Value())
+                              : "Column " + columnLettersOf(nameCell.AddressLocal());
+    });
 
     const auto slot = [&](Slot s) { return rowOf[static_cast<std::size_t>(s)]; };
     plotRows_.columns = columns;

@@ -2,6 +2,8 @@
 
 #include "descriptive/clsDSBO.h"
 
+#include <utility>
+
 #include "descriptive/clsDSBO_internal.h"
 #include "frame/conversions.h"
 #include "frame/host.h"
@@ -31,8 +33,12 @@ clsDSBO::clsDSBO() {
 }
 
 void clsDSBO::Data(const ValueArray2D& column) {
+  kDSBO("LetData", [&] { Data(ValueArray2D(column)); });
+}
+
+void clsDSBO::Data(ValueArray2D&& column) {
   kDSBO("LetData", [&] {
-    data_ = column;
+    data_ = std::move(column);
     ArrayTools::SortRows(data_, 1);
     ResetFlags();
   });

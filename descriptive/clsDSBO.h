@@ -36,6 +36,7 @@ class clsDSBO {  // NOLINT(readability-identifier-naming): the component's own c
   // Takes a copy of the column, sorts it ascending (empty cells last) and marks every cache
   // stale. A single value stands for a one-row column.
   void Data(const ValueArray2D& column);
+  void Data(ValueArray2D&& column);  // the same, taking over a column the caller has done with
   void Data(const CellValue& single);
 
   // Moment statistics. Variance has divisor n - 1 (0 for n < 2); SE = sqrt(Variance / n);

@@ -40,6 +40,18 @@ bool parseErrorValue(std::string_view text, ErrorValue& out) {
   return false;
 }
 
+bool operator==(const CellValue& a, const CellValue& b) {
+  if (a.kind() != b.kind()) return false;
+  switch (a.kind()) {
+    case CellValue::Kind::Empty: return true;
+    case CellValue::Kind::Number: return a.number() == b.number();
+    case CellValue::Kind::Text: return a.text() == b.text();
+    case CellValue::Kind::Boolean: return a.boolean() == b.boolean();
+    case CellValue::Kind::Error: return a.error() == b.error();
+  }
+  return false;
+}
+
 std::string describe(const CellValue& v) {
   switch (v.kind()) {
     case CellValue::Kind::Empty: return "an empty cell";

@@ -1,4 +1,5 @@
-// A sheet fed in pieces, as it is inflated, reads as it does whole wherever the pieces split the XML.
+// A sheet fed in pieces, as it is inflated, reads as it does whole wherever the pieces split the
+// XML; and cells in the common plain shape read as they do in any other spelling.
 
 #include <gtest/gtest.h>
 
@@ -93,6 +94,46 @@ TEST(ReaderPieces, DamageReadsTheSameWhereverThePiecesEnd) {
       SCOPED_TRACE(piece);
       EXPECT_EQ(readInPieces(xml, piece).error, whole.error);
     }
+  }
+}
+
+// The same cells with the tag opened by a line end instead of a blank: legal XML that the plain
+// one-pass reading of a cell leaves to the general one.
+std::string spelledOtherwise(std::string xml) {
+  for (auto at = xml.find("<c "); at != std::string::npos; at = xml.find("<c ", at)) xml[at + 2] = '\n';
+  return xml;
+}
+
+std::string plainSheet(const std::string& cells) {
+  return "<worksheet><sheetData>" + cells + "</sheetData></worksheet>";
+}
+
+TEST(ReaderPieces, PlainCellsReadAsTheirGeneralSpelling) {
+  const std::string sheet = plainSheet(
+      "<row r=\"1\"><c r=\"A1\" s=\"2\"><v>1.5e3</v></c><c r=\"B1\" t=\"b\"><v>1</v></c>"
+      "<c r=\"C1\" t=\"e\"><v>#DIV/0!</v></c></row>"
+      "<row r=\"2\"><c r=\"A2\" t=\"str\"><v>a b</v></c><c t=\"n\" s=\"1\"><v> 7 </v></c>"
+      "<c r=\"C2\" t=\"d\"><v>2024-03-01</v></c></row>"
+      "<row r=\"4\"><c r=\"B4\" t=\"inlineStr\"><v>x</v></c><c r=\"C4\" t=\"str\"><v>a&amp;b</v></c></row>");
+  const Read general = readInPieces(spelledOtherwise(sheet), 0);
+  ASSERT_EQ(general.error, "");
+  EXPECT_EQ(general.cells[0], CellValue(1500.0));
+  EXPECT_EQ(general.cells[4], CellValue(7.0));
+  EXPECT_EQ(general.cells[11], CellValue(std::string("a&b")));
+  for (const std::size_t piece : {0, 7, 13}) {
+    SCOPED_TRACE(piece);
+    EXPECT_EQ(readInPieces(sheet, piece).cells, general.cells);
+  }
+
+  // Damage found in a plain cell is reported as it is in any other.
+  for (const std::string cell : {"<c r=\"A0\"><v>1</v></c>", "<c r=\"A1\"><v>1.2.3</v></c>",
+                                 "<c r=\"A1\" t=\"s\"><v>0</v></c>", "<c r=\"A1\" t=\"q\"><v>1</v></c>",
+                                 "<c r=\"A1\" t=\"b\"><v>2</v></c>"}) {
+    SCOPED_TRACE(cell);
+    const std::string damaged = plainSheet("<row r=\"1\">" + std::string(cell) + "</row>");
+    const std::string expected = readInPieces(spelledOtherwise(damaged), 0).error;
+    ASSERT_NE(expected, "");
+    EXPECT_EQ(readInPieces(damaged, 0).error, expected);
   }
 }
 

@@ -80,6 +80,20 @@ TEST_F(CircularTest, EqualAnglesHaveNoSpreadDespiteRounding) {
   }
 }
 
+TEST_F(CircularTest, ATextbookSampleGivesItsPublishedSpread) {
+  // Eight directions from a biostatistics textbook, whose worked example gives a mean of 99°,
+  // r = 0.82522, an angular deviation of 33.9° and a circular standard deviation of 35.5°. The
+  // full-precision figures below were computed apart from this code, with Python's math module.
+  clsDSCircBO bo = engineOf({45, 55, 81, 96, 110, 117, 132, 154});
+  EXPECT_NEAR(bo.MeanVector(), 0.8252177448200448, 1e-13);
+  EXPECT_NEAR(bo.Mean(), 98.98775195039646, 1e-10);
+  EXPECT_NEAR(bo.AngularVar(), 1147.5525943482596, 1e-8);
+  EXPECT_NEAR(bo.CircularVar(), 1261.3066875228635, 1e-8);
+  EXPECT_NEAR(bo.AngularSD(), 33.87554566864215, 1e-10);
+  EXPECT_NEAR(bo.CircularSD(), 35.514879804426535, 1e-10);
+  EXPECT_NEAR(bo.Rayleigh(), 5.4478746109270455, 1e-11);
+}
+
 TEST_F(CircularTest, RandomSamplesAgreeWithTheDefinitions) {
   for (std::uint32_t seed = 1; seed <= 40; ++seed) {
     std::mt19937 rng(seed);

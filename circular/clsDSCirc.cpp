@@ -1,6 +1,8 @@
 #include "circular/clsDSCirc.h"
 
 #include <exception>
+#include <utility>
+#include <vector>
 
 #include "circular/clsDSCircBO.h"
 #include "frame/conversions.h"
@@ -9,6 +11,7 @@
 #include "frame/procedure.h"
 #include "support/array_tools.h"
 #include "support/host_session.h"
+#include "support/ordered_parallel.h"
 #include "support/range_checks.h"
 #include "support/results_sheet.h"
 #include "support/scatter_chart_builder.h"
@@ -236,38 +239,54 @@ Range clsDSCirc::GetResults(Int16& columnCount, PlotDataRows& plotPositions) {
     Array1D<std::string> columnHeaders(columnCount);
     ValueArray2D plotData;
 
-    Int16 j = 1;
+    // The columns are computed on every core and taken in column order, so the first failing
+    // column is still the one reported. Their plot data are joined once at the end.
+    struct Place {
+      std::int32_t area;
+      std::int32_t column;
+    };
+    std::vector<Place> places;
     for (std::int32_t a = 1; a <= input_->AreasCount(); ++a) {
-      const Range area = input_->Areas(a);
-      for (std::int32_t c = 1; c <= area.ColumnsCount(); ++c) {
-        const Range column = area.Columns(c);
-        j += 1;
-
-        clsDSCircBO bo;
-        const Range data =
-            Range::Span(column.Cells(startRow, 1), column.Cells(column.RowsCount(), 1));
-        // The host reads a one-cell range as a single value, not as an array.
-        if (data.CellCount() == 1) {
-          bo.Data(data.Value());
-        } else {
-          bo.Data(data.Values());
-        }
-
-        Int16 r = 0;
-        for (const LayoutRow& row : kLayout) {
-          if (!switches_[row.on]) continue;
-          r += 1;
-          matrix(r, j) = row.value(bo);
-          matrix(r, 1) = std::string(row.label);
-        }
-
-        if (plot_) plotData = j == 2 ? bo.PlotData() : ArrayTools::Join(plotData, bo.PlotData());
-
-        const Range nameCell = area.Cells(1, c);
-        columnHeaders(j - 1) = headers_ ? toText(nameCell.Value())
-                                        : "Column " + columnLettersOf(nameCell.AddressLocal());
-      }
+      for (std::int32_t c = 1; c <= input_->Areas(a).ColumnsCount(); ++c) places.push_back({a, c});
     }
+    struct Computed {
+      std::vector<CellValue> values;
+      ValueArray2D plot;
+    };
+    const auto statistics = [&](std::size_t i) {
+      const Range column = input_->Areas(places[i].area).Columns(places[i].column);
+      clsDSCircBO bo;
+      const Range data =
+          Range::Span(column.Cells(startRow, 1), column.Cells(column.RowsCount(), 1));
+      // The host reads a one-cell range as a single value, not as an array.
+      if (data.CellCount() == 1) {
+        bo.Data(data.Value());
+      } else {
+        bo.Data(data.Values());
+      }
+      Computed computed;
+      for (const LayoutRow& row : kLayout) {
+        if (switches_[row.on]) computed.values.push_back(row.value(bo));
+      }
+      if (plot_) computed.plot = bo.PlotData();
+      return computed;
+    };
+    std::vector<ValueArray2D> plotParts;
+    orderedParallel<Computed>(places.size(), statistics, [&](std::size_t i, Computed computed) {
+      const std::int32_t j = static_cast<std::int32_t>(i) + 2;
+      Int16 r = 0;
+      for (const LayoutRow& row : kLayout) {
+        if (!switches_[row.on]) continue;
+        r += 1;
+        matrix(r, j) = std::move(computed.values[static_cast<std::size_t>(r.value() - 1)]);
+        matrix(r, 1) = std::string(row.label);
+      }
+      if (plot_) plotParts.push_back(std::move(computed.plot));
+      const Range nameCell = input_->Areas(places[i].area).Cells(1, places[i].column);
+      columnHeaders(j - 1) = headers_ ? toText(nameCell.Value())
+                                      : "Column " + columnLettersOf(nameCell.AddressLocal());
+    });
+    if (plot_) plotData = ArrayTools::JoinAll(plotParts);
 
     if (plot_) return FormatResults(columnHeaders, matrix, &plotData, &plotPositions);
     return FormatResults(columnHeaders, matrix);

@@ -141,6 +141,25 @@ ValueArray2D ArrayTools::Join(const ValueArray2D& first, const ValueArray2D& sec
   });
 }
 
+ValueArray2D ArrayTools::JoinAll(const std::vector<ValueArray2D>& parts) {
+  return kProc("Join", [&] {
+    std::int32_t rows = 0;
+    std::int32_t columns = 0;
+    for (const ValueArray2D& part : parts) {
+      rows = std::max(rows, part.rows());
+      columns += part.columns();
+    }
+    ValueArray2D out(rows, columns);
+    std::int32_t left = 0;
+    for (const ValueArray2D& part : parts) {
+      for (std::int32_t r = 1; r <= part.rows(); ++r)
+        for (std::int32_t c = 1; c <= part.columns(); ++c) out(r, left + c) = part(r, c);
+      left += part.columns();
+    }
+    return out;
+  });
+}
+
 double ArrayTools::MaxOf(const ValueArray2D& values) {
   return kProc("MaxOf", [&] { return extremeOf(values, [](double x, double best) { return x > best; }); });
 }

@@ -25,6 +25,9 @@ class ArrayTools {
   // `first` and `second` side by side, first's columns first. The result has as many rows as the
   // longer one; the shorter is padded with empty cells.
   static ValueArray2D Join(const ValueArray2D& first, const ValueArray2D& second);
+  // All of `parts` side by side in their order: what joining them one by one gives, in one copy
+  // instead of one per part.
+  static ValueArray2D JoinAll(const std::vector<ValueArray2D>& parts);
 
   // Largest and smallest number among the array's cells (every cell converted as a number:
   // empty as 0, text that is no number raises "Type mismatch"). "Subscript out of range" for an

@@ -90,6 +90,11 @@ TEST(ArrayTools, JoinPadsTheShorterSideAndMaxMinConvertEveryCell) {
   const ValueArray2D pairs = Table({{1, "x"}, {2, "y"}});
   EXPECT_EQ(ArrayTools::Join(angles, pairs), Table({{10.5, 1, "x"}, {-20, 2, "y"}, {0, kEmpty, kEmpty}}));
   EXPECT_EQ(ArrayTools::Join(pairs, angles), Table({{1, "x", 10.5}, {2, "y", -20}, {kEmpty, kEmpty, 0}}));
+  // Joining many at once is joining them one after another.
+  const ValueArray2D one = Column({5});
+  EXPECT_EQ(ArrayTools::JoinAll({pairs, angles, one}), ArrayTools::Join(ArrayTools::Join(pairs, angles), one));
+  EXPECT_EQ(ArrayTools::JoinAll({one}), one);
+  EXPECT_TRUE(ArrayTools::JoinAll({}).empty());
   const ValueArray2D mixed = Table({{"7", kEmpty}, {3, true}});  // numeric text counts; empty is 0, True is -1
   EXPECT_EQ(ArrayTools::MaxOf(mixed), 7);
   EXPECT_EQ(ArrayTools::MinOf(mixed), -1);

@@ -272,7 +272,7 @@ Range clsDSCirc::GetResults(Int16& columnCount, PlotDataRows& plotPositions) {
       return computed;
     };
     std::vector<ValueArray2D> plotParts;
-    orderedParallel<Computed>(places.size(), statistics, [&](std::size_t i, Computed computed) {
+    const auto take = [&](std::size_t i, Computed computed) {
       const std::int32_t j = static_cast<std::int32_t>(i) + 2;
       Int16 r = 0;
       for (const LayoutRow& row : kLayout) {
@@ -285,7 +285,8 @@ Range clsDSCirc::GetResults(Int16& columnCount, PlotDataRows& plotPositions) {
       const Range nameCell = input_->Areas(places[i].area).Cells(1, places[i].column);
       columnHeaders(j - 1) = headers_ ? toText(nameCell.Value())
                                       : "Column " + columnLettersOf(nameCell.AddressLocal());
-    });
+    };
+    orderedParallel<Computed>(places.size(), statistics, take);
     if (plot_) plotData = ArrayTools::JoinAll(plotParts);
 
     if (plot_) return FormatResults(columnHeaders, matrix, &plotData, &plotPositions);

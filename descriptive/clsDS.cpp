@@ -321,7 +321,7 @@ Range clsDS::GetResults() {
       }
       return values;
     };
-    orderedParallel<std::vector<CellValue>>(places.size(), statistics, [&](std::size_t i, std::vector<CellValue> values) {
+    const auto take = [&](std::size_t i, std::vector<CellValue> values) {
       const std::int32_t j = static_cast<std::int32_t>(i) + 2;
       Int16 r = 0;
       for (const LayoutRow& row : kLayout) {
@@ -334,7 +334,8 @@ Range clsDS::GetResults() {
       const Range nameCell = input_->Areas(places[i].area).Cells(1, places[i].column);
       names(j - 1) = headers_ ? toText(nameCell.Value())
                               : "Column " + columnLettersOf(nameCell.AddressLocal());
-    });
+    };
+    orderedParallel<std::vector<CellValue>>(places.size(), statistics, take);
 
     const auto slot = [&](Slot s) { return rowOf[static_cast<std::size_t>(s)]; };
     plotRows_.columns = columns;

@@ -12,27 +12,44 @@ bool hasOuterBlanks(const std::string& s) {
 
 }  // namespace
 
-std::string cellXml(std::int32_t row, std::int32_t column, const CellValue& value,
-                    std::uint32_t style, std::string_view prefix) {
-  const std::string p(prefix);
-  std::string out = "<" + p + "c r=\"" + xml::cellName(row, column) + "\"";
-  if (style != 0) out += " s=\"" + std::to_string(style) + "\"";
+void appendCellXml(std::string& out, std::int32_t row, std::int32_t column, const CellValue& value,
+                   std::uint32_t style, std::string_view prefix) {
+  // <p:v>text</p:v></p:c>, the closing shape of every cell with a value.
+  const auto valueAndClose = [&](std::string_view text) {
+    out.append("><").append(prefix).append("v>").append(text);
+    out.append("</").append(prefix).append("v></").append(prefix).append("c>");
+  };
+  out.append("<").append(prefix).append("c r=\"").append(xml::cellName(row, column)).append("\"");
+  if (style != 0) out.append(" s=\"").append(std::to_string(style)).append("\"");
   switch (value.kind()) {
     case CellValue::Kind::Empty:
-      return out + "/>";
+      out.append("/>");
+      return;
     case CellValue::Kind::Number:
-      return out + "><" + p + "v>" + xml::number(value.number()) + "</" + p + "v></" + p + "c>";
+      valueAndClose(xml::number(value.number()));
+      return;
     case CellValue::Kind::Boolean:
-      return out + " t=\"b\"><" + p + "v>" + (value.boolean() ? "1" : "0") + "</" + p + "v></" + p + "c>";
+      out.append(" t=\"b\"");
+      valueAndClose(value.boolean() ? "1" : "0");
+      return;
     case CellValue::Kind::Error:
-      return out + " t=\"e\"><" + p + "v>" + xml::text(errorValueText(value.error())) + "</" + p +
-             "v></" + p + "c>";
+      out.append(" t=\"e\"");
+      valueAndClose(xml::text(errorValueText(value.error())));
+      return;
     case CellValue::Kind::Text:
       break;
   }
-  const std::string space = hasOuterBlanks(value.text()) ? " xml:space=\"preserve\"" : "";
-  return out + " t=\"inlineStr\"><" + p + "is><" + p + "t" + space + ">" + xml::text(value.text()) +
-         "</" + p + "t></" + p + "is></" + p + "c>";
+  out.append(" t=\"inlineStr\"><").append(prefix).append("is><").append(prefix).append("t");
+  if (hasOuterBlanks(value.text())) out.append(" xml:space=\"preserve\"");
+  out.append(">").append(xml::text(value.text()));
+  out.append("</").append(prefix).append("t></").append(prefix).append("is></").append(prefix).append("c>");
+}
+
+std::string cellXml(std::int32_t row, std::int32_t column, const CellValue& value,
+                    std::uint32_t style, std::string_view prefix) {
+  std::string out;
+  appendCellXml(out, row, column, value, style, prefix);
+  return out;
 }
 
 }  // namespace orv

@@ -10,7 +10,53 @@ std::size_t toIndex(std::int32_t i) { return static_cast<std::size_t>(i); }
 
 bool wholeSheet(const CellBlock& b) { return b.wholeColumns() && b.wholeRows(); }
 
+bool rowBefore(const std::pair<std::int32_t, std::uint32_t>& entry, std::int32_t row) { return entry.first < row; }
+
 }  // namespace
+
+const FormatStore::StyleId* FormatStore::Column::find(std::int32_t row) const {
+  const auto at = std::lower_bound(cells.begin(), cells.end(), row, rowBefore);
+  return at != cells.end() && at->first == row ? &at->second : nullptr;
+}
+
+template <class Change>
+void FormatStore::Column::update(std::int32_t top, std::int32_t bottom, StyleId base, Change&& change) {
+  if (cells.empty() || cells.back().first < top) {
+    // Below every stored row: appended in order.
+    // Grown geometrically: cell-by-cell pastes append one row at a time.
+    const std::size_t needed = cells.size() + toIndex(bottom - top + 1);
+    if (needed > cells.capacity()) cells.reserve(std::max(needed, 2 * cells.capacity()));
+    for (std::int32_t r = top; r <= bottom; ++r) cells.emplace_back(r, change(base));
+    return;
+  }
+  const auto first = std::lower_bound(cells.begin(), cells.end(), top, rowBefore);
+  const auto last = std::lower_bound(first, cells.end(), bottom + 1, rowBefore);
+  if (last - first == bottom - top + 1) {
+    // Every row of the block has a format already: changed in place.
+    for (auto it = first; it != last; ++it) it->second = change(it->second);
+    return;
+  }
+  std::vector<Entry> merged;
+  merged.reserve(cells.size() + toIndex(bottom - top + 1));
+  merged.insert(merged.end(), cells.begin(), first);
+  auto it = first;
+  for (std::int32_t r = top; r <= bottom; ++r) {
+    if (it != last && it->first == r) {
+      merged.emplace_back(r, change(it->second));
+      ++it;
+    } else {
+      merged.emplace_back(r, change(base));
+    }
+  }
+  merged.insert(merged.end(), last, cells.end());
+  cells = std::move(merged);
+}
+
+void FormatStore::Column::erase(std::int32_t top, std::int32_t bottom) {
+  const auto first = std::lower_bound(cells.begin(), cells.end(), top, rowBefore);
+  const auto last = std::lower_bound(first, cells.end(), bottom + 1, rowBefore);
+  cells.erase(first, last);
+}
 
 FormatStore::FormatStore() : styles_{CellFormat{}} {}
 
@@ -37,16 +83,14 @@ FormatStore::Column& FormatStore::column(std::int32_t column) {
 
 const CellFormat& FormatStore::format(std::int32_t row, std::int32_t column) const {
   if (toIndex(column) <= columns_.size()) {
-    const Column& col = columns_[toIndex(column - 1)];
-    const auto found = col.cells.find(row);
-    if (found != col.cells.end()) return styles_[found->second];
+    if (const StyleId* own = columns_[toIndex(column - 1)].find(row)) return styles_[*own];
   }
   return styles_[fallback(column)];
 }
 
 void FormatStore::set(std::int32_t row, std::int32_t column, const CellFormat& format) {
   const StyleId id = intern(format);
-  this->column(column).cells[row] = id;
+  this->column(column).update(row, row, id, [id](StyleId) { return id; });
 }
 
 void FormatStore::apply(const CellBlock& block, const FormatPatch& patch) {
@@ -74,12 +118,7 @@ void FormatStore::apply(const CellBlock& block, const FormatPatch& patch) {
     return;
   }
   for (std::int32_t c = block.left; c <= block.right; ++c) {
-    const StyleId base = fallback(c);
-    auto& cells = column(c).cells;
-    for (std::int32_t r = block.top; r <= block.bottom; ++r) {
-      auto [it, inserted] = cells.try_emplace(r, base);
-      it->second = patchedId(it->second);
-    }
+    column(c).update(block.top, block.bottom, fallback(c), patchedId);
   }
 }
 
@@ -98,7 +137,7 @@ void FormatStore::clear(const CellBlock& block) {
         col.cells.clear();
         col.whole.reset();
       } else {
-        col.cells.erase(col.cells.lower_bound(block.top), col.cells.upper_bound(block.bottom));
+        col.erase(block.top, block.bottom);
       }
     }
     // A cleared cell takes the plain format even where its column or the sheet has another.
@@ -106,8 +145,7 @@ void FormatStore::clear(const CellBlock& block) {
     if (block.wholeColumns()) {
       column(c).whole = kPlain;
     } else {
-      auto& cells = column(c).cells;
-      for (std::int32_t r = block.top; r <= block.bottom; ++r) cells[r] = kPlain;
+      column(c).update(block.top, block.bottom, kPlain, [](StyleId) { return kPlain; });
     }
   }
 }

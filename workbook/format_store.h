@@ -8,8 +8,8 @@
 
 #include <cstdint>
 #include <functional>
-#include <map>
 #include <optional>
+#include <utility>
 #include <vector>
 
 #include "frame/cell_format.h"
@@ -40,9 +40,20 @@ class FormatStore {
   using StyleId = std::uint32_t;
   static constexpr StyleId kPlain = 0;  // CellFormat{}
 
+  // The cells of a column with a format of their own, as (row, format) sorted by row. A sorted
+  // vector rather than a tree: eight bytes a cell, and results are formatted top to bottom, so
+  // new rows nearly always go at the end.
   struct Column {
-    std::optional<StyleId> whole;     // the format of the column as a whole
-    std::map<std::int32_t, StyleId> cells;  // row -> format of that cell
+    using Entry = std::pair<std::int32_t, StyleId>;
+    std::optional<StyleId> whole;  // the format of the column as a whole
+    std::vector<Entry> cells;
+
+    const StyleId* find(std::int32_t row) const;
+    // Rows top..bottom get change(their format, or `base` for rows without one); one pass over
+    // the column however the block lies.
+    template <class Change>
+    void update(std::int32_t top, std::int32_t bottom, StyleId base, Change&& change);
+    void erase(std::int32_t top, std::int32_t bottom);
   };
 
   StyleId intern(const CellFormat& format);

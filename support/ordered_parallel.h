@@ -19,6 +19,7 @@
 #include <exception>
 #include <mutex>
 #include <optional>
+#include <system_error>
 #include <thread>
 #include <vector>
 
@@ -73,10 +74,14 @@ void orderedParallel(std::size_t count, Produce&& produce, Consume&& consume) {
     }
   } joiner{helpers, stop};
   for (std::size_t t = 0; t < extra; ++t) {
-    helpers.emplace_back([&work] {
-      while (work()) {
-      }
-    });
+    try {
+      helpers.emplace_back([&work] {
+        while (work()) {
+        }
+      });
+    } catch (const std::system_error&) {
+      break;  // no more threads to be had: the calling thread does the rest itself
+    }
   }
 
   for (std::size_t i = 0; i < count; ++i) {

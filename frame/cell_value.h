@@ -22,20 +22,20 @@ class CellValue {
  public:
   enum class Kind : std::uint8_t { Empty, Number, Text, Boolean, Error };
 
-  CellValue() noexcept : number_(0.0) {}
-  CellValue(double n) noexcept : number_(n), kind_(Kind::Number) {}  // NOLINT(google-explicit-constructor)
-  CellValue(int n) noexcept : CellValue(static_cast<double>(n)) {}    // NOLINT
-  CellValue(std::string s) : text_(new std::string(std::move(s))), kind_(Kind::Text) {}  // NOLINT
-  CellValue(const char* s) : CellValue(std::string(s)) {}             // NOLINT
-  CellValue(std::string_view s) : CellValue(std::string(s)) {}        // NOLINT
-  CellValue(bool b) noexcept : boolean_(b), kind_(Kind::Boolean) {}   // NOLINT
-  CellValue(ErrorValue e) noexcept : error_(e), kind_(Kind::Error) {} // NOLINT
+  CellValue() noexcept : payload_{.number = 0.0} {}
+  CellValue(double n) noexcept : payload_{.number = n}, kind_(Kind::Number) {}  // NOLINT(google-explicit-constructor)
+  CellValue(int n) noexcept : CellValue(static_cast<double>(n)) {}               // NOLINT
+  CellValue(std::string s) : payload_{.text = new std::string(std::move(s))}, kind_(Kind::Text) {}  // NOLINT
+  CellValue(const char* s) : CellValue(std::string(s)) {}                        // NOLINT
+  CellValue(std::string_view s) : CellValue(std::string(s)) {}                   // NOLINT
+  CellValue(bool b) noexcept : payload_{.boolean = b}, kind_(Kind::Boolean) {}   // NOLINT
+  CellValue(ErrorValue e) noexcept : payload_{.error = e}, kind_(Kind::Error) {} // NOLINT
 
-  CellValue(const CellValue& other) : number_(other.number_), kind_(other.kind_) {
-    if (kind_ == Kind::Text) text_ = new std::string(*other.text_);
+  CellValue(const CellValue& other) : payload_(other.payload_), kind_(other.kind_) {
+    if (kind_ == Kind::Text) payload_.text = new std::string(*other.payload_.text);
   }
   // A moved-from value is empty.
-  CellValue(CellValue&& other) noexcept : number_(other.number_), kind_(other.kind_) {
+  CellValue(CellValue&& other) noexcept : payload_(other.payload_), kind_(other.kind_) {
     other.kind_ = Kind::Empty;
   }
   CellValue& operator=(const CellValue& other) {
@@ -45,7 +45,7 @@ class CellValue {
   CellValue& operator=(CellValue&& other) noexcept {
     if (this != &other) {
       release();
-      number_ = other.number_;  // copies whichever member is active: all are at most 8 bytes
+      payload_ = other.payload_;
       kind_ = other.kind_;
       other.kind_ = Kind::Empty;
     }
@@ -61,28 +61,30 @@ class CellValue {
   bool isError() const { return kind_ == Kind::Error; }
 
   // Call only after testing the kind; the wrong kind throws std::bad_variant_access.
-  double number() const { return expect(Kind::Number), number_; }
-  const std::string& text() const { return expect(Kind::Text), *text_; }
-  bool boolean() const { return expect(Kind::Boolean), boolean_; }
-  ErrorValue error() const { return expect(Kind::Error), error_; }
+  double number() const { return expect(Kind::Number), payload_.number; }
+  const std::string& text() const { return expect(Kind::Text), *payload_.text; }
+  bool boolean() const { return expect(Kind::Boolean), payload_.boolean; }
+  ErrorValue error() const { return expect(Kind::Error), payload_.error; }
 
   // Exact structural equality (same kind, same payload); used by tests and the model.
   friend bool operator==(const CellValue& a, const CellValue& b);
 
  private:
   void release() noexcept {
-    if (kind_ == Kind::Text) delete text_;
+    if (kind_ == Kind::Text) delete payload_.text;
   }
   void expect(Kind k) const {
     if (kind_ != k) throw std::bad_variant_access();
   }
 
-  union {
-    double number_;
-    std::string* text_;
-    bool boolean_;
-    ErrorValue error_;
+  // Copied whole, as a trivially copyable object, whichever member is in use.
+  union Payload {
+    double number;
+    std::string* text;
+    bool boolean;
+    ErrorValue error;
   };
+  Payload payload_;
   Kind kind_ = Kind::Empty;
 };
 

@@ -207,9 +207,10 @@ std::string worksheetXml(const InMemoryWorksheet& sheet, StyleSheet& styles, con
   }
   out += " defaultRowHeight=\"" + xml::number(geometry.defaultRowHeight()) + "\" customHeight=\"1\"/>";
   out += colsXml(sheet, fallbacks);
-  // About 40 bytes a numeric cell: reserved once rather than regrown by doubling, which for a
-  // large sheet would briefly hold the XML twice.
-  out.reserve(out.size() + cells.size() * 40 + 4096);
+  // Reserved once rather than regrown, which for a large sheet would briefly hold the XML twice.
+  // A cell takes 40 to 50 bytes with its share of the row tags; pages reserved beyond the end
+  // are never touched, so erring high costs no memory.
+  out.reserve(out.size() + cells.size() * 64 + 4096);
   appendSheetData(out, cells, geometry.customRowHeights());
   out += R"(<pageMargins left="0.7" right="0.7" top="0.75" bottom="0.75" header="0.3" footer="0.3"/>)";
   if (options.drawingRelationshipId) {

@@ -11,6 +11,7 @@
 #include "frame/procedure.h"
 #include "support/array_tools.h"
 #include "support/host_session.h"
+#include "support/input_columns.h"
 #include "support/ordered_parallel.h"
 #include "support/range_checks.h"
 #include "support/results_sheet.h"
@@ -66,12 +67,6 @@ constexpr std::int32_t kPlotNamesAboveValues = 2;
 // The scatter charts: squares of this side, this far apart, in points.
 constexpr std::int32_t kScatterSide = 200;
 constexpr std::int32_t kScatterGap = 10;
-
-// "$B$7" -> "B": the text between the leading "$" and the next one.
-std::string columnLettersOf(const std::string& address) {
-  const std::size_t second = address.find('$', 1);
-  return address.substr(1, second == std::string::npos ? std::string::npos : second - 1);
-}
 
 // The handler of the two range setters: the component's own errors (base + 5000 to base + 5100)
 // pass as they are; any other failure, such as a reference the host cannot resolve, becomes
@@ -241,23 +236,14 @@ Range clsDSCirc::GetResults(Int16& columnCount, PlotDataRows& plotPositions) {
 
     // The columns are computed on every core and taken in column order, so the first failing
     // column is still the one reported. Their plot data are joined once at the end.
-    struct Place {
-      std::int32_t area;
-      std::int32_t column;
-    };
-    std::vector<Place> places;
-    for (std::int32_t a = 1; a <= input_->AreasCount(); ++a) {
-      for (std::int32_t c = 1; c <= input_->Areas(a).ColumnsCount(); ++c) places.push_back({a, c});
-    }
+    const std::vector<InputColumn> places = inputColumns(*input_);
     struct Computed {
       std::vector<CellValue> values;
       ValueArray2D plot;
     };
     const auto statistics = [&](std::size_t i) {
-      const Range column = input_->Areas(places[i].area).Columns(places[i].column);
       clsDSCircBO bo;
-      const Range data =
-          Range::Span(column.Cells(startRow, 1), column.Cells(column.RowsCount(), 1));
+      const Range data = columnData(*input_, places[i], startRow);
       // The host reads a one-cell range as a single value, not as an array.
       if (data.CellCount() == 1) {
         bo.Data(data.Value());
@@ -282,9 +268,7 @@ Range clsDSCirc::GetResults(Int16& columnCount, PlotDataRows& plotPositions) {
         matrix(r, 1) = std::string(row.label);
       }
       if (plot_) plotParts.push_back(std::move(computed.plot));
-      const Range nameCell = input_->Areas(places[i].area).Cells(1, places[i].column);
-      columnHeaders(j - 1) = headers_ ? toText(nameCell.Value())
-                                      : "Column " + columnLettersOf(nameCell.AddressLocal());
+      columnHeaders(j - 1) = columnName(*input_, places[i], headers_);
     };
     orderedParallel<Computed>(places.size(), statistics, take);
     if (plot_) plotData = ArrayTools::JoinAll(plotParts);

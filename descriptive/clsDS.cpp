@@ -14,6 +14,7 @@
 #include "frame/host.h"
 #include "frame/procedure.h"
 #include "support/host_session.h"
+#include "support/input_columns.h"
 #include "support/ordered_parallel.h"
 #include "support/range_checks.h"
 #include "support/results_sheet.h"
@@ -97,12 +98,6 @@ std::string labelOf(const LayoutRow& row, const Options& o) {
     case Label::Largest: return HostSession::Ordinal(std::to_string(o.largest)) + " Largest";
   }
   return {};
-}
-
-// "$B$7" -> "B": the text between the leading "$" and the next one.
-std::string columnLettersOf(const std::string& address) {
-  const std::size_t second = address.find('$', 1);
-  return address.substr(1, second == std::string::npos ? std::string::npos : second - 1);
 }
 
 }  // namespace
@@ -301,20 +296,10 @@ Range clsDS::GetResults() {
     // The columns are independent: their statistics are computed on every core, and taken
     // into the table strictly in column order, so the first failing column is still the one
     // reported and the names are read in the same order as the values.
-    struct Place {
-      std::int32_t area;
-      std::int32_t column;
-    };
-    std::vector<Place> places;
-    for (std::int32_t a = 1; a <= input_->AreasCount(); ++a) {
-      for (std::int32_t c = 1; c <= input_->Areas(a).ColumnsCount(); ++c) places.push_back({a, c});
-    }
+    const std::vector<InputColumn> places = inputColumns(*input_);
     const auto statistics = [&](std::size_t i) {
-      const Range column = input_->Areas(places[i].area).Columns(places[i].column);
       clsDSBO bo;
-      const Range data = Range::Span(column.Cells(firstDataRow, 1),
-                                     column.Cells(column.RowsCount(), 1));
-      bo.Data(data.Values());
+      bo.Data(columnData(*input_, places[i], firstDataRow).Values());
       std::vector<CellValue> values;
       for (const LayoutRow& row : kLayout) {
         if (want[row.want]) values.push_back(row.value(bo, options));
@@ -331,9 +316,7 @@ Range clsDS::GetResults() {
         matrix(r, 1) = labelOf(row, options);
         if (row.slot != Slot::None) rowOf[static_cast<std::size_t>(row.slot)] = r;
       }
-      const Range nameCell = input_->Areas(places[i].area).Cells(1, places[i].column);
-      names(j - 1) = headers_ ? toText(nameCell.Value())
-                              : "Column " + columnLettersOf(nameCell.AddressLocal());
+      names(j - 1) = columnName(*input_, places[i], headers_);
     };
     orderedParallel<std::vector<CellValue>>(places.size(), statistics, take);
 

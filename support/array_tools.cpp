@@ -1,7 +1,9 @@
 #include "support/array_tools.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
+#include <functional>
 #include <numeric>
 #include <utility>
 
@@ -86,6 +88,26 @@ void sortByPermutation(ValueArray2D& table, std::int32_t keyColumn) {
   cells = std::move(sorted);
 }
 
+// The parts side by side in their order, as many rows as the longest, the others padded with
+// empty cells. Parts: any range of arrays or of references to them.
+template <class Parts>
+ValueArray2D sideBySide(const Parts& parts) {
+  std::int32_t rows = 0;
+  std::int32_t columns = 0;
+  for (const ValueArray2D& part : parts) {
+    rows = std::max(rows, part.rows());
+    columns += part.columns();
+  }
+  ValueArray2D out(rows, columns);
+  std::int32_t left = 0;
+  for (const ValueArray2D& part : parts) {
+    for (std::int32_t r = 1; r <= part.rows(); ++r)
+      for (std::int32_t c = 1; c <= part.columns(); ++c) out(r, left + c) = part(r, c);
+    left += part.columns();
+  }
+  return out;
+}
+
 template <class Better>
 double extremeOf(const ValueArray2D& values, Better better) {
   if (values.empty()) raiseSubscript();
@@ -130,34 +152,11 @@ ValueArray2D ArrayTools::FromDoubles(const std::vector<double>& values) {
 }
 
 ValueArray2D ArrayTools::Join(const ValueArray2D& first, const ValueArray2D& second) {
-  return kProc("Join", [&] {
-    const std::int32_t rows = std::max(first.rows(), second.rows());
-    ValueArray2D out(rows, first.columns() + second.columns());
-    for (std::int32_t r = 1; r <= first.rows(); ++r)
-      for (std::int32_t c = 1; c <= first.columns(); ++c) out(r, c) = first(r, c);
-    for (std::int32_t r = 1; r <= second.rows(); ++r)
-      for (std::int32_t c = 1; c <= second.columns(); ++c) out(r, first.columns() + c) = second(r, c);
-    return out;
-  });
+  return kProc("Join", [&] { return sideBySide(std::array{std::cref(first), std::cref(second)}); });
 }
 
 ValueArray2D ArrayTools::JoinAll(const std::vector<ValueArray2D>& parts) {
-  return kProc("Join", [&] {
-    std::int32_t rows = 0;
-    std::int32_t columns = 0;
-    for (const ValueArray2D& part : parts) {
-      rows = std::max(rows, part.rows());
-      columns += part.columns();
-    }
-    ValueArray2D out(rows, columns);
-    std::int32_t left = 0;
-    for (const ValueArray2D& part : parts) {
-      for (std::int32_t r = 1; r <= part.rows(); ++r)
-        for (std::int32_t c = 1; c <= part.columns(); ++c) out(r, left + c) = part(r, c);
-      left += part.columns();
-    }
-    return out;
-  });
+  return kProc("Join", [&] { return sideBySide(parts); });
 }
 
 double ArrayTools::MaxOf(const ValueArray2D& values) {

@@ -63,9 +63,14 @@ std::string_view trimmed(std::string_view s) {
   return s;
 }
 
+// True when character data holds an entity reference or a CR to resolve; most values do not.
+bool needsResolving(std::string_view s) {
+  return std::any_of(s.begin(), s.end(), [](char c) { return c == '&' || c == '\r'; });
+}
+
 // Appends XML character data with its entity references and line ends resolved.
 void appendXmlText(std::string& out, std::string_view s) {
-  if (std::none_of(s.begin(), s.end(), [](char c) { return c == '&' || c == '\r'; })) {
+  if (!needsResolving(s)) {
     out.append(s);
     return;
   }
@@ -578,7 +583,7 @@ bool SheetScanner::plainCell() {
   const std::size_t end = findByte(x, '<', i);
   if (end == std::string_view::npos || x.substr(end, kClose.size()) != kClose) return false;
   const std::string_view text = x.substr(i, end - i);
-  if (std::any_of(text.begin(), text.end(), [](char c) { return c == '&' || c == '\r'; })) return false;
+  if (needsResolving(text)) return false;
 
   startCell(ref, type);
   hasValue_ = true;

@@ -65,15 +65,4 @@ class SheetXmlStream {
   std::unique_ptr<detail::SheetScanner> scanner_;
 };
 
-// A column width as files give it (characters of the default font's digit width, padding
-// included) in points, by the spreadsheet's rule for a 7-pixel digit:
-// pixels = trunc((256 w + trunc(128 / 7)) / 256 * 7), points = pixels * 0.75. Widths are held
-// to 0..255 characters, the spreadsheet's range. 9.140625 (a default column) gives 48 pt.
-double columnWidthPoints(double characters);
-
-// An ISO 8601 date or date-time ("2024-03-01", "2024-03-01T12:30:00.5") as a serial day number
-// in the 1900 date system (with its phantom 29 February 1900) or the 1904 one; false when the
-// text is no such date.
-bool isoDateSerial(std::string_view text, bool date1904, double& serial);
-
 }  // namespace orv

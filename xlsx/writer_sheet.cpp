@@ -1,21 +1,19 @@
 #include "xlsx/writer_sheet.h"
 
 #include <algorithm>
-#include <cmath>
 #include <map>
 #include <tuple>
 #include <vector>
 
 #include "frame/reference.h"
 #include "workbook/in_memory_worksheet.h"
+#include "xlsx/column_width.h"
 #include "xlsx/writer_cell.h"
 #include "xlsx/writer_styles.h"
 #include "xlsx/writer_xml.h"
 
 namespace orv {
 namespace {
-
-constexpr double kMaxDigitWidthPx = 7.0;
 
 struct Cell {
   std::int32_t row;
@@ -184,11 +182,6 @@ std::string dimensionXml(const std::vector<Cell>& cells) {
 }
 
 }  // namespace
-
-double columnWidthCharacters(double points) {
-  const double pixels = std::round(points * 96.0 / 72.0);
-  return std::floor(pixels / kMaxDigitWidthPx * 256.0) / 256.0;
-}
 
 std::string worksheetXml(const InMemoryWorksheet& sheet, StyleSheet& styles, const SheetPartOptions& options) {
   const Fallbacks fallbacks(sheet, styles);

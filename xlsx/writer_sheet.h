@@ -25,8 +25,4 @@ struct SheetPartOptions {
 std::string worksheetXml(const InMemoryWorksheet& sheet, StyleSheet& styles,
                          const SheetPartOptions& options);
 
-// Column width of the file format (characters of the default font, with padding) for a width
-// in points; the inverse of what a reader computes.
-double columnWidthCharacters(double points);
-
 }  // namespace orv

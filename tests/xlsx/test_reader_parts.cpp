@@ -2,10 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include "xlsx/column_width.h"
+#include "xlsx/iso_date.h"
 #include "xlsx/reader_package.h"
-#include "xlsx/reader_sheet.h"
 #include "xlsx/reader_xml.h"
-#include "xlsx/writer_sheet.h"
 
 namespace orv {
 namespace {

@@ -5,6 +5,7 @@
 
 #include "test_packages.h"
 #include "workbook/in_memory_application.h"
+#include "xlsx/column_width.h"
 #include "xlsx/reader_sheet.h"
 #include "xlsx/reader_workbook.h"
 

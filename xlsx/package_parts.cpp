@@ -5,6 +5,7 @@
 
 #include "frame/errors.h"
 #include "xlsx/writer_xml.h"
+#include "xlsx/xml_names.h"
 
 namespace orv::package {
 namespace {
@@ -14,10 +15,6 @@ constexpr std::string_view kRelationshipsNs = "http://schemas.openxmlformats.org
 constexpr std::string_view kContentTypesNs = "http://schemas.openxmlformats.org/package/2006/content-types";
 constexpr std::string_view kMainNs = "http://schemas.openxmlformats.org/spreadsheetml/2006/main";
 constexpr std::string_view kOfficeRelNs = "http://schemas.openxmlformats.org/officeDocument/2006/relationships";
-
-bool isElement(const pugi::xml_node& n, std::string_view local) {
-  return n.type() == pugi::node_element && xml::localName(n) == local;
-}
 
 std::string lower(std::string_view s) {
   std::string out(s);
@@ -72,7 +69,7 @@ std::vector<Relationship> readRelationships(std::string_view relsXml, std::strin
   const pugi::xml_document document = xml::parsePart(relsXml, partName);
   std::vector<Relationship> out;
   for (pugi::xml_node r = document.document_element().first_child(); r; r = r.next_sibling()) {
-    if (!isElement(r, "Relationship")) continue;
+    if (!xml::isElement(r, "Relationship")) continue;
     out.push_back({r.attribute("Id").value(), r.attribute("Type").value(), r.attribute("Target").value(),
                    std::string_view(r.attribute("TargetMode").value()) == "External"});
   }
@@ -85,7 +82,7 @@ std::string addRelationship(std::string_view relsXml, std::string_view partName,
   pugi::xml_node root = document.document_element();
   std::set<std::string> used;
   for (pugi::xml_node r = root.first_child(); r; r = r.next_sibling()) {
-    if (isElement(r, "Relationship")) used.insert(r.attribute("Id").value());
+    if (xml::isElement(r, "Relationship")) used.insert(r.attribute("Id").value());
   }
   for (int n = 1;; ++n) {
     id = "rId" + std::to_string(n);
@@ -118,7 +115,7 @@ std::string addOverrides(std::string_view contentTypesXml,
   if (xml::localName(root) != "Types") malformed(kPart, "has no Types element");
   std::set<std::string> known;
   for (pugi::xml_node o = root.first_child(); o; o = o.next_sibling()) {
-    if (isElement(o, "Override")) known.insert(lower(o.attribute("PartName").value()));
+    if (xml::isElement(o, "Override")) known.insert(lower(o.attribute("PartName").value()));
   }
   for (const auto& [part, type] : overrides) {
     const std::string name = "/" + part;
@@ -147,7 +144,7 @@ std::vector<WorkbookSheet> readSheets(std::string_view workbookXml, std::string_
   if (!sheets) malformed(partName, "has no sheets element");
   std::vector<WorkbookSheet> out;
   for (pugi::xml_node s = sheets.first_child(); s; s = s.next_sibling()) {
-    if (!isElement(s, "sheet")) continue;
+    if (!xml::isElement(s, "sheet")) continue;
     std::string relationshipId;
     // The relationships namespace may be bound to any prefix; its id attribute is "<prefix>:id".
     for (pugi::xml_attribute a = s.first_attribute(); a; a = a.next_attribute()) {
@@ -167,7 +164,7 @@ std::string appendSheets(std::string_view workbookXml, std::string_view partName
   if (!list) malformed(partName, "has no sheets element");
   std::uint32_t maxId = 0;
   for (pugi::xml_node s = list.first_child(); s; s = s.next_sibling()) {
-    if (isElement(s, "sheet")) maxId = std::max(maxId, s.attribute("sheetId").as_uint());
+    if (xml::isElement(s, "sheet")) maxId = std::max(maxId, s.attribute("sheetId").as_uint());
   }
   const std::string prefix = xml::prefixOf(list);
   for (const SheetEntry& entry : sheets) {
@@ -215,7 +212,7 @@ std::optional<std::string> addSheetTitles(std::string_view appXml, const std::ve
   std::int32_t before = 0;
   pugi::xml_node count;
   for (pugi::xml_node v = headings.first_child(); v; v = v.next_sibling()) {
-    if (!isElement(v, "variant")) continue;
+    if (!xml::isElement(v, "variant")) continue;
     const pugi::xml_node label = v.first_child();
     pugi::xml_node amount = v.next_sibling();
     while (amount && amount.type() != pugi::node_element) amount = amount.next_sibling();

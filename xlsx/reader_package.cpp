@@ -4,6 +4,7 @@
 
 #include "xlsx/reader_text.h"
 #include "xlsx/reader_xml.h"
+#include "xlsx/xml_names.h"
 #include "xlsx/zip_input.h"
 
 namespace orv {
@@ -77,7 +78,7 @@ std::vector<Relationship> readRelationships(ZipInput& zip, std::string_view sour
   std::vector<Relationship> out;
   const pugi::xml_node root = doc.document_element();
   for (pugi::xml_node n = root.first_child(); n; n = n.next_sibling()) {
-    if (n.type() != pugi::node_element || localName(n.name()) != "Relationship") continue;
+    if (!xml::isElement(n, "Relationship")) continue;
     Relationship r;
     r.id = n.attribute("Id").value();
     r.type = n.attribute("Type").value();

@@ -4,6 +4,7 @@
 
 #include "xlsx/reader_errors.h"
 #include "xlsx/reader_xml.h"
+#include "xlsx/xml_names.h"
 
 namespace orv {
 
@@ -14,7 +15,7 @@ std::vector<std::string> parseSharedStrings(std::string& xml, std::string_view p
   std::vector<std::string> strings;
   const pugi::xml_node root = doc.document_element();
   for (pugi::xml_node si = root.first_child(); si; si = si.next_sibling()) {
-    if (si.type() != pugi::node_element || localName(si.name()) != "si") continue;
+    if (!xml::isElement(si, "si")) continue;
     if (strings.size() >= maxStrings) {
       raiseDamaged("is refused: its shared-string table holds more than " + std::to_string(maxStrings) +
                    " strings (the shared-string count limit)");

@@ -8,6 +8,7 @@
 #include "xlsx/reader_errors.h"
 #include "xlsx/reader_sheet_scanner.h"
 #include "xlsx/reader_xml.h"
+#include "xlsx/xml_names.h"
 #include "xlsx/xml_text.h"
 
 namespace orv::detail {
@@ -199,13 +200,13 @@ bool SheetScanner::parseAttributes(std::size_t& i) {
     const auto close = findByte(x_, quote, i);
     if (close == std::string_view::npos) needMore();
     if (close == std::string_view::npos) fail("is cut short (inside an attribute)");
-    attributes_.push_back({localName(attrName), x_.substr(i, close - i)});
+    attributes_.push_back({xml::localName(attrName), x_.substr(i, close - i)});
     i = close + 1;
   }
 }
 
 void SheetScanner::openElement(std::string_view name, bool selfClosing) {
-  const Tag tag = sheetTagOf(localName(name));
+  const Tag tag = sheetTagOf(xml::localName(name));
   if (stack_.size() >= kMaxXmlDepth) {
     raiseDamaged("is refused: the sheet \"" + sheet_.Name() + "\" nests its XML elements more than " +
                  std::to_string(kMaxXmlDepth) + " deep (the XML depth limit)");

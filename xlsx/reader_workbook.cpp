@@ -15,6 +15,7 @@
 #include "xlsx/reader_sheet_part.h"
 #include "xlsx/reader_sniff.h"
 #include "xlsx/reader_xml.h"
+#include "xlsx/xml_names.h"
 
 namespace orv {
 namespace {
@@ -88,18 +89,18 @@ LoadedWorkbook loadPackage(InMemoryApplication& app, const std::filesystem::path
     pugi::xml_document doc;
     parsePart(doc, *xml, info.workbookPart);
     const pugi::xml_node root = doc.document_element();
-    if (localName(root.name()) != "workbook") raiseNotAWorkbook(*zip, "");
-    info.date1904 = truthy(attributeNamed(childNamed(root, "workbookPr"), "date1904").value());
+    if (xml::localName(root) != "workbook") raiseNotAWorkbook(*zip, "");
+    info.date1904 = truthy(xml::attributeNamed(xml::child(root, "workbookPr"), "date1904").value());
 
     const std::vector<Relationship> rels = readRelationships(*zip, info.workbookPart);
-    for (pugi::xml_node s = childNamed(childNamed(root, "sheets"), "sheet"); s; s = s.next_sibling()) {
-      if (s.type() != pugi::node_element || localName(s.name()) != "sheet") continue;
-      const std::string name = attributeNamed(s, "name").value();
+    for (pugi::xml_node s = xml::child(xml::child(root, "sheets"), "sheet"); s; s = s.next_sibling()) {
+      if (!xml::isElement(s, "sheet")) continue;
+      const std::string name = xml::attributeNamed(s, "name").value();
       // The relationship id is the only attribute named "id" that carries a prefix (r:id).
       std::string_view id;
       for (pugi::xml_attribute a = s.first_attribute(); a; a = a.next_attribute()) {
         const std::string_view qualified = a.name();
-        if (localName(qualified) == "id" && qualified.find(':') != std::string_view::npos) id = a.value();
+        if (xml::localName(qualified) == "id" && qualified.find(':') != std::string_view::npos) id = a.value();
       }
       const auto rel = std::find_if(rels.begin(), rels.end(), [&](const Relationship& r) { return r.id == id; });
       if (rel == rels.end()) raiseDamaged("is damaged: the sheet \"" + name + "\" has no part");

@@ -4,27 +4,9 @@
 
 #include "xlsx/reader_errors.h"
 #include "xlsx/reader_text.h"
+#include "xlsx/xml_names.h"
 
 namespace orv {
-
-std::string_view localName(std::string_view qualified) {
-  const auto colon = qualified.rfind(':');
-  return colon == std::string_view::npos ? qualified : qualified.substr(colon + 1);
-}
-
-pugi::xml_node childNamed(pugi::xml_node parent, std::string_view local) {
-  for (pugi::xml_node child = parent.first_child(); child; child = child.next_sibling()) {
-    if (child.type() == pugi::node_element && localName(child.name()) == local) return child;
-  }
-  return {};
-}
-
-pugi::xml_attribute attributeNamed(pugi::xml_node node, std::string_view local) {
-  for (pugi::xml_attribute a = node.first_attribute(); a; a = a.next_attribute()) {
-    if (localName(a.name()) == local) return a;
-  }
-  return {};
-}
 
 void parsePart(pugi::xml_document& doc, std::string& xml, std::string_view part) {
   // In-place parsing: the part text is ours and large shared-string tables need no second copy.
@@ -87,11 +69,11 @@ std::string stringItemText(pugi::xml_node item) {
   std::string text;
   for (pugi::xml_node child = item.first_child(); child; child = child.next_sibling()) {
     if (child.type() != pugi::node_element) continue;
-    const std::string_view name = localName(child.name());
+    const std::string_view name = xml::localName(child);
     if (name == "t") {
       text += child.child_value();
     } else if (name == "r") {
-      if (pugi::xml_node t = childNamed(child, "t")) text += t.child_value();
+      if (pugi::xml_node t = xml::child(child, "t")) text += t.child_value();
     }
   }
   return decodeSpreadsheetEscapes(std::move(text));

@@ -1,6 +1,6 @@
 #pragma once
-// Small helpers for reading package XML with pugixml whatever namespace prefix a writer chose
-// ("x:sheet", "sheet"): elements and attributes are matched by local name.
+// Small helpers for reading package XML with pugixml. Elements and attributes are matched by
+// local name (xml_names.h), whatever namespace prefix a writer chose.
 
 #include <cstddef>
 #include <string>
@@ -8,14 +8,9 @@
 
 #include <pugixml.hpp>
 
+#include "xlsx/xml_names.h"
+
 namespace orv {
-
-// The part of a qualified name after its prefix: "x:sheet" -> "sheet".
-std::string_view localName(std::string_view qualified);
-
-// First child element / attribute with that local name; an empty handle when there is none.
-pugi::xml_node childNamed(pugi::xml_node parent, std::string_view local);
-pugi::xml_attribute attributeNamed(pugi::xml_node node, std::string_view local);
 
 // Elements nested deeper than this are refused in every part. Real parts stay within about ten
 // levels; the parsers do not recurse, so the limit guards the tools that may walk a part later.

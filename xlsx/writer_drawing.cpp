@@ -6,6 +6,7 @@
 
 #include "frame/reference.h"
 #include "xlsx/writer_xml.h"
+#include "xlsx/xml_names.h"
 
 namespace orv {
 namespace {

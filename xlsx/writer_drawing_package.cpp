@@ -9,6 +9,7 @@
 #include "xlsx/writer_chart_part.h"
 #include "xlsx/writer_drawing.h"
 #include "xlsx/writer_xml.h"
+#include "xlsx/xml_names.h"
 
 namespace orv {
 namespace {

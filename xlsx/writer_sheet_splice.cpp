@@ -8,6 +8,7 @@
 #include "xlsx/writer_cell.h"
 #include "xlsx/writer_styles.h"
 #include "xlsx/writer_xml.h"
+#include "xlsx/xml_names.h"
 
 namespace orv {
 namespace {
@@ -31,15 +32,11 @@ Position parseCellName(std::string_view name) {
   return {static_cast<std::int32_t>(row), column};
 }
 
-bool isElement(const pugi::xml_node& n, std::string_view local) {
-  return n.type() == pugi::node_element && xml::localName(n) == local;
-}
-
 // Gives every row its r (rows without one follow the previous row).
 void numberRows(pugi::xml_node sheetData) {
   std::int32_t previous = 0;
   for (pugi::xml_node row = sheetData.first_child(); row; row = row.next_sibling()) {
-    if (!isElement(row, "row")) continue;
+    if (!xml::isElement(row, "row")) continue;
     pugi::xml_attribute r = row.attribute("r");
     if (!r) {
       r = row.append_attribute("r");
@@ -53,7 +50,7 @@ void numberRows(pugi::xml_node sheetData) {
 void numberCells(pugi::xml_node row, std::int32_t rowNumber) {
   std::int32_t previous = 0;
   for (pugi::xml_node c = row.first_child(); c; c = c.next_sibling()) {
-    if (!isElement(c, "c")) continue;
+    if (!xml::isElement(c, "c")) continue;
     pugi::xml_attribute r = c.attribute("r");
     if (!r) {
       r = c.append_attribute("r");
@@ -65,7 +62,7 @@ void numberCells(pugi::xml_node row, std::int32_t rowNumber) {
 
 pugi::xml_node findOrAddRow(pugi::xml_node sheetData, std::int32_t number, const std::string& prefix) {
   for (pugi::xml_node row = sheetData.first_child(); row; row = row.next_sibling()) {
-    if (!isElement(row, "row")) continue;
+    if (!xml::isElement(row, "row")) continue;
     const std::int32_t at = row.attribute("r").as_int();
     if (at == number) return row;
     if (at > number) {
@@ -94,7 +91,7 @@ void spliceRow(pugi::xml_node row, std::int32_t rowNumber, const InMemoryWorkshe
   pugi::xml_node cursor = row.first_child();
   for (std::int32_t column = block.left; column <= block.right; ++column) {
     // Cells ascend, so the scan resumes where the previous column stopped.
-    while (cursor && (!isElement(cursor, "c") || parseCellName(cursor.attribute("r").value()).column < column)) {
+    while (cursor && (!xml::isElement(cursor, "c") || parseCellName(cursor.attribute("r").value()).column < column)) {
       cursor = cursor.next_sibling();
     }
     pugi::xml_node existing;
@@ -111,7 +108,7 @@ void spliceRow(pugi::xml_node row, std::int32_t rowNumber, const InMemoryWorkshe
 
 bool hasCells(const pugi::xml_node& row) {
   for (pugi::xml_node c = row.first_child(); c; c = c.next_sibling()) {
-    if (isElement(c, "c")) return true;
+    if (xml::isElement(c, "c")) return true;
   }
   return false;
 }

@@ -103,23 +103,4 @@ std::string serialise(const pugi::xml_document& document) {
   return out.str();
 }
 
-std::string_view localName(const pugi::xml_node& node) {
-  const std::string_view name = node.name();
-  const std::size_t colon = name.find(':');
-  return colon == std::string_view::npos ? name : name.substr(colon + 1);
-}
-
-std::string prefixOf(const pugi::xml_node& node) {
-  const std::string_view name = node.name();
-  const std::size_t colon = name.find(':');
-  return colon == std::string_view::npos ? std::string() : std::string(name.substr(0, colon + 1));
-}
-
-pugi::xml_node child(const pugi::xml_node& parent, std::string_view local) {
-  for (pugi::xml_node n = parent.first_child(); n; n = n.next_sibling()) {
-    if (n.type() == pugi::node_element && localName(n) == local) return n;
-  }
-  return {};
-}
-
 }  // namespace orv::xml

@@ -1,13 +1,15 @@
 #pragma once
 // Small pieces every part writer needs: escaping for element text and attribute values,
 // numbers in their shortest round-trip form, and reading and writing parts of a user's package
-// without disturbing what the writer does not edit.
+// without disturbing what the writer does not edit. Names are matched with xml_names.h.
 
 #include <cstdint>
 #include <string>
 #include <string_view>
 
 #include <pugixml.hpp>
+
+#include "xlsx/xml_names.h"
 
 namespace orv::xml {
 
@@ -31,12 +33,5 @@ std::string cellName(std::int32_t row, std::int32_t column);
 pugi::xml_document parsePart(std::string_view content, std::string_view partName);
 // The document as it was parsed, without added indentation.
 std::string serialise(const pugi::xml_document& document);
-
-// The local part of a possibly prefixed element name ("x:sheets" -> "sheets").
-std::string_view localName(const pugi::xml_node& node);
-// The prefix with its colon ("x:" or "").
-std::string prefixOf(const pugi::xml_node& node);
-// The first child with the given local name, whatever its prefix; empty node when none.
-pugi::xml_node child(const pugi::xml_node& parent, std::string_view local);
 
 }  // namespace orv::xml

@@ -12,6 +12,7 @@
 #include "cli/progress.h"
 #include "frame/errors.h"
 #include "frame/host.h"
+#include "frame/sheet_name.h"
 #include "support/host_session.h"
 #include "workbook/in_memory_application.h"
 #include "xlsx/reader_workbook.h"
@@ -27,12 +28,6 @@ struct Attached {
   Attached(const Attached&) = delete;
   Attached& operator=(const Attached&) = delete;
 };
-
-bool sameName(std::string_view a, std::string_view b) {
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) {
-    return std::tolower(static_cast<unsigned char>(x)) == std::tolower(static_cast<unsigned char>(y));
-  });
-}
 
 int usage(const std::string& message) {
   std::cerr << "orvella: " << message << "\n";
@@ -98,7 +93,7 @@ int runAnalysis(const FileOptions& files, const AnalysisRequest& request) {
       if (loaded.info.fromPackage) {
         std::vector<SheetChange> changes;
         if (std::any_of(originalSheets.begin(), originalSheets.end(),
-                        [&](const std::string& s) { return sameName(s, sheetName); })) {
+                        [&](const std::string& s) { return sameSheetName(s, sheetName); })) {
           changes.push_back(SheetChange{sheetName, pasted.block()});
         }
         writeIntoPackage(files.input, loaded.book, changes, target);

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "frame/errors.h"
+#include "frame/sheet_name.h"
 
 namespace orv {
 
@@ -22,11 +23,6 @@ bool isPlainNameChar(char c) {
 // Characters no sheet name can hold, quoted or not.
 bool isForbiddenNameChar(char c) {
   return c == '[' || c == ']' || c == ':' || c == '*' || c == '?' || c == '/' || c == '\\';
-}
-
-bool sameSheetName(std::string_view a, std::string_view b) {
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                    [](char x, char y) { return upper(x) == upper(y); });
 }
 
 // One end of an area: a cell (both set), a whole column (row 0) or a whole row (column 0).

@@ -1,7 +1,7 @@
 #include "workbook/in_memory_application.h"
 
 #include "frame/errors.h"
-#include "workbook/sheet_names.h"
+#include "frame/sheet_name.h"
 
 namespace orv {
 

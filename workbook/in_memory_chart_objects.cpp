@@ -3,8 +3,8 @@
 #include <cmath>
 
 #include "frame/errors.h"
+#include "frame/sheet_name.h"
 #include "workbook/in_memory_application.h"
-#include "workbook/sheet_names.h"
 
 namespace orv {
 namespace {

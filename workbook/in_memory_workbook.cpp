@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "frame/errors.h"
+#include "frame/sheet_name.h"
 #include "workbook/in_memory_application.h"
 #include "workbook/sheet_names.h"
 

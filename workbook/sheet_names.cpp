@@ -4,13 +4,12 @@
 #include <string>
 
 #include "frame/errors.h"
+#include "frame/sheet_name.h"
 
 namespace orv {
 namespace {
 
 constexpr std::string_view kForbidden = ":\\/?*[]";
-
-char foldCase(char c) { return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c; }
 
 std::int32_t utf8Length(std::string_view s) {
   // Continuation bytes (10xxxxxx) do not start a character.
@@ -36,11 +35,6 @@ void checkSheetName(std::string_view name) {
   if (name.front() == '\'' || name.back() == '\'') {
     invalidName(name, "a sheet name cannot begin or end with an apostrophe");
   }
-}
-
-bool sameSheetName(std::string_view a, std::string_view b) {
-  return a.size() == b.size() &&
-         std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) { return foldCase(x) == foldCase(y); });
 }
 
 std::int64_t defaultSheetNumber(std::string_view name) {

@@ -15,10 +15,6 @@ inline constexpr std::int32_t kMaxSheetNameLength = 31;
 // beginning or ending with an apostrophe.
 void checkSheetName(std::string_view name);
 
-// Names compare without regard to case (ASCII letters folded; other characters as they are);
-// workbook names compare the same way.
-bool sameSheetName(std::string_view a, std::string_view b);
-
 // N when the name reads "Sheet" followed by the decimal digits of N > 0 (any case), else 0.
 std::int64_t defaultSheetNumber(std::string_view name);
 

@@ -7,8 +7,8 @@
 
 #include "frame/errors.h"
 #include "frame/procedure.h"
+#include "frame/sheet_name.h"
 #include "workbook/in_memory_workbook.h"
-#include "workbook/sheet_names.h"
 #include "xlsx/package_atomic_write.h"
 #include "xlsx/package_parts.h"
 #include "xlsx/package_zip.h"

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "frame/errors.h"
+#include "frame/sheet_name.h"
 
 namespace orv {
 namespace {
@@ -68,6 +69,30 @@ TEST(QuoteSheetName, QuotesWhatCouldNotStandAlone) {
 }
 
 // Shapes that make backtracking scanners slow; a linear scan takes well under a second.
+// Sheet qualifiers of one reference, worksheet and workbook lookups and the file writer all
+// compare names this one way.
+TEST(SameSheetName, FoldsAsciiLettersOnly) {
+  const struct {
+    const char* a;
+    const char* b;
+    bool same;
+  } rows[] = {
+      {"Daten", "DATEN", true}, {"Sheet1", "sHEET1", true}, {"", "", true},
+      {"Data", "Data ", false}, {"Data", "Dat", false},
+      // Byte pairs 32 apart that are no letters: a fold by bit 5 would take them for one.
+      {"@", "`", false}, {"[", "{", false}, {"1", "\x11", false},
+      // UTF-8 letters stay as they are.
+      {"\xC3\x84", "\xC3\xA4", false},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(std::string(row.a) + " / " + row.b);
+    EXPECT_EQ(sameSheetName(row.a, row.b), row.same);
+    EXPECT_EQ(sameSheetName(row.b, row.a), row.same);
+  }
+  // A qualifier that names the sheet of the first area in another case is the same sheet.
+  EXPECT_EQ(parseReference("Daten!A1,DATEN!B2").areas.size(), 2U);
+}
+
 TEST(ParseReference, LongTextsStayLinear) {
   std::string manyAreas;
   for (int i = 0; i < 50000; ++i) manyAreas += "A1:B2,";

@@ -68,7 +68,6 @@ TEST(QuoteSheetName, QuotesWhatCouldNotStandAlone) {
   }
 }
 
-// Shapes that make backtracking scanners slow; a linear scan takes well under a second.
 // Sheet qualifiers of one reference, worksheet and workbook lookups and the file writer all
 // compare names this one way.
 TEST(SameSheetName, FoldsAsciiLettersOnly) {
@@ -93,6 +92,7 @@ TEST(SameSheetName, FoldsAsciiLettersOnly) {
   EXPECT_EQ(parseReference("Daten!A1,DATEN!B2").areas.size(), 2U);
 }
 
+// Shapes that make backtracking scanners slow; a linear scan takes well under a second.
 TEST(ParseReference, LongTextsStayLinear) {
   std::string manyAreas;
   for (int i = 0; i < 50000; ++i) manyAreas += "A1:B2,";

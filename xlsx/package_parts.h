@@ -17,6 +17,8 @@ namespace orv::package {
 
 inline constexpr std::string_view kRelationshipBase =
     "http://schemas.openxmlformats.org/officeDocument/2006/relationships/";
+// The full relationship type for a short name: "worksheet", "styles", "officeDocument".
+inline std::string relationshipType(std::string_view name) { return std::string(kRelationshipBase) + std::string(name); }
 inline constexpr std::string_view kWorksheetType =
     "application/vnd.openxmlformats-officedocument.spreadsheetml.worksheet+xml";
 inline constexpr std::string_view kStylesType =

@@ -74,81 +74,108 @@ struct SheetEntry {
 
 bool truthy(std::string_view v) { return v == "1" || v == "true"; }
 
-LoadedWorkbook loadPackage(InMemoryApplication& app, const std::filesystem::path& file, const ReadLimits& limits) {
+// The relationship id of a <sheet>: the only attribute named "id" that carries a prefix (r:id).
+std::string_view sheetRelationshipId(const pugi::xml_node& sheet) {
+  std::string_view id;
+  for (pugi::xml_attribute a = sheet.first_attribute(); a; a = a.next_attribute()) {
+    const std::string_view qualified = a.name();
+    if (xml::localName(qualified) == "id" && qualified.find(':') != std::string_view::npos) id = a.value();
+  }
+  return id;
+}
+
+// The worksheets the workbook part lists, in tab order; chart, dialog and macro sheets are left out.
+std::vector<SheetEntry> listWorksheets(ZipInput& zip, const pugi::xml_node& root, const std::vector<Relationship>& rels) {
+  std::vector<SheetEntry> sheets;
+  for (pugi::xml_node s = xml::child(xml::child(root, "sheets"), "sheet"); s; s = s.next_sibling()) {
+    if (!xml::isElement(s, "sheet")) continue;
+    const std::string name = xml::attributeNamed(s, "name").value();
+    const std::string_view id = sheetRelationshipId(s);
+    const auto rel = std::find_if(rels.begin(), rels.end(), [&](const Relationship& r) { return r.id == id; });
+    if (rel == rels.end()) raiseDamaged("is damaged: the sheet \"" + name + "\" has no part");
+    if (!hasRelationshipType(*rel, "worksheet")) continue;
+    if (rel->external || !zip.contains(rel->target)) {
+      raiseDamaged("is damaged: the part \"" + rel->target + "\" of the sheet \"" + name + "\" is missing");
+    }
+    sheets.push_back({name, rel->target});
+  }
+  if (sheets.empty()) raiseDamaged("is damaged: its workbook lists no worksheet");
+  return sheets;
+}
+
+std::vector<std::string> readSharedStrings(ZipInput& zip, const std::vector<Relationship>& rels, const ReadLimits& limits) {
+  const auto strings = std::find_if(rels.begin(), rels.end(), [](const Relationship& r) {
+    return !r.external && hasRelationshipType(r, "sharedStrings");
+  });
+  if (strings == rels.end()) return {};
+  auto sst = zip.read(strings->target);
+  if (!sst) return {};
+  return parseSharedStrings(*sst, strings->target, limits.maxSharedStrings, limits.maxStringBytes);
+}
+
+// What the workbook part and its relationships say: the date system, the worksheets and the
+// shared strings.
+struct PackageContents {
   LoadedPackageInfo info;
-  info.fromPackage = true;
   std::vector<SheetEntry> sheets;
   std::vector<std::string> sharedStrings;
-  std::optional<ZipInput> zip;
+};
 
-  namingFile(file, [&] {
-    zip.emplace(file, limits.zip);
-    info.workbookPart = findWorkbookPart(*zip);
-    auto xml = zip->read(info.workbookPart);
-    if (!xml) raiseDamaged("is damaged: its workbook part \"" + info.workbookPart + "\" is missing");
-    pugi::xml_document doc;
-    parsePart(doc, *xml, info.workbookPart);
-    const pugi::xml_node root = doc.document_element();
-    if (xml::localName(root) != "workbook") raiseNotAWorkbook(*zip, "");
-    info.date1904 = truthy(xml::attributeNamed(xml::child(root, "workbookPr"), "date1904").value());
+PackageContents readWorkbookPart(ZipInput& zip, const ReadLimits& limits) {
+  PackageContents contents;
+  LoadedPackageInfo& info = contents.info;
+  info.fromPackage = true;
+  info.workbookPart = findWorkbookPart(zip);
+  auto xml = zip.read(info.workbookPart);
+  if (!xml) raiseDamaged("is damaged: its workbook part \"" + info.workbookPart + "\" is missing");
+  pugi::xml_document doc;
+  parsePart(doc, *xml, info.workbookPart);
+  const pugi::xml_node root = doc.document_element();
+  if (xml::localName(root) != "workbook") raiseNotAWorkbook(zip, "");
+  info.date1904 = truthy(xml::attributeNamed(xml::child(root, "workbookPr"), "date1904").value());
+  const std::vector<Relationship> rels = readRelationships(zip, info.workbookPart);
+  contents.sheets = listWorksheets(zip, root, rels);
+  contents.sharedStrings = readSharedStrings(zip, rels, limits);
+  return contents;
+}
 
-    const std::vector<Relationship> rels = readRelationships(*zip, info.workbookPart);
-    for (pugi::xml_node s = xml::child(xml::child(root, "sheets"), "sheet"); s; s = s.next_sibling()) {
-      if (!xml::isElement(s, "sheet")) continue;
-      const std::string name = xml::attributeNamed(s, "name").value();
-      // The relationship id is the only attribute named "id" that carries a prefix (r:id).
-      std::string_view id;
-      for (pugi::xml_attribute a = s.first_attribute(); a; a = a.next_attribute()) {
-        const std::string_view qualified = a.name();
-        if (xml::localName(qualified) == "id" && qualified.find(':') != std::string_view::npos) id = a.value();
-      }
-      const auto rel = std::find_if(rels.begin(), rels.end(), [&](const Relationship& r) { return r.id == id; });
-      if (rel == rels.end()) raiseDamaged("is damaged: the sheet \"" + name + "\" has no part");
-      if (!hasRelationshipType(*rel, "worksheet")) continue;  // chart, dialog and macro sheets
-      if (rel->external || !zip->contains(rel->target)) {
-        raiseDamaged("is damaged: the part \"" + rel->target + "\" of the sheet \"" + name + "\" is missing");
-      }
-      sheets.push_back({name, rel->target});
-    }
-    if (sheets.empty()) raiseDamaged("is damaged: its workbook lists no worksheet");
-
-    const auto strings = std::find_if(rels.begin(), rels.end(), [](const Relationship& r) {
-      return !r.external && hasRelationshipType(r, "sharedStrings");
-    });
-    if (strings != rels.end()) {
-      if (auto sst = zip->read(strings->target)) {
-        sharedStrings = parseSharedStrings(*sst, strings->target, limits.maxSharedStrings, limits.maxStringBytes);
-      }
-    }
-  });
-
-  InMemoryWorkbook& book = app.AddWorkbook(file.filename().string(), {});
+// Each worksheet into a sheet of `book`, within the limits for the whole workbook.
+void readWorksheets(ZipInput& zip, PackageContents& contents, InMemoryWorkbook& book, const ReadLimits& limits) {
   std::uint64_t usedCells = 0;
   std::uint64_t usedTextBytes = 0;
   SheetReadOptions options;
-  options.sharedStrings = &sharedStrings;
-  options.date1904 = info.date1904;
+  options.sharedStrings = &contents.sharedStrings;
+  options.date1904 = contents.info.date1904;
   options.maxStoredCells = limits.maxStoredCells;
   options.usedCells = &usedCells;
   options.maxStringBytes = limits.maxStringBytes;
   options.maxTextBytes = limits.maxTextBytes;
   options.usedTextBytes = &usedTextBytes;
-  namingFile(file, [&] {
-    for (const SheetEntry& entry : sheets) {
-      InMemoryWorksheet* sheet = nullptr;
-      try {
-        sheet = &book.addSheet(entry.name);
-      } catch (const ComponentError&) {
-        raiseDamaged("is damaged: \"" + entry.name + "\" cannot name a sheet (invalid or repeated)");
-      }
-      if (!readSheetPart(*zip, entry.part, *sheet, options)) {
-        raiseDamaged("is damaged: the part \"" + entry.part + "\" is missing");
-      }
-      info.sheetParts.push_back(entry.part);
+  for (const SheetEntry& entry : contents.sheets) {
+    InMemoryWorksheet* sheet = nullptr;
+    try {
+      sheet = &book.addSheet(entry.name);
+    } catch (const ComponentError&) {
+      raiseDamaged("is damaged: \"" + entry.name + "\" cannot name a sheet (invalid or repeated)");
     }
+    if (!readSheetPart(zip, entry.part, *sheet, options)) {
+      raiseDamaged("is damaged: the part \"" + entry.part + "\" is missing");
+    }
+    contents.info.sheetParts.push_back(entry.part);
+  }
+}
+
+LoadedWorkbook loadPackage(InMemoryApplication& app, const std::filesystem::path& file, const ReadLimits& limits) {
+  std::optional<ZipInput> zip;
+  PackageContents contents;
+  namingFile(file, [&] {
+    zip.emplace(file, limits.zip);
+    contents = readWorkbookPart(*zip, limits);
   });
+  InMemoryWorkbook& book = app.AddWorkbook(file.filename().string(), {});
+  namingFile(file, [&] { readWorksheets(*zip, contents, book, limits); });
   book.activateSheet(book.Worksheets(1));
-  return {book, std::move(info)};
+  return {book, std::move(contents.info)};
 }
 
 }  // namespace

@@ -62,7 +62,9 @@ bool dayFraction(std::string_view rest, double& fraction) {
       ++i;
       while (i < rest.size() && rest[i] >= '0' && rest[i] <= '9') ++i;
       double part = 0;
-      if (i == from + 1 || !parseDouble(std::string("0") + std::string(rest.substr(from, i - from)), part)) return false;
+      if (i == from + 1 || !parseDouble(std::string("0") + std::string(rest.substr(from, i - from)), part)) {
+        return false;
+      }
       seconds += part;
     }
   }

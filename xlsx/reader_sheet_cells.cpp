@@ -114,8 +114,8 @@ bool SheetScanner::plainCell() {
   const std::string_view x = x_;
   std::size_t i = p_;
   // The depth test keeps the XML depth limit where the general way would enforce it.
-  if (stack_.empty() || stack_.back().tag != Tag::Row || stack_.size() + 2 >= kMaxXmlDepth ||
-      x.size() - i < 4 || x[i + 1] != 'c' || x[i + 2] != ' ') {
+  if (stack_.empty() || stack_.back().tag != Tag::Row || stack_.size() + 2 >= kMaxXmlDepth || x.size() - i < 4 ||
+      x[i + 1] != 'c' || x[i + 2] != ' ') {
     return false;
   }
   i += 3;
@@ -163,7 +163,9 @@ bool SheetScanner::plainCell() {
 void SheetScanner::startCell(std::optional<std::string_view> ref, std::optional<std::string_view> type) {
   if (ref) {
     std::int32_t row = row_ == 0 ? 1 : row_;
-    if (!parseCellRef(trimXmlSpace(*ref), row, column_)) fail("has a cell reference that is off the sheet or malformed");
+    if (!parseCellRef(trimXmlSpace(*ref), row, column_)) {
+      fail("has a cell reference that is off the sheet or malformed");
+    }
     row_ = row;
   } else {
     if (nextColumn_ > kMaxColumns) fail("has more cells in a row than a sheet holds");
@@ -221,7 +223,9 @@ void SheetScanner::finishCell() {
     store(parseErrorValue(trimXmlSpace(value_), e) ? e : ErrorValue::Value);
   } else if (type == "d") {
     double serial = 0;
-    if (!isoDateSerial(trimXmlSpace(value_), options_.date1904, serial)) failCell("has a date that does not read as one");
+    if (!isoDateSerial(trimXmlSpace(value_), options_.date1904, serial)) {
+      failCell("has a date that does not read as one");
+    }
     store(serial);
   } else {
     failCell("has the unknown cell type \"" + type_ + "\"");

@@ -103,8 +103,11 @@ void SheetScanner::scan() {
       consumeText();
       return;
     }
-    if (capture_ == Capture::Value) appendXmlText(value_, x_.substr(p_, lt == std::string_view::npos ? x_.npos : lt - p_));
-    else if (capture_ == Capture::Inline) appendXmlText(inline_, x_.substr(p_, lt == std::string_view::npos ? x_.npos : lt - p_));
+    if (capture_ == Capture::Value) {
+      appendXmlText(value_, x_.substr(p_, lt == std::string_view::npos ? x_.npos : lt - p_));
+    } else if (capture_ == Capture::Inline) {
+      appendXmlText(inline_, x_.substr(p_, lt == std::string_view::npos ? x_.npos : lt - p_));
+    }
     if (lt == std::string_view::npos) break;
     p_ = lt;
     if (capture_ == Capture::None && plainCell()) continue;

@@ -32,7 +32,8 @@ std::string folderOf(std::string_view part) {
 }
 
 std::string lowered(std::string name) {
-  std::transform(name.begin(), name.end(), name.begin(), [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+  std::transform(name.begin(), name.end(), name.begin(),
+                 [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
   return name;
 }
 
@@ -78,7 +79,9 @@ struct PackageLayout {
 PackageLayout readLayout(const ZipPackage& zip) {
   PackageLayout layout;
   for (const auto& r : package::readRelationships(required(zip, "_rels/.rels"), "_rels/.rels")) {
-    if (hasType(r, "officeDocument") && layout.workbookPart.empty()) layout.workbookPart = package::resolveTarget("", r.target);
+    if (hasType(r, "officeDocument") && layout.workbookPart.empty()) {
+      layout.workbookPart = package::resolveTarget("", r.target);
+    }
     if (hasType(r, "extended-properties")) layout.appPart = package::resolveTarget("", r.target);
   }
   if (layout.workbookPart.empty()) raise(err::kFileUnwritable, "The original workbook has no workbook part");
@@ -126,10 +129,10 @@ class PackageEditor {
   StyleSheet styles_;
   const InMemoryWorksheet* active_;
 
-  std::map<std::string, std::string> edited_;  // part -> new content
+  std::map<std::string, std::string> edited_;    // part -> new content
   std::map<std::string, DeflatedPart> spliced_;  // large sheets whose head alone was rewritten
-  bool activeIsOurs_ = false;  // the active sheet is a receiving or a new one
-  std::set<std::size_t> received_;  // indexes into layout_.sheets
+  bool activeIsOurs_ = false;                    // the active sheet is a receiving or a new one
+  std::set<std::size_t> received_;               // indexes into layout_.sheets
   std::string workbookRels_;
   std::vector<package::SheetEntry> added_;
   std::vector<std::string> addedTitles_;
@@ -168,7 +171,8 @@ void PackageEditor::spliceReceivingSheets(const std::vector<SheetChange>& change
 // The first "<folder>worksheets/sheetN.xml" that no entry holds, compared without case.
 std::string PackageEditor::freeSheetPart() {
   for (;; ++nextSheetNumber_) {
-    std::string candidate = folderOf(layout_.workbookPart) + "worksheets/sheet" + std::to_string(nextSheetNumber_) + ".xml";
+    std::string candidate =
+        folderOf(layout_.workbookPart) + "worksheets/sheet" + std::to_string(nextSheetNumber_) + ".xml";
     if (lowerNames_.count(lowered(candidate)) == 0) return candidate;
   }
 }
@@ -235,8 +239,9 @@ void PackageEditor::deselectOtherSheets() {
 void PackageEditor::updateBookkeeping() {
   if (!hadStyles_) {
     std::string id;
-    workbookRels_ = package::addRelationship(workbookRels_, layout_.workbookRelsPart, package::relationshipType("styles"),
-                                             stylesPart_.substr(folderOf(layout_.workbookPart).size()), id);
+    workbookRels_ =
+        package::addRelationship(workbookRels_, layout_.workbookRelsPart, package::relationshipType("styles"),
+                                 stylesPart_.substr(folderOf(layout_.workbookPart).size()), id);
     overrides_.emplace_back(stylesPart_, std::string(package::kStylesType));
   }
   if (!added_.empty() || !hadStyles_) edited_[layout_.workbookRelsPart] = workbookRels_;
@@ -248,7 +253,9 @@ void PackageEditor::updateBookkeeping() {
     edited_["[Content_Types].xml"] = package::addOverrides(required(zip_, "[Content_Types].xml"), overrides_);
   }
   if (!layout_.appPart.empty() && !addedTitles_.empty()) {
-    if (auto app = package::addSheetTitles(required(zip_, layout_.appPart), addedTitles_)) edited_[layout_.appPart] = *app;
+    if (auto app = package::addSheetTitles(required(zip_, layout_.appPart), addedTitles_)) {
+      edited_[layout_.appPart] = *app;
+    }
   }
   if (styles_.changed() || !hadStyles_) edited_[stylesPart_] = styles_.xml();
 }

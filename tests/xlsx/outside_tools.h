@@ -5,8 +5,8 @@
 
 #include <gtest/gtest.h>
 
-#include <spawn.h>
 #include <fcntl.h>
+#include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -50,7 +50,7 @@ inline std::filesystem::path xlsxToolsFolder() {
 }
 
 struct ProcessResult {
-  int exitCode = -1;   // -1 when the process was stopped or could not start
+  int exitCode = -1;  // -1 when the process was stopped or could not start
   bool timedOut = false;
   std::string output;  // stdout and stderr together
 };

@@ -83,7 +83,9 @@ std::string sourceText(const pugi::xml_node& data) {
     if (kind == "numLit" || kind == "strLit") {
       std::string points;
       for (const pugi::xml_node& pt : n.children()) {
-        if (xml::isElement(pt, "pt")) points += (points.empty() ? "" : ";") + std::string(xml::child(pt, "v").child_value());
+        if (xml::isElement(pt, "pt")) {
+          points += (points.empty() ? "" : ";") + std::string(xml::child(pt, "v").child_value());
+        }
       }
       return "lit{" + points + "}";
     }
@@ -154,7 +156,9 @@ std::vector<std::string> cellLines(const std::filesystem::path& file) {
     for (std::int32_t r = used->top; r <= used->bottom; ++r) {
       for (std::int32_t c = used->left; c <= used->right; ++c) {
         const CellValue v = sheet.cellValue(r, c);
-        if (!v.isEmpty()) lines.push_back(sheet.Name() + "!" + columnLetters(c) + std::to_string(r) + " " + valueText(v));
+        if (!v.isEmpty()) {
+          lines.push_back(sheet.Name() + "!" + columnLetters(c) + std::to_string(r) + " " + valueText(v));
+        }
       }
     }
   }
@@ -172,7 +176,9 @@ std::vector<ChartSources> chartSources(const std::filesystem::path& file) {
   for (const auto& sheet : package::readSheets(*zip.read(workbookPart), workbookPart)) {
     const std::string sheetPart = targetOf(workbookRels, sheet.relationshipId, workbookPart);
     for (const auto& r : relationshipsOf(zip, sheetPart)) {
-      if (r.type.ends_with("/drawing")) readDrawing(zip, package::resolveTarget(sheetPart, r.target), sheet.name, charts);
+      if (r.type.ends_with("/drawing")) {
+        readDrawing(zip, package::resolveTarget(sheetPart, r.target), sheet.name, charts);
+      }
     }
   }
   return charts;

@@ -55,7 +55,8 @@ std::vector<ChartSources> withoutLiteralErrorAmounts(std::vector<ChartSources> c
         const std::size_t at = series.find(side);
         if (at == std::string::npos) continue;
         const std::size_t end = series.find(' ', at + 1);
-        const std::string_view source = std::string_view(series).substr(at + std::strlen(side), end - at - std::strlen(side));
+        const std::string_view source =
+            std::string_view(series).substr(at + std::strlen(side), end - at - std::strlen(side));
         if (source.empty() || source.starts_with("lit{")) series.erase(at, end == std::string::npos ? end : end - at);
       }
     }
@@ -89,11 +90,11 @@ TEST(WriterTools, OpenpyxlLoadsEveryChartWithoutAWarning) {
   writeOutputs(folder);
   for (const char* name : kWritten) {
     SCOPED_TRACE(name);
-    const ProcessResult run = runProcess(
-        {python, "-W", "error", "-c",
-         "import openpyxl, sys; print(len(openpyxl.load_workbook(sys.argv[1]).worksheets[1]._charts))",
-         (folder / name).string()},
-        folder.path(), std::chrono::seconds(120));
+    const ProcessResult run =
+        runProcess({python, "-W", "error", "-c",
+                    "import openpyxl, sys; print(len(openpyxl.load_workbook(sys.argv[1]).worksheets[1]._charts))",
+                    (folder / name).string()},
+                   folder.path(), std::chrono::seconds(120));
     EXPECT_EQ(run.exitCode, 0) << run.output;
     EXPECT_EQ(run.output, std::to_string(chartSources(folder / name).size()) + "\n");
   }
@@ -106,8 +107,9 @@ TEST(WriterTools, AnOfficeSuiteKeepsTheCellsAndChartSources) {
   ScratchFolder folder;
   writeOutputs(folder);
   const std::filesystem::path converted = folder / "converted";
-  std::vector<std::string> command{"soffice", "-env:UserInstallation=file://" + (folder / "profile").string(),
-                                   "--headless", "--norestore", "--convert-to", "xlsx", "--outdir", converted.string()};
+  const std::string profile = "-env:UserInstallation=file://" + (folder / "profile").string();
+  std::vector<std::string> command{"soffice", profile, "--headless", "--norestore"};
+  command.insert(command.end(), {"--convert-to", "xlsx", "--outdir", converted.string()});
   for (const char* name : kWritten) command.push_back((folder / name).string());
   const ProcessResult run = runProcess(command, folder.path(), std::chrono::seconds(300));
   ASSERT_FALSE(run.timedOut) << "soffice did not finish within 300 s:\n" << run.output;

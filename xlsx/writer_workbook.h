@@ -7,7 +7,7 @@
 //
 // writeIntoPackage: the original package plus what the analysis added. Every part the writer
 // does not edit is carried over byte for byte (other sheets, formulas, charts, images, defined
-// names, the VBA project of an .xlsm ...). Sheets of the model that the package lacks (matched by
+// names, the macro project of an .xlsm ...). Sheets of the model that the package lacks (matched by
 // name without case) are appended as new parts in model order; each sheet named in `changes`
 // receives the model's cells of the change's block and keeps everything else (see
 // writer_sheet_splice.h). Only these parts change: [Content_Types].xml, the workbook part and its

@@ -18,7 +18,7 @@ namespace orv::test {
 namespace {
 
 // A package as a spreadsheet program writes it: shared strings, a defined name, a formula on a
-// second sheet, a VBA project, the first sheet selected, an x: prefix on the workbook part.
+// second sheet, a macro project, the first sheet selected, an x: prefix on the workbook part.
 Parts originalEntries() {
   const std::string& rel = kRelNs;
   return {

@@ -6,7 +6,8 @@
 // 32767 rows by 100 columns costs time and memory linear in its size. Cells keep their file
 // types: numbers, shared strings (index into `sharedStrings`), inline strings (rich text runs
 // joined), Booleans, error values, ISO dates (as serial numbers in the workbook's date system),
-// and the cached results of formulas; a formula without a cached result leaves its cell empty.
+// and the cached results of formulas; a formula without a cached result leaves its cell empty
+// (and is noted, as are numbers in date formats, when SheetReadOptions asks for notes).
 // Cells and rows without an `r` attribute follow the one before them; namespace prefixes are
 // ignored. The declared <dimension> is not used: only the cells present are stored.
 //
@@ -27,6 +28,18 @@ namespace orv {
 
 class InMemoryWorksheet;
 
+// Cells the reading noticed, for a caller that warns about them, each list in file order:
+// formulas without a saved result (their cells stay empty), and numbers that the file shows as
+// dates or times (stored as the serial day numbers they are).
+struct SheetNotes {
+  struct Cell {
+    std::int32_t row;
+    std::int32_t column;
+  };
+  std::vector<Cell> formulasWithoutValue;
+  std::vector<Cell> dateCells;
+};
+
 struct SheetReadOptions {
   const std::vector<std::string>* sharedStrings = nullptr;  // none: the workbook has none
   bool date1904 = false;
@@ -39,6 +52,11 @@ struct SheetReadOptions {
   std::uint64_t maxStringBytes = 4 * 32767;
   std::uint64_t maxTextBytes = std::uint64_t{2} << 30;
   std::uint64_t* usedTextBytes = nullptr;
+  // Whether each cell format (the index a cell's `s` attribute gives) shows dates or times
+  // (reader_styles.h); none or empty: no cell is taken for a date by its format.
+  const std::vector<bool>* dateStyles = nullptr;
+  // Where the noticed cells go; none: nothing is noted.
+  SheetNotes* notes = nullptr;
 };
 
 void readSheetXml(std::string_view xml, InMemoryWorksheet& sheet, const SheetReadOptions& options);

@@ -26,7 +26,10 @@ void SheetScanner::startElement(Tag tag) {
       if (parent == Tag::SheetData) startRow();
       break;
     case Tag::C:
-      if (parent == Tag::Row) startCell(attribute("r"), attribute("t"));
+      if (parent == Tag::Row) startCell(attribute("r"), attribute("t"), attribute("s"));
+      break;
+    case Tag::F:
+      if (parent == Tag::C) hasFormula_ = true;
       break;
     case Tag::V:
       if (parent == Tag::C) {
@@ -121,6 +124,7 @@ bool SheetScanner::plainCell() {
   i += 3;
   std::optional<std::string_view> ref;
   std::optional<std::string_view> type;
+  std::optional<std::string_view> style;
   for (;;) {
     while (i < x.size() && x[i] == ' ') ++i;
     if (i + 3 >= x.size()) return false;
@@ -138,7 +142,9 @@ bool SheetScanner::plainCell() {
       ref = value;
     } else if (name == 't' && !type) {
       type = value;
-    } else if (name != 's') {
+    } else if (name == 's' && !style) {
+      style = value;
+    } else {
       return false;
     }
     i = close + 1;
@@ -152,7 +158,7 @@ bool SheetScanner::plainCell() {
   const std::string_view text = x.substr(i, end - i);
   if (needsResolving(text)) return false;
 
-  startCell(ref, type);
+  startCell(ref, type, style);
   hasValue_ = true;
   value_.assign(text);
   p_ = end + kClose.size();
@@ -160,7 +166,8 @@ bool SheetScanner::plainCell() {
   return true;
 }
 
-void SheetScanner::startCell(std::optional<std::string_view> ref, std::optional<std::string_view> type) {
+void SheetScanner::startCell(std::optional<std::string_view> ref, std::optional<std::string_view> type,
+                             std::optional<std::string_view> style) {
   if (ref) {
     std::int32_t row = row_ == 0 ? 1 : row_;
     if (!parseCellRef(trimXmlSpace(*ref), row, column_)) {
@@ -181,9 +188,32 @@ void SheetScanner::startCell(std::optional<std::string_view> ref, std::optional<
   inline_.clear();
   hasValue_ = false;
   hasInline_ = false;
+  hasFormula_ = false;
+  style_ = 0;
+  if (style && options_.dateStyles != nullptr && !options_.dateStyles->empty() && !parseInt(*style, style_)) style_ = 0;
 }
 
 void SheetScanner::finishCell() {
+  stored_ = false;
+  storeCellValue();
+  if (options_.notes != nullptr) noteCell();
+}
+
+// A formula that stored nothing had no saved result; a number stored under a date or time format,
+// or as an ISO date, is a serial day number to the analyses.
+void SheetScanner::noteCell() {
+  if (!stored_) {
+    if (hasFormula_) options_.notes->formulasWithoutValue.push_back({row_, column_});
+    return;
+  }
+  const std::vector<bool>* dates = options_.dateStyles;
+  const bool number = type_.empty() || type_ == "n";
+  const bool dateStyle = dates != nullptr && style_ >= 0 && static_cast<std::size_t>(style_) < dates->size() &&
+                         (*dates)[static_cast<std::size_t>(style_)];
+  if (type_ == "d" || (number && dateStyle)) options_.notes->dateCells.push_back({row_, column_});
+}
+
+void SheetScanner::storeCellValue() {
   capture_ = Capture::None;
   const std::string_view type = type_;
   if (type == "inlineStr") {

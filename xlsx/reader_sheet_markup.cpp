@@ -20,6 +20,7 @@ SheetTag sheetTagOf(std::string_view local) {
       if (local == "v") return SheetTag::V;
       if (local == "t") return SheetTag::T;
       if (local == "r") return SheetTag::R;
+      if (local == "f") return SheetTag::F;
       return SheetTag::Other;
     case 2: return local == "is" ? SheetTag::Is : SheetTag::Other;
     case 3:

@@ -20,7 +20,7 @@
 namespace orv::detail {
 
 // The elements the scanner acts on; everything else is Other and only kept for nesting.
-enum class SheetTag : std::uint8_t { Other, Worksheet, SheetFormatPr, Cols, Col, SheetData, Row, C, V, Is, T, R };
+enum class SheetTag : std::uint8_t { Other, Worksheet, SheetFormatPr, Cols, Col, SheetData, Row, C, V, F, Is, T, R };
 
 // The tag for an element's local name.
 SheetTag sheetTagOf(std::string_view local);
@@ -77,8 +77,11 @@ class SheetScanner {
   void readColumn();
   void startRow();
   bool plainCell();
-  void startCell(std::optional<std::string_view> ref, std::optional<std::string_view> type);
+  void startCell(std::optional<std::string_view> ref, std::optional<std::string_view> type,
+                 std::optional<std::string_view> style);
   void finishCell();
+  void storeCellValue();
+  void noteCell();
 
   // Storing (reader_sheet_store.cpp).
   void store(CellValue value);
@@ -124,6 +127,9 @@ class SheetScanner {
   std::string inline_;
   bool hasValue_ = false;
   bool hasInline_ = false;
+  bool hasFormula_ = false;
+  bool stored_ = false;
+  std::int32_t style_ = 0;  // read only when the workbook has date formats to look for
 
   // Stored span of each column, for the memory budget and to spot cells out of order.
   struct Span {

@@ -13,6 +13,7 @@
 namespace orv::detail {
 
 void SheetScanner::store(CellValue value) {
+  stored_ = true;
   const auto index = static_cast<std::size_t>(column_ - 1);
   if (spans_.size() <= index) spans_.resize(index + 1);
   Span& span = spans_[index];

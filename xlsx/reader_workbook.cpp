@@ -1,6 +1,7 @@
 #include "xlsx/reader_workbook.h"
 
 #include <algorithm>
+#include <cctype>
 #include <optional>
 
 #include <pugixml.hpp>
@@ -14,6 +15,7 @@
 #include "xlsx/reader_sheet.h"
 #include "xlsx/reader_sheet_part.h"
 #include "xlsx/reader_sniff.h"
+#include "xlsx/reader_styles.h"
 #include "xlsx/reader_xml.h"
 #include "xlsx/xml_names.h"
 
@@ -67,6 +69,30 @@ std::string findWorkbookPart(ZipInput& zip) {
   raiseNotAWorkbook(zip, "");
 }
 
+// The content type that [Content_Types].xml gives `part`: its Override, else the Default of its
+// extension; empty when there is neither or the list cannot be read (the type only informs).
+std::string contentTypeOf(ZipInput& zip, const std::string& part) {
+  std::optional<std::string> xml = zip.read("[Content_Types].xml");
+  pugi::xml_document doc;
+  if (!xml || !doc.load_buffer(xml->data(), xml->size())) return {};
+  const auto sameName = [](std::string_view a, std::string_view b) {
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [](char x, char y) { return std::tolower(static_cast<unsigned char>(x)) == std::tolower(static_cast<unsigned char>(y)); });
+  };
+  const std::string name = "/" + part;
+  const std::string extension = part.substr(part.rfind('.') + 1);
+  std::string byDefault;
+  for (pugi::xml_node n : doc.document_element().children()) {
+    if (xml::isElement(n, "Override") && sameName(xml::attributeNamed(n, "PartName").value(), name)) {
+      return xml::attributeNamed(n, "ContentType").value();
+    }
+    if (xml::isElement(n, "Default") && sameName(xml::attributeNamed(n, "Extension").value(), extension)) {
+      byDefault = xml::attributeNamed(n, "ContentType").value();
+    }
+  }
+  return byDefault;
+}
+
 struct SheetEntry {
   std::string name;
   std::string part;
@@ -113,12 +139,24 @@ std::vector<std::string> readSharedStrings(ZipInput& zip, const std::vector<Rela
   return parseSharedStrings(*sst, strings->target, limits.maxSharedStrings, limits.maxStringBytes);
 }
 
-// What the workbook part and its relationships say: the date system, the worksheets and the
-// shared strings.
+// Which cell formats of the workbook's styles show dates or times; none without a styles part.
+std::vector<bool> dateStylesOf(ZipInput& zip, const std::vector<Relationship>& rels) {
+  const auto styles = std::find_if(rels.begin(), rels.end(), [](const Relationship& r) {
+    return !r.external && hasRelationshipType(r, "styles");
+  });
+  if (styles == rels.end()) return {};
+  auto xml = zip.read(styles->target);
+  if (!xml) return {};
+  return readDateStyles(*xml);
+}
+
+// What the workbook part and its relationships say: the date system, the worksheets, the
+// shared strings and which cell formats are dates.
 struct PackageContents {
   LoadedPackageInfo info;
   std::vector<SheetEntry> sheets;
   std::vector<std::string> sharedStrings;
+  std::vector<bool> dateStyles;
 };
 
 PackageContents readWorkbookPart(ZipInput& zip, const ReadLimits& limits) {
@@ -126,6 +164,7 @@ PackageContents readWorkbookPart(ZipInput& zip, const ReadLimits& limits) {
   LoadedPackageInfo& info = contents.info;
   info.fromPackage = true;
   info.workbookPart = findWorkbookPart(zip);
+  info.workbookContentType = contentTypeOf(zip, info.workbookPart);
   auto xml = zip.read(info.workbookPart);
   if (!xml) raiseDamaged("is damaged: its workbook part \"" + info.workbookPart + "\" is missing");
   pugi::xml_document doc;
@@ -136,6 +175,7 @@ PackageContents readWorkbookPart(ZipInput& zip, const ReadLimits& limits) {
   const std::vector<Relationship> rels = readRelationships(zip, info.workbookPart);
   contents.sheets = listWorksheets(zip, root, rels);
   contents.sharedStrings = readSharedStrings(zip, rels, limits);
+  contents.dateStyles = dateStylesOf(zip, rels);
   return contents;
 }
 
@@ -151,6 +191,8 @@ void readWorksheets(ZipInput& zip, PackageContents& contents, InMemoryWorkbook& 
   options.maxStringBytes = limits.maxStringBytes;
   options.maxTextBytes = limits.maxTextBytes;
   options.usedTextBytes = &usedTextBytes;
+  options.dateStyles = &contents.dateStyles;
+  contents.info.sheetNotes.reserve(contents.sheets.size());
   for (const SheetEntry& entry : contents.sheets) {
     InMemoryWorksheet* sheet = nullptr;
     try {
@@ -158,6 +200,7 @@ void readWorksheets(ZipInput& zip, PackageContents& contents, InMemoryWorkbook& 
     } catch (const ComponentError&) {
       raiseDamaged("is damaged: \"" + entry.name + "\" cannot name a sheet (invalid or repeated)");
     }
+    options.notes = &contents.info.sheetNotes.emplace_back();
     if (!readSheetPart(zip, entry.part, *sheet, options)) {
       raiseDamaged("is damaged: the part \"" + entry.part + "\" is missing");
     }

@@ -21,6 +21,7 @@
 #include <string>
 #include <vector>
 
+#include "xlsx/reader_sheet.h"
 #include "xlsx/zip_input.h"
 
 namespace orv {
@@ -33,8 +34,14 @@ class InMemoryWorkbook;
 struct LoadedPackageInfo {
   std::vector<std::string> sheetParts;  // e.g. "xl/worksheets/sheet1.xml", no leading "/"
   std::string workbookPart;             // e.g. "xl/workbook.xml"; empty for text files
+  // The workbook part's content type as [Content_Types].xml gives it, which tells a plain
+  // workbook from a macro-enabled one, a template or an add-in; empty for text files.
+  std::string workbookContentType;
   bool date1904 = false;
   bool fromPackage = false;  // false for text files
+  // What the reading noticed in each loaded sheet (formulas without a saved value, numbers in
+  // date formats), parallel to sheetParts; empty for text files.
+  std::vector<SheetNotes> sheetNotes;
 };
 
 struct LoadedWorkbook {

@@ -190,6 +190,7 @@ void clsDSCirc::CL(std::uint8_t v) {
 
 void clsDSCirc::Results(bool overWrite) {
   kProc("Results", [&] {
+    failure_.reset();
     if (!input_) raise(err::kNoInputRange);
     checkInput(*input_, headers_);
 
@@ -241,8 +242,10 @@ Range clsDSCirc::GetResults(Int16& columnCount, PlotDataRows& plotPositions) {
       std::vector<CellValue> values;
       ValueArray2D plot;
     };
+    ColumnSteps steps(places.size());
     const auto statistics = [&](std::size_t i) {
       clsDSCircBO bo;
+      steps.reading(i);
       const Range data = columnData(*input_, places[i], startRow);
       // The host reads a one-cell range as a single value, not as an array.
       if (data.CellCount() == 1) {
@@ -251,10 +254,14 @@ Range clsDSCirc::GetResults(Int16& columnCount, PlotDataRows& plotPositions) {
         bo.Data(data.Values());
       }
       Computed computed;
-      for (const LayoutRow& row : kLayout) {
-        if (switches_[row.on]) computed.values.push_back(row.value(bo));
+      for (std::size_t k = 0; k < kLayout.size(); ++k) {
+        if (!switches_[kLayout[k].on]) continue;
+        steps.step(i, static_cast<std::int32_t>(k));
+        computed.values.push_back(kLayout[k].value(bo));
       }
+      steps.step(i, static_cast<std::int32_t>(kLayout.size()));
       if (plot_) computed.plot = bo.PlotData();
+      steps.done(i);
       return computed;
     };
     std::vector<ValueArray2D> plotParts;
@@ -270,7 +277,20 @@ Range clsDSCirc::GetResults(Int16& columnCount, PlotDataRows& plotPositions) {
       if (plot_) plotParts.push_back(std::move(computed.plot));
       columnHeaders(j - 1) = columnName(*input_, places[i], headers_);
     };
-    orderedParallel<Computed>(places.size(), statistics, take);
+    try {
+      orderedParallel<Computed>(places.size(), statistics, take);
+    } catch (const ComponentError&) {
+      // Kept beside the error, which goes on unchanged.
+      if (const auto failed = steps.firstUnfinished()) {
+        const auto [i, k] = *failed;
+        const auto row = static_cast<std::size_t>(k);
+        failure_ = ColumnFailure{columnName(*input_, places[i], headers_), columnData(*input_, places[i], startRow),
+                                 k == ColumnSteps::kReading ? std::string()
+                                 : row < kLayout.size()     ? std::string(kLayout[row].label)
+                                                            : std::string(kPlotComment)};
+      }
+      throw;
+    }
     if (plot_) plotData = ArrayTools::JoinAll(plotParts);
 
     if (plot_) return FormatResults(columnHeaders, matrix, &plotData, &plotPositions);

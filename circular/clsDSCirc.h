@@ -31,6 +31,7 @@
 #include "frame/numerics.h"
 #include "frame/range.h"
 #include "frame/value_array.h"
+#include "support/column_failure.h"
 
 namespace orv {
 
@@ -69,6 +70,9 @@ class clsDSCirc {  // NOLINT(readability-identifier-naming): the component's own
   const std::optional<Range>& outputRange() const { return output_; }
   // The block the last Results call pasted, on the output sheet.
   const std::optional<Range>& pastedBlock() const { return pasted_; }
+  // When the last Results call failed inside a column: which column and which row. The error
+  // itself is raised as it came; none when no column failed.
+  const std::optional<ColumnFailure>& failure() const { return failure_; }
   const std::optional<ScatterSources>& scatterSources() const { return scatterSources_; }
 
  private:
@@ -94,6 +98,7 @@ class clsDSCirc {  // NOLINT(readability-identifier-naming): the component's own
   std::optional<Range> output_;
   std::optional<Range> block_;
   std::optional<Range> pasted_;
+  std::optional<ColumnFailure> failure_;
   Int16 columnCount_ = 0;
   PlotDataRows plotPositions_;
   std::optional<ScatterSources> scatterSources_;

@@ -185,11 +185,13 @@ void clsDS::OutputFrequencies(bool v) {
 
 void clsDS::Results(bool overWrite) {
   kProc("Results", [&] {
+    failure_.reset();
     if (!input_) raise(err::kNoInputRange);
 
     // Every column must be acceptable and every area as high as the first, before anything is
-    // written.
-    Int16 rowCount = Int16::from(input_->RowsCount());
+    // written. The row count is the host's own (32-bit): a column of 32767 observations under a
+    // header row spans 32768 rows. The 16-bit limit is on the observations, in the engine.
+    std::int32_t rowCount = input_->RowsCount();
     const std::int32_t areas = input_->AreasCount();
     for (std::int32_t a = 1; a <= areas; ++a) {
       const Range area = input_->Areas(a);
@@ -197,7 +199,7 @@ void clsDS::Results(bool overWrite) {
         RangeChecks::CheckInputColumn(area.Columns(c), headers_);
       }
       if (area.RowsCount() != rowCount) raise(err::kAreaHeights);
-      rowCount = Int16::from(area.RowsCount());
+      rowCount = area.RowsCount();
     }
 
     if (!block_) block_ = GetResults();
@@ -297,13 +299,18 @@ Range clsDS::GetResults() {
     // into the table strictly in column order, so the first failing column is still the one
     // reported and the names are read in the same order as the values.
     const std::vector<InputColumn> places = inputColumns(*input_);
+    ColumnSteps steps(places.size());
     const auto statistics = [&](std::size_t i) {
       clsDSBO bo;
+      steps.reading(i);
       bo.Data(columnData(*input_, places[i], firstDataRow).Values());
       std::vector<CellValue> values;
-      for (const LayoutRow& row : kLayout) {
-        if (want[row.want]) values.push_back(row.value(bo, options));
+      for (std::size_t k = 0; k < kLayout.size(); ++k) {
+        if (!want[kLayout[k].want]) continue;
+        steps.step(i, static_cast<std::int32_t>(k));
+        values.push_back(kLayout[k].value(bo, options));
       }
+      steps.done(i);
       return values;
     };
     const auto take = [&](std::size_t i, std::vector<CellValue> values) {
@@ -318,7 +325,18 @@ Range clsDS::GetResults() {
       }
       names(j - 1) = columnName(*input_, places[i], headers_);
     };
-    orderedParallel<std::vector<CellValue>>(places.size(), statistics, take);
+    try {
+      orderedParallel<std::vector<CellValue>>(places.size(), statistics, take);
+    } catch (const ComponentError&) {
+      // Kept beside the error, which goes on unchanged.
+      if (const auto failed = steps.firstUnfinished()) {
+        const auto [i, k] = *failed;
+        failure_ = ColumnFailure{
+            columnName(*input_, places[i], headers_), columnData(*input_, places[i], firstDataRow),
+            k == ColumnSteps::kReading ? std::string() : labelOf(kLayout[static_cast<std::size_t>(k)], options)};
+      }
+      throw;
+    }
 
     const auto slot = [&](Slot s) { return rowOf[static_cast<std::size_t>(s)]; };
     plotRows_.columns = columns;

@@ -18,6 +18,7 @@
 #include "descriptive/plot_rows.h"
 #include "frame/range.h"
 #include "frame/value_array.h"
+#include "support/column_failure.h"
 
 namespace orv {
 
@@ -73,6 +74,9 @@ class clsDS {
   const PlotRows& plotRows() const { return plotRows_; }
   const std::optional<Range>& outputRange() const { return output_; }
   const std::optional<Range>& pastedBlock() const { return pasted_; }
+  // When the last Results call failed inside a column: which column and which row. The error
+  // itself is raised as it came; none when no column failed.
+  const std::optional<ColumnFailure>& failure() const { return failure_; }
 
  private:
   struct Selection;
@@ -104,6 +108,7 @@ class clsDS {
   std::optional<Range> output_;
   std::optional<Range> block_;
   std::optional<Range> pasted_;
+  std::optional<ColumnFailure> failure_;
   PlotRows plotRows_;
   // Points below the output cell where the next error plot goes: grows by 1.1 times the height
   // of every box plot this object draws and is never reset, so that a second Results call

@@ -91,6 +91,7 @@ void clsFreq::setAddress(AddressProperty& property, const std::string& reference
 
 void clsFreq::Results(bool overWrite) {
   kFreq("Results", [&] {
+    failure_.reset();
     if (!block_) {
       CheckRanges();
       block_ = GetResults();
@@ -167,17 +168,23 @@ clsFreq::Table clsFreq::countTable(Kind kind, const std::vector<Analysed>& varia
     table.kind = kind;
     for (const Analysed& v : variables) {
       clsFreqBO bo;
-      bo.DataType(dataType_);
-      bo.DataAreStartPoints(histogram_.categoryStartPoints);
-      if (v.data) bo.Data(*v.data);
-      if (v.weights) bo.Frequencies(*v.weights);
-      if (kind == Kind::ProposedBins) {
-        // All values equal: no bins, and the table counts the one distinct value.
-        const std::optional<ValueArray1D> proposed = bo.ProposeBins(*v.data);
-        if (proposed) bo.Bin(*proposed);
+      try {
+        bo.DataType(dataType_);
+        bo.DataAreStartPoints(histogram_.categoryStartPoints);
+        if (v.data) bo.Data(*v.data);
+        if (v.weights) bo.Frequencies(*v.weights);
+        if (kind == Kind::ProposedBins) {
+          // All values equal: no bins, and the table counts the one distinct value.
+          const std::optional<ValueArray1D> proposed = bo.ProposeBins(*v.data);
+          if (proposed) bo.Bin(*proposed);
+        }
+        if (kind == Kind::GivenBins) bo.Bin(*bins);
+        bo.Analyse();
+      } catch (const ComponentError&) {
+        // Kept beside the error, which goes on unchanged.
+        if (v.place) failure_ = ColumnFailure{v.name, *v.place, std::string(headingOf(kind))};
+        throw;
       }
-      if (kind == Kind::GivenBins) bo.Bin(*bins);
-      bo.Analyse();
 
       table.names.items().push_back(v.name);
       table.results.items().push_back(

@@ -43,6 +43,7 @@
 #include "frequency/freq_data_type.h"
 #include "frequency/frequency_results.h"
 #include "frequency/histogram_series.h"
+#include "support/column_failure.h"
 
 namespace orv {
 
@@ -99,6 +100,9 @@ class clsFreq {
   const std::optional<Range>& outputRange() const { return output_.range; }
   // The block the last Results call pasted, on the output sheet.
   const std::optional<Range>& pastedBlock() const { return pasted_; }
+  // When the last Results call failed while counting one variable: which variable and which
+  // table. The error itself is raised as it came; none when no variable failed.
+  const std::optional<ColumnFailure>& failure() const { return failure_; }
 
  private:
   struct AddressProperty {
@@ -134,6 +138,7 @@ class clsFreq {
   std::optional<Range> block_;  // the finished results on the scratch sheet
   std::vector<FrequencyTablePlace> tables_;
   std::optional<Range> pasted_;
+  std::optional<ColumnFailure> failure_;
   // Per analysed variable, the mean and deviation of its data for the normal curve (nothing for
   // pre-counted data, whose curve is fitted to the table).
   std::vector<std::optional<SampleMoments>> moments_;

@@ -20,6 +20,7 @@ inline constexpr Procedures kFreq{"clsFreq"};
 struct clsFreq::Variable {
   std::string name;
   ValueArray1D cells;
+  std::optional<Range> place;  // where the cells are; none for a variable of no cells
 };
 
 // What one engine counts: data (absent for pre-counted input) and weights (absent: 1 each).
@@ -27,6 +28,7 @@ struct clsFreq::Analysed {
   std::string name;
   std::optional<ValueArray1D> data;
   std::optional<ValueArray1D> weights;
+  std::optional<Range> place;  // the cells counted: the data's, or the weights' without data
 };
 
 // One results table: a heading and the five arrays of every variable, side by side.

@@ -40,6 +40,11 @@ std::vector<clsFreq::Variable> clsFreq::readVariables(const Range& range) const 
         std::vector<CellValue>& cells = variable.cells.items();
         cells.reserve(static_cast<std::size_t>(std::max(length - first + 1, 0)));
         for (std::int32_t i = first; i <= length; ++i) cells.push_back(at(i));
+        if (first <= length) {
+          const std::int32_t line = (dataInRows_ ? area.top : area.left) + v - 1;
+          variable.place = Range(range.Parent(), dataInRows_ ? CellBlock{line, area.left + first - 1, line, area.right}
+                                                             : CellBlock{area.top + first - 1, line, area.bottom, line});
+        }
         variables.push_back(std::move(variable));
       }
     }
@@ -55,14 +60,14 @@ std::vector<clsFreq::Analysed> clsFreq::analysedVariables() const {
     if (input_.range) data = readVariables(*input_.range);
     std::vector<Analysed> analysed;
     if (!frequency_.range) {
-      for (Variable& d : data) analysed.push_back({std::move(d.name), std::move(d.cells), {}});
+      for (Variable& d : data) analysed.push_back({std::move(d.name), std::move(d.cells), {}, std::move(d.place)});
       return analysed;
     }
     for (Variable& f : readVariables(*frequency_.range)) {
       if (data.empty()) {
-        analysed.push_back({std::move(f.name), std::nullopt, std::move(f.cells)});
+        analysed.push_back({std::move(f.name), std::nullopt, std::move(f.cells), std::move(f.place)});
       } else {
-        analysed.push_back({data.front().name, data.front().cells, std::move(f.cells)});
+        analysed.push_back({data.front().name, data.front().cells, std::move(f.cells), data.front().place});
       }
     }
     return analysed;

@@ -79,13 +79,16 @@ TEST_F(CircularTest, FailuresWriteNothingAndNameTheirSource) {
     Cells cells;  // column B, beside a good column A: every column is tested
     std::int32_t number;
     std::string source;
+    std::string failedName;  // the column failure recorded beside the error; empty for none
+    std::string failedCells;
   } rows[] = {
-      {{"Bearing", 0.0, 360.5}, -2147216480, source("clsDSCirc.Results")},
-      {{"Bearing", 10.0, -0.1}, -2147216480, source("clsDSCirc.Results")},
-      {{400.0, 10.0, 20.0}, -2147216480, source("clsDSCirc.Results")},  // a numeric title is tested too
-      {{"Bearing", 10.0, "NE"}, err::kInputColumnNotNumeric, source("RangeChecks.CheckInputColumn.Results")},
-      {{"Bearing", 0.0, 180.0}, err::kDivisionByZero, source("clsDSCircBO.Mean.GetResults.Results")},
-      {{"Bearing", 10.0}, err::kTypeMismatch, source("clsDSCircBO.Mean.GetResults.Results")},  // no array
+      {{"Bearing", 0.0, 360.5}, -2147216480, source("clsDSCirc.Results"), "", ""},
+      {{"Bearing", 10.0, -0.1}, -2147216480, source("clsDSCirc.Results"), "", ""},
+      {{400.0, 10.0, 20.0}, -2147216480, source("clsDSCirc.Results"), "", ""},  // a numeric title is tested too
+      {{"Bearing", 10.0, "NE"}, err::kInputColumnNotNumeric, source("RangeChecks.CheckInputColumn.Results"), "", ""},
+      {{"Bearing", 0.0, 180.0}, err::kDivisionByZero, source("clsDSCircBO.Mean.GetResults.Results"), "Bearing", "Data!$B$2:$B$3"},
+      // One data cell, in both columns of A1:B2: no array, and the first column is the one named.
+      {{"Bearing", 10.0}, err::kTypeMismatch, source("clsDSCircBO.Mean.GetResults.Results"), "Good", "Data!$A$2"},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(::testing::PrintToString(row.cells));
@@ -101,6 +104,12 @@ TEST_F(CircularTest, FailuresWriteNothingAndNameTheirSource) {
     const ComponentError e = errorOf([&] { circ.Results(); });
     EXPECT_EQ(e.number(), row.number);
     EXPECT_EQ(e.source(), row.source);
+    EXPECT_EQ(circ.failure().has_value(), !row.failedCells.empty());
+    if (circ.failure()) {
+      EXPECT_EQ(circ.failure()->name, row.failedName);
+      EXPECT_EQ(circ.failure()->cells.AddressWithSheet(), row.failedCells);
+      EXPECT_EQ(circ.failure()->step, "Mean Angle");
+    }
     EXPECT_FALSE(scratch().usedBlock().has_value());
     EXPECT_TRUE(data.cellValue(1, 4).isEmpty());
   }

@@ -82,5 +82,62 @@ TEST_F(DriverTest, ComputedBlocksAreKeptAfterAFailureAndDroppedAfterASuccessOrNe
   EXPECT_EQ(lastSheet().cellValue(5, 2), CellValue(10.0));
 }
 
+TEST_F(DriverTest, AFailingColumnIsRecordedBesideTheUnchangedError) {
+  column(1, 1, {"Long", 1.0, 2.0, 3.0, 4.0, 5.0, 6.0, 7.0, 8.0, 9.0, 10.0, 11.0, 12.0});
+  column(2, 1, {"Short", 1.0, 2.0, 3.0, 4.0});
+  data.storeRaw(1, 3, "Empty");
+  const struct {
+    const char* input;
+    std::uint8_t percentile;
+    std::int32_t number;
+    const char* name;
+    const char* cells;
+    const char* step;
+  } cases[] = {
+      {"A1:B13", 10, err::kSubscriptOutOfRange, "Short", "Data!$B$2:$B$13", "10th Percentile"},
+      {"A1:C13", 25, err::kOverflow, "Empty", "Data!$C$2:$C$13", "Mean"},  // 0/0
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.input);
+    clsDS ds;
+    ds.Headers(true);
+    ds.GetMean(true);
+    ds.GetPercentile(true);
+    ds.Percentile(c.percentile);
+    ds.InputRange(c.input);
+    const ComponentError e = errorOf([&] { ds.Results(); });
+    EXPECT_EQ(e.number(), c.number);
+    EXPECT_EQ(e.source(), kResultsSource);
+    EXPECT_EQ(e.description(), err::standardDescription(c.number));
+    ASSERT_TRUE(ds.failure().has_value());
+    EXPECT_EQ(ds.failure()->name, c.name);
+    EXPECT_EQ(ds.failure()->cells.AddressWithSheet(), c.cells);
+    EXPECT_EQ(ds.failure()->step, c.step);
+  }
+  clsDS fine;
+  fine.InputRange("A2:A13");
+  fine.Results();
+  EXPECT_FALSE(fine.failure().has_value());
+}
+
+// The row count of the input is the host's, in 32 bits; the 16-bit limit is on observations.
+TEST_F(DriverTest, ThirtyTwoThousandSevenHundredSixtySevenObservationsUnderAHeaderAreDescribed) {
+  data.storeRaw(1, 1, "Depth");
+  for (std::int32_t r = 2; r <= 32769; ++r) data.storeRaw(r, 1, 1.0);
+  clsDS ds;
+  ds.Headers(true);
+  ds.GetMean(true);
+  ds.GetCount(true);
+  ds.InputRange("A1:A32768");
+  ds.Results();
+  EXPECT_EQ(down(lastSheet(), 2, 5, 6), (Cells{1.0, 32767.0}));
+  ds.InputRange("Data!A1:A32769");
+  const ComponentError e = errorOf([&] { ds.Results(true); });
+  EXPECT_EQ(e.number(), err::kOverflow) << e.description();
+  ASSERT_TRUE(ds.failure().has_value());
+  EXPECT_EQ(ds.failure()->cells.AddressWithSheet(), "Data!$A$2:$A$32769");
+  EXPECT_EQ(ds.failure()->step, "Mean");
+}
+
 }  // namespace
 }  // namespace orv::test

@@ -83,6 +83,10 @@ TEST_F(DriverTest, EngineAndSetterFaultsReachTheCaller) {
   const ComponentError zero = errorOf([&] { f.Results(); });  // all weights 0: 0/0
   EXPECT_EQ(zero.number(), err::kOverflow);
   EXPECT_EQ(zero.source(), kResultsSource);
+  ASSERT_TRUE(f.failure().has_value());  // the variable and the table, beside the error
+  EXPECT_EQ(f.failure()->name, "Column A");
+  EXPECT_EQ(f.failure()->cells.AddressWithSheet(), "Data!$A$1:$A$2");
+  EXPECT_EQ(f.failure()->step, "Frequency Distribution");
 
   clsFreq g;  // a setter reports under its own name, except the bin range's
   const std::vector<std::pair<std::function<void()>, std::string>> setters = {

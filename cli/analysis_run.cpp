@@ -9,12 +9,15 @@
 #include <vector>
 
 #include "cli/block_report.h"
+#include "cli/file_checks.h"
+#include "cli/input_checks.h"
 #include "cli/progress.h"
 #include "frame/errors.h"
 #include "frame/host.h"
 #include "frame/sheet_name.h"
 #include "support/host_session.h"
 #include "workbook/in_memory_application.h"
+#include "xlsx/package_atomic_write.h"
 #include "xlsx/reader_workbook.h"
 #include "xlsx/writer_workbook.h"
 
@@ -34,15 +37,110 @@ int usage(const std::string& message) {
   return kExitUsage;
 }
 
+int failed(const std::string& message) {
+  std::cerr << "orvella: " << message << "\n";
+  return kExitFailed;
+}
+
+std::string quotedPath(const std::filesystem::path& p) { return "\"" + p.string() + "\""; }
+
+// The extensions a package may be written under; which one fits is known once it is read.
+bool writableExtension(const std::string& ext) {
+  return ext == ".xlsx" || ext == ".xlsm" || ext == ".xltx" || ext == ".xltm" || ext == ".xlam";
+}
+
+// Checks that need no reading: the combination of flags, the names of the files, whether the
+// input can be opened and the output may be written. A failure is said here; 0 means go on.
+int checkFiles(const FileOptions& files) {
+  if (!files.out.empty() && files.inPlace) return usage("give either -o/--out or --in-place, not both");
+  if (!files.out.empty() && !writableExtension(lowerExtension(files.out))) {
+    return usage("-o takes a workbook file ending in .xlsx (or .xlsm for a macro-enabled workbook), not " +
+                 quotedPath(files.out));
+  }
+  if (const auto why = cannotOpen(files.input)) return failed("cannot open " + quotedPath(files.input) + ": " + *why);
+  if (!files.out.empty() && sameFile(files.out, files.input)) {
+    return usage("-o " + quotedPath(files.out) +
+                 " is the input workbook itself; use --in-place to write the results into it");
+  }
+  const std::filesystem::path target = files.inPlace ? files.input : files.out;
+  if (!target.empty()) {
+    if (const auto why = refusalToWrite(target)) return failed("cannot write " + quotedPath(target) + ": " + *why);
+  }
+  return kExitOk;
+}
+
+// Checks that need the workbook read: where its kind and the output's name must agree.
+int checkKind(const FileOptions& files, const LoadedPackageInfo& info) {
+  if (files.inPlace && !info.fromPackage) {
+    return usage("results cannot be written into a text file; use -o OUT.xlsx instead of --in-place");
+  }
+  if (files.out.empty()) return kExitOk;
+  const std::string wanted = packageExtension(info);
+  const std::string given = lowerExtension(files.out);
+  if (given == wanted) return kExitOk;
+  if (wanted == ".xlsm") {
+    return usage(quotedPath(files.input) + " is a macro-enabled workbook, whose macros a " + given +
+                 " file cannot hold; write it to a .xlsm file instead of " + quotedPath(files.out));
+  }
+  if (given == ".xlsm" && wanted == ".xlsx") {
+    return usage(quotedPath(files.input) + " holds no macros, so it is written as a .xlsx workbook; give -o a "
+                 ".xlsx name instead of " + quotedPath(files.out));
+  }
+  return usage(quotedPath(files.input) + " is a " + wanted + " package; give -o a " + wanted + " name instead of " +
+               quotedPath(files.out));
+}
+
+void writeResults(const FileOptions& files, const LoadedWorkbook& loaded,
+                  const std::vector<std::string>& originalSheets, const Range& pasted,
+                  const std::filesystem::path& target) {
+  if (!loaded.info.fromPackage) {
+    writeNewWorkbook(loaded.book, target);
+    return;
+  }
+  std::vector<SheetChange> changes;
+  const std::string sheetName = pasted.Parent().Name();
+  if (std::any_of(originalSheets.begin(), originalSheets.end(),
+                  [&](const std::string& s) { return sameSheetName(s, sheetName); })) {
+    changes.push_back(SheetChange{sheetName, pasted.block()});
+  }
+  writeIntoPackage(files.input, loaded.book, changes, target);
+}
+
+void printWarnings(const std::vector<std::string>& warnings) {
+  for (const std::string& w : warnings) std::cerr << "orvella: warning: " << w << "\n";
+}
+
+void report(const FileOptions& files, const AnalysisRequest& request, const Range& pasted,
+            const ValueArray2D& block, const std::vector<std::string>& formats,
+            const std::vector<std::string>& warnings, const std::filesystem::path& target) {
+  printWarnings(warnings);
+  const std::string sheetName = pasted.Parent().Name();
+  if (files.json) {
+    nlohmann::json doc;
+    doc["analysis"] = request.analysis;
+    doc["input"] = request.context.input;
+    doc["options"] = request.options;
+    doc["output"] = {{"sheet", sheetName}, {"cell", pasted.Cells(1, 1).Address()}, {"range", pasted.Address()}};
+    doc["written"] = target.empty() ? nlohmann::json(nullptr) : nlohmann::json(target.string());
+    doc["warnings"] = warnings;
+    doc["block"] = blockToJson(block);
+    std::cout << doc.dump(2) << "\n";
+    return;
+  }
+  std::cout << formatTable(block, &formats) << std::flush;
+  if (!target.empty()) {
+    std::cerr << fmt::format("Results written to {}, sheet \"{}\" at {}.\n", target.string(), sheetName,
+                             pasted.Cells(1, 1).Address());
+  }
+}
+
 }  // namespace
 
 void addFileOptions(CLI::App& command, FileOptions& files) {
-  command.add_option("FILE", files.input, "workbook to analyse (.xlsx, .xlsm, .csv, .tsv)")
-      ->required()
-      ->check(CLI::ExistingFile);
+  command.add_option("FILE", files.input, "workbook to analyse (.xlsx, .xlsm, .csv, .tsv)")->required();
   command.add_option("-o,--out", files.out,
-                     "write the workbook with the results to this .xlsx file (the input is never "
-                     "changed)");
+                     "write the workbook with the results to this .xlsx file (.xlsm for a macro-enabled "
+                     "workbook; the input is never changed)");
   command.add_flag("--in-place", files.inPlace, "write the results into the input workbook itself");
   command.add_flag("--json", files.json, "print one JSON document instead of the table");
 }
@@ -54,21 +152,16 @@ void addOutputOptions(CLI::App& command, std::string& output, bool& overwrite, c
 }
 
 int runAnalysis(const FileOptions& files, const AnalysisRequest& request) {
-  if (!files.out.empty() && files.inPlace) return usage("give either -o/--out or --in-place, not both");
-  if (!files.out.empty()) {
-    std::string ext = files.out.extension().string();
-    std::transform(ext.begin(), ext.end(), ext.begin(), [](unsigned char c) { return std::tolower(c); });
-    if (ext != ".xlsx" && ext != ".xlsm") return usage("the output file must end in .xlsx or .xlsm: " + files.out.string());
-  }
-
+  if (const int refused = checkFiles(files); refused != kExitOk) return refused;
   Progress progress;
   InMemoryApplication app;
+  RunNotes notes;
   try {
     progress.step("Reading " + files.input.string() + " ...");
     LoadedWorkbook loaded = openWorkbookFile(app, files.input);
-    if (files.inPlace && !loaded.info.fromPackage) {
+    if (const int refused = checkKind(files, loaded.info); refused != kExitOk) {
       progress.clear();
-      return usage("results cannot be written into a text file; use -o OUT.xlsx instead of --in-place");
+      return refused;
     }
     std::vector<std::string> originalSheets;
     for (std::int32_t i = 1; i <= loaded.book.WorksheetsCount(); ++i) {
@@ -76,60 +169,31 @@ int runAnalysis(const FileOptions& files, const AnalysisRequest& request) {
     }
 
     Attached attached(app);
+    inspectInputs(app, loaded, request, notes.warnings);
     progress.step("Analysing " + request.context.input + " ...");
-    const Range pasted = request.run();
+    const Range pasted = request.run(notes);
     const ValueArray2D block = pasted.Values();
-    const std::string sheetName = pasted.Parent().Name();
     std::vector<std::string> formats;  // row by row, for the printed table
     for (std::int32_t r = 1; r <= pasted.RowsCount(); ++r) {
-      for (std::int32_t c = 1; c <= pasted.ColumnsCount(); ++c) {
-        formats.push_back(pasted.Cells(r, c).NumberFormat());
-      }
+      for (std::int32_t c = 1; c <= pasted.ColumnsCount(); ++c) formats.push_back(pasted.Cells(r, c).NumberFormat());
     }
 
-    std::filesystem::path target = files.inPlace ? files.input : files.out;
+    const std::filesystem::path target = files.inPlace ? files.input : files.out;
     if (!target.empty()) {
       progress.step("Writing " + target.string() + " ...");
-      if (loaded.info.fromPackage) {
-        std::vector<SheetChange> changes;
-        if (std::any_of(originalSheets.begin(), originalSheets.end(),
-                        [&](const std::string& s) { return sameSheetName(s, sheetName); })) {
-          changes.push_back(SheetChange{sheetName, pasted.block()});
-        }
-        writeIntoPackage(files.input, loaded.book, changes, target);
-      } else {
-        writeNewWorkbook(loaded.book, target);
-      }
+      writeResults(files, loaded, originalSheets, pasted, target);
     }
     progress.clear();
-    const std::vector<std::string> warnings =
-        request.warnings ? *request.warnings : std::vector<std::string>{};
-    for (const std::string& w : warnings) std::cerr << "orvella: warning: " << w << "\n";
-
-    if (files.json) {
-      nlohmann::json doc;
-      doc["analysis"] = request.analysis;
-      doc["input"] = request.context.input;
-      doc["options"] = request.options;
-      doc["output"] = {{"sheet", sheetName},
-                       {"cell", pasted.Cells(1, 1).Address()},
-                       {"range", pasted.Address()}};
-      doc["written"] = target.empty() ? nlohmann::json(nullptr) : nlohmann::json(target.string());
-      doc["warnings"] = warnings;
-      doc["block"] = blockToJson(block);
-      std::cout << doc.dump(2) << "\n";
-    } else {
-      std::cout << formatTable(block, &formats) << std::flush;
-      if (!target.empty()) {
-        std::cerr << fmt::format("Results written to {}, sheet \"{}\" at {}.\n", target.string(),
-                                 sheetName, pasted.Cells(1, 1).Address());
-      }
-    }
+    report(files, request, pasted, block, formats, notes.warnings, target);
     return kExitOk;
+  } catch (const InputRefused& e) {
+    progress.clear();
+    printWarnings(notes.warnings);
+    return failed(e.what());
   } catch (const ComponentError& e) {
     progress.clear();
-    std::cerr << "orvella: " << messageFor(e, request.context) << "\n";
-    return kExitFailed;
+    printWarnings(notes.warnings);
+    return failed(messageFor(e, request.context, notes.failure, notes.cause));
   }
 }
 

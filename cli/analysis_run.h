@@ -1,8 +1,10 @@
 #pragma once
-// The part every analysis command shares: load the workbook, attach it as the host, run the
-// analysis as an add-in would, then print the written block and write the workbook if asked.
+// The part every analysis command shares: check the files, load the workbook, look over the
+// input, attach the workbook as the host, run the analysis as an add-in would, then print the
+// written block and write the workbook if asked.
 //
-// Exit codes: 0 success, 1 the analysis or a file failed, 2 wrong usage.
+// Exit codes: 0 success, 1 the data or a file failed, 2 wrong usage. Every failure is one line
+// on standard error that starts with "orvella: ".
 //
 // References reach the analyses through usedCells (cli/used_cells.h), which cuts whole columns
 // and rows ("A:A") to the used cells of their sheet.
@@ -17,6 +19,7 @@
 
 #include "cli/error_messages.h"
 #include "frame/range.h"
+#include "support/column_failure.h"
 
 namespace CLI {
 class App;
@@ -40,15 +43,35 @@ void addFileOptions(CLI::App& command, FileOptions& files);
 // Adds --output and --overwrite; `what` says what lands there ("the table goes").
 void addOutputOptions(CLI::App& command, std::string& output, bool& overwrite, const std::string& what);
 
+// What a run leaves beside its result.
+struct RunNotes {
+  // Notes that do not stop the run (empty cells counted as 0, formulas without values ...), one
+  // sentence each: printed on standard error after "orvella: warning: " (before the error line
+  // when the run fails) and listed in the JSON report. The one list every warning goes to.
+  std::vector<std::string> warnings;
+  // Where in its input the analysis failed, when its driver knew (support/column_failure.h).
+  std::optional<ColumnFailure> failure;
+  // A sentence about the failure that the command worked out from the input, said instead of
+  // the general one for the error's number.
+  std::optional<std::string> cause;
+};
+
+// A range the analysis reads data from, as the person gave it, with the flag that gave it.
+struct DataRange {
+  std::string flag;       // "--input", "--bins" ...
+  std::string reference;  // as given; empty when the flag was left out
+};
+
 struct AnalysisRequest {
-  std::string analysis;       // "describe", ...
-  nlohmann::json options;     // the options as given, for the JSON report
-  ErrorContext context;       // references, for error sentences
-  // Sets up and runs the public analysis object; returns the block it pasted.
-  std::function<Range()> run;
-  // Where `run` leaves notes that do not stop it (empty cells counted as 0, ...): printed on
-  // standard error after a successful run, one line each, and listed in the JSON report.
-  const std::vector<std::string>* warnings = nullptr;
+  std::string analysis;     // "describe", ...
+  nlohmann::json options;   // the options as given, for the JSON report
+  ErrorContext context;     // references, for error sentences
+  std::vector<DataRange> ranges;  // looked over before the run (cli/input_checks.h)
+  bool headers = false;     // --headers: the first row (column, with --rows) holds names
+  bool rows = false;        // --rows: variables run along rows
+  // Sets up and runs the public analysis object; returns the block it pasted. Adds its own
+  // warnings to `notes` and, when the analysis fails, the driver's failure record.
+  std::function<Range(RunNotes& notes)> run;
 };
 
 int runAnalysis(const FileOptions& files, const AnalysisRequest& request);

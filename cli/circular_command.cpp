@@ -6,10 +6,17 @@
 #include <string>
 #include <vector>
 
+#include <fmt/format.h>
+
 #include "circular/clsDSCirc.h"
 #include "cli/analysis_run.h"
+#include "cli/column_messages.h"
+#include "cli/input_checks.h"
 #include "cli/used_cells.h"
+#include "frame/errors.h"
+#include "frame/host.h"
 #include "support/host_session.h"
+#include "support/input_columns.h"
 
 namespace orv::cli {
 namespace {
@@ -48,6 +55,43 @@ struct CircularOptions {
   std::vector<int> chosen = std::vector<int>(kFlags.size(), 0);  // times each flag was given
 };
 
+// A column of angles is read down to its first empty cell: angles below it are left out without
+// a word from the analysis, so the command says how many and where the gap is.
+void noteAnglesBelowGaps(Application& app, const std::string& reference, bool headers,
+                         std::vector<std::string>& warnings) {
+  std::optional<Range> input;
+  try {
+    input = app.ResolveRange(reference);
+  } catch (const ComponentError&) {
+    return;  // the analysis reports the reference
+  }
+  for (const InputColumn& at : inputColumns(*input)) {
+    const Range cells = columnData(*input, at, headers ? 2 : 1);
+    const ValueArray2D values = cells.Values();
+    std::int32_t gap = 0;
+    std::int32_t below = 0;
+    for (std::int32_t r = 1; r <= values.rows(); ++r) {
+      if (gap == 0 && values(r, 1).isEmpty()) gap = r;
+      if (gap != 0 && !values(r, 1).isEmpty()) ++below;
+    }
+    if (below == 0) continue;
+    const CellBlock& block = cells.block();
+    warnings.push_back(fmt::format(
+        "{} {} of \"{}\" ({}) below its first empty cell, {}, {} not analysed: a column of angles is read down to "
+        "its first empty cell",
+        below, below == 1 ? "value" : "values", columnName(*input, at, headers), cells.AddressWithSheet(),
+        cellName(cells, block.top + gap - 1, block.left), below == 1 ? "is" : "are"));
+  }
+}
+
+std::optional<std::string> angleOutside(Application& app, const std::string& reference) {
+  try {
+    return angleOutsideSentence(app.ResolveRange(reference));
+  } catch (const ComponentError&) {
+    return std::nullopt;
+  }
+}
+
 nlohmann::json optionsJson(const CircularOptions& o) {
   nlohmann::json j;
   j["headers"] = o.headers;
@@ -66,17 +110,28 @@ int run(const CircularOptions& o) {
   AnalysisRequest request;
   request.analysis = "circular";
   request.options = optionsJson(o);
-  request.context = ErrorContext{o.input, o.output};
-  request.run = [&o]() {
+  request.context = ErrorContext{o.input, o.output, request.analysis};
+  request.ranges = {{"--input", o.input}};
+  request.headers = o.headers;
+  request.run = [&o](RunNotes& notes) {
+    Application& app = HostSession::Application();
+    const std::string input = usedCells(app, o.input);
+    noteAnglesBelowGaps(app, input, o.headers, notes.warnings);
     clsDSCirc circ;
     circ.Headers(o.headers);
     for (std::size_t i = 0; i < kFlags.size(); ++i) {
       if (o.all || o.chosen[i]) (circ.*kFlags[i].set)(true);
     }
     circ.Plot(o.plot);
-    circ.InputRange(usedCells(HostSession::Application(), o.input));
+    circ.InputRange(input);
     circ.OutputRange(o.output);
-    circ.Results(o.overwrite);
+    try {
+      circ.Results(o.overwrite);
+    } catch (const ComponentError& e) {
+      notes.failure = circ.failure();
+      if (e.number() == err::kCircularInput) notes.cause = angleOutside(app, input);
+      throw;
+    }
     return *circ.pastedBlock();
   };
   return runAnalysis(o.files, request);

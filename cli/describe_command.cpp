@@ -7,8 +7,10 @@
 #include <vector>
 
 #include "cli/analysis_run.h"
+#include "cli/arguments.h"
 #include "cli/used_cells.h"
 #include "descriptive/clsDS.h"
+#include "frame/errors.h"
 #include "support/host_session.h"
 
 namespace orv::cli {
@@ -98,8 +100,10 @@ int run(const DescribeOptions& o) {
   AnalysisRequest request;
   request.analysis = "describe";
   request.options = optionsJson(o);
-  request.context = ErrorContext{o.input, o.output};
-  request.run = [&o]() {
+  request.context = ErrorContext{o.input, o.output, request.analysis};
+  request.ranges = {{"--input", o.input}};
+  request.headers = o.headers;
+  request.run = [&o](RunNotes& notes) {
     clsDS ds;
     ds.Headers(o.headers);
     for (std::size_t i = 0; i < kFlags.size(); ++i) {
@@ -123,7 +127,12 @@ int run(const DescribeOptions& o) {
     ds.ErrorError(o.errorBars);
     ds.InputRange(usedCells(HostSession::Application(), o.input));
     ds.OutputRange(o.output);
-    ds.Results(o.overwrite);
+    try {
+      ds.Results(o.overwrite);
+    } catch (const ComponentError&) {
+      notes.failure = ds.failure();
+      throw;
+    }
     return *ds.pastedBlock();
   };
   return runAnalysis(o.files, request);
@@ -157,17 +166,17 @@ Charts stand beside the table in the written workbook, the error plot below the 
   o.clOption = cmd->add_option("--cl", o.cl, "confidence limits of the mean at LEVEL percent (default 95)")
                    ->expected(0, 1)
                    ->default_str("95")
-                   ->check(CLI::Range(1, 99));
+                   ->check(wholeNumberFrom("--cl", "a confidence level in whole percent", 1, 99));
   o.percentileOption =
       cmd->add_option("--percentiles", o.percentile,
                       "the P-th and (100-P)-th percentiles (default 25, giving quartiles)")
           ->expected(0, 1)
           ->default_str("25")
-          ->check(CLI::Range(1, 99));
+          ->check(wholeNumberFrom("--percentiles", "a whole percent", 1, 99));
   o.largestOption = cmd->add_option("--largest", o.largest, "the K-th largest value")
-                        ->check(CLI::PositiveNumber);
+                        ->check(wholeNumberFrom("--largest", "a whole number", 1));
   o.smallestOption = cmd->add_option("--smallest", o.smallest, "the K-th smallest value")
-                         ->check(CLI::PositiveNumber);
+                         ->check(wholeNumberFrom("--smallest", "a whole number", 1));
   cmd->add_flag("--box-plot", o.boxPlot,
                 "draw a box-and-whisker chart (median, percentiles, minimum, maximum) beside the table");
   cmd->add_option("--box-title", o.boxTitle, "title of the box plot");
@@ -176,11 +185,11 @@ Charts stand beside the table in the written workbook, the error plot below the 
   cmd->add_option("--error-title", o.errorTitle, "title of the error plot");
   cmd->add_option("--error-y-title", o.errorYTitle, "title of the error plot's value axis");
   cmd->add_option("--error-centre", o.errorCentre, "the plotted centre: Mean or Median (default Mean)")
-      ->check(CLI::IsMember({"Mean", "Median"}));
+      ->check(oneOf("--error-centre", {"Mean", "Median"}));
   cmd->add_option("--error-bars", o.errorBars,
                   "what the bars show: \"Standard Error\" (default), \"Standard Deviation\", "
                   "Variance, Range, \"Interpercentile Range\" or \"Confidence Limits\"")
-      ->check(CLI::IsMember(kErrorBars));
+      ->check(oneOf("--error-bars", kErrorBars));
   cmd->callback([options, &exitCode] { exitCode = run(*options); });
 }
 

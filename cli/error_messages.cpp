@@ -6,6 +6,8 @@
 
 #include <fmt/format.h>
 
+#include "cli/column_messages.h"
+
 namespace orv::cli {
 namespace {
 
@@ -97,9 +99,16 @@ std::string fill(std::string_view text, const ErrorContext& c) {
 
 }  // namespace
 
-std::string messageFor(const ComponentError& e, const ErrorContext& context) {
+std::string messageFor(const ComponentError& e, const ErrorContext& context,
+                       const std::optional<ColumnFailure>& failure, const std::optional<std::string>& cause) {
   std::string sentence;
+  if (cause) {
+    sentence = *cause;
+  } else if (failure) {
+    sentence = columnSentence(e, *failure, context.analysis);
+  }
   for (const Entry& entry : kMessages) {
+    if (!sentence.empty()) break;
     if (entry.number != e.number()) continue;
     switch (entry.form) {
       case Form::Fixed: sentence = fill(entry.text, context); break;

@@ -10,6 +10,7 @@
 #include "cli/analysis_run.h"
 #include "cli/used_cells.h"
 #include "frame/conversions.h"
+#include "frame/errors.h"
 #include "frame/host.h"
 #include "frame/reference.h"
 #include "frequency/clsFreq.h"
@@ -98,13 +99,14 @@ std::vector<std::string> emptyCellWarnings(const FrequencyOptions& o, const std:
 }
 
 int run(const FrequencyOptions& o) {
-  std::vector<std::string> warnings;
   AnalysisRequest request;
   request.analysis = "frequency";
   request.options = optionsJson(o);
-  request.context = ErrorContext{o.input, o.output};
-  request.warnings = &warnings;
-  request.run = [&o, &warnings]() {
+  request.context = ErrorContext{o.input, o.output, request.analysis};
+  request.ranges = {{"--input", o.input}, {"--frequencies", o.frequencies}, {"--bins", o.bins}};
+  request.headers = o.headers;
+  request.rows = o.rows;
+  request.run = [&o](RunNotes& notes) {
     Application& app = HostSession::Application();
     const std::string input = usedCells(app, o.input);
     clsFreq freq;
@@ -123,8 +125,13 @@ int run(const FrequencyOptions& o) {
     freq.FrequencyRange(usedCells(app, o.frequencies));
     freq.BinRange(usedCells(app, o.bins));
     freq.OutputRange(o.output);
-    freq.Results(o.overwrite);
-    warnings = emptyCellWarnings(o, input);
+    try {
+      freq.Results(o.overwrite);
+    } catch (const ComponentError&) {
+      notes.failure = freq.failure();
+      throw;
+    }
+    for (std::string& w : emptyCellWarnings(o, input)) notes.warnings.push_back(std::move(w));
     return *freq.pastedBlock();
   };
   return runAnalysis(o.files, request);

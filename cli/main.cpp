@@ -2,10 +2,14 @@
 
 #include <CLI/CLI.hpp>
 
+#include <iostream>
+
 #include "cli/analysis_run.h"
+#include "cli/arguments.h"
 #include "cli/circular_command.h"
 #include "cli/describe_command.h"
 #include "cli/frequency_command.h"
+#include "cli/interrupts.h"
 #include "cli/sheets_command.h"
 
 #ifndef ORVELLA_VERSION
@@ -13,6 +17,7 @@
 #endif
 
 int main(int argc, char** argv) {
+  orv::cli::installInterruptHandling();
   CLI::App app{"Orvella: descriptive statistics, circular statistics and frequency distributions\n"
                "for spreadsheet data.\n"
                "Reads a workbook, writes a labelled results table into it, and prints the table."};
@@ -35,10 +40,14 @@ Run "orvella COMMAND --help" for the options of a command.)");
 
   try {
     app.parse(argc, argv);
+  } catch (const orv::cli::UsageError& e) {
+    std::cerr << "orvella: " << e.what() << "\n";
+    return orv::cli::kExitUsage;
   } catch (const CLI::ParseError& e) {
-    const int code = app.exit(e);
     // Help and version are successes; every other parse failure is wrong usage.
-    return code == 0 ? 0 : orv::cli::kExitUsage;
+    if (e.get_exit_code() == 0) return app.exit(e);
+    std::cerr << "orvella: " << orv::cli::usageLine(e, app) << "\n";
+    return orv::cli::kExitUsage;
   }
   return exitCode;
 }

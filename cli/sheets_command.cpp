@@ -9,6 +9,7 @@
 
 #include "cli/analysis_run.h"
 #include "cli/error_messages.h"
+#include "cli/file_checks.h"
 #include "frame/errors.h"
 #include "frame/host.h"
 #include "frame/reference.h"
@@ -25,6 +26,10 @@ std::string relativeAddress(const CellBlock& b) {
 }
 
 int run(const std::filesystem::path& file, bool json) {
+  if (const auto why = cannotOpen(file)) {
+    std::cerr << "orvella: cannot open \"" << file.string() << "\": " << *why << "\n";
+    return kExitFailed;
+  }
   InMemoryApplication app;
   try {
     Workbook& book = openWorkbookFile(app, file).book;
@@ -63,7 +68,7 @@ void addSheetsCommand(CLI::App& app, int& exitCode) {
   auto o = std::make_shared<Options>();
   CLI::App* cmd = app.add_subcommand("sheets", "List the sheets of a workbook with their used ranges");
   cmd->footer("Example:\n  orvella sheets plants.xlsx");
-  cmd->add_option("FILE", o->file, "workbook (.xlsx, .xlsm, .csv, .tsv)")->required()->check(CLI::ExistingFile);
+  cmd->add_option("FILE", o->file, "workbook (.xlsx, .xlsm, .csv, .tsv)")->required();
   cmd->add_flag("--json", o->json, "print JSON");
   cmd->callback([o, &exitCode] { exitCode = run(o->file, o->json); });
 }

@@ -1,0 +1,48 @@
+#include "cli/interrupts.h"
+
+#include <pthread.h>
+#include <signal.h>
+#include <unistd.h>
+
+#include <string_view>
+#include <thread>
+
+#include "xlsx/package_atomic_write.h"
+
+namespace orv::cli {
+namespace {
+
+// 128 + the signal's number: what a shell reports for a command a signal ended.
+constexpr int kSignalExitBase = 128;
+
+sigset_t interrupts() {
+  sigset_t set;
+  sigemptyset(&set);
+  sigaddset(&set, SIGINT);
+  sigaddset(&set, SIGTERM);
+  sigaddset(&set, SIGHUP);
+  return set;
+}
+
+// Runs as an ordinary thread, not in a signal handler, so it may take locks and walk folders.
+[[noreturn]] void awaitInterrupt(sigset_t set) {
+  int signal = 0;
+  while (sigwait(&set, &signal) != 0) {
+  }
+  removeTemporaryFiles();
+  constexpr std::string_view kSaid = "orvella: interrupted\n";
+  if (::write(STDERR_FILENO, kSaid.data(), kSaid.size()) < 0) {
+    // Nothing more can be said; the exit status still tells.
+  }
+  ::_exit(kSignalExitBase + signal);
+}
+
+}  // namespace
+
+void installInterruptHandling() {
+  const sigset_t set = interrupts();
+  pthread_sigmask(SIG_BLOCK, &set, nullptr);
+  std::thread(awaitInterrupt, set).detach();
+}
+
+}  // namespace orv::cli

@@ -1,0 +1,54 @@
+// Wrong usage is one line: "orvella: ", the flag and what it takes, or the nearest flag for an
+// unknown one; exit status 2 for every command.
+
+#include "cli_fixture.h"
+
+namespace orv::test {
+namespace {
+
+TEST_F(CliTest, WrongUsageIsOneLineNamingTheFlagAndWhatItTakes) {
+  const auto file = workbook("u.xlsx", {{"A", {1.0, 2.0}}});
+  const std::string f = file.string();
+  const struct {
+    std::vector<std::string> args;
+    std::string line;
+  } cases[] = {
+      {{"describe", f, "-i", "A1:A3", "--largest", "0"}, "--largest takes a whole number from 1 up, not \"0\""},
+      {{"describe", f, "-i", "A1:A3", "--smallest", "1.5"}, "--smallest takes a whole number from 1 up, not \"1.5\""},
+      {{"describe", f, "-i", "A1:A3", "--cl", "100"},
+       "--cl takes a confidence level in whole percent from 1 to 99, not \"100\""},
+      {{"describe", f, "-i", "A1:A3", "--percentiles", "x"}, "--percentiles takes a whole percent from 1 to 99, not \"x\""},
+      {{"describe", f, "-i", "A1:A3", "--error-plot", "--error-centre", "mean"},
+       "--error-centre takes Mean or Median, not \"mean\""},
+      {{"describe", f, "-i", "A1:A3", "--error-bars", "SE"},
+       "--error-bars takes \"Standard Error\", \"Standard Deviation\", Variance, Range, \"Interpercentile Range\" or "
+       "\"Confidence Limits\", not \"SE\""},
+      {{"describe", f, "-i", "A1:A3", "--mena"}, "describe has no option --mena; did you mean --mean?"},
+      {{"circular", f, "-i", "A1:A3", "--rayliegh"}, "circular has no option --rayliegh; did you mean --rayleigh?"},
+      {{"frequency", f, "-i", "A1:A3", "--bin=A1:A2"}, "frequency has no option --bin; did you mean --bins?"},
+      {{"sheets", f, "--jsn"}, "sheets has no option --jsn; did you mean --json?"},
+      {{"describe", f, "-i", "A1:A3", "--zzzzzz"}, "describe has no option --zzzzzz (orvella describe --help lists them)"},
+      {{"descibe", f}, "no command \"descibe\"; did you mean describe?"},
+      {{}, "give a command: describe, circular, frequency or sheets (orvella --help)"},
+      {{"describe", f}, "describe needs --input: range to analyse, e.g. \"Data!A1:C20\" or \"A1:A10,C1:C10\""},
+      {{"circular", "-i", "A1:A3"}, "circular needs the workbook FILE to read (.xlsx, .xlsm, .csv or .tsv)"},
+      {{"describe", f, "-i"}, "--input needs a value: range to analyse, e.g. \"Data!A1:C20\" or \"A1:A10,C1:C10\""},
+      {{"describe", f, "-i", "A1:A3", "extra.xlsx"},
+       "describe takes one FILE; \"extra.xlsx\" is one argument too many (a reference with blanks must be quoted)"},
+      {{"describe", f, "-i", "A1:A3", "-o", "out.csv"},
+       "-o takes a workbook file ending in .xlsx (or .xlsm for a macro-enabled workbook), not \"out.csv\""},
+      {{"frequency", f, "-i", "A1:A3", "-o", "x.xlsx", "--in-place"}, "give either -o/--out or --in-place, not both"},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.line);
+    const RunResult r = run(c.args);
+    EXPECT_EQ(r.exitCode, 2);
+    EXPECT_EQ(r.err, "orvella: " + c.line + "\n");
+    EXPECT_EQ(r.out, "");
+  }
+  EXPECT_EQ(run({"describe", "--help"}).exitCode, 0);
+  EXPECT_EQ(run({"--version"}).exitCode, 0);
+}
+
+}  // namespace
+}  // namespace orv::test

@@ -17,8 +17,7 @@ std::optional<std::int64_t> wholeNumber(const std::string& text) {
   return value;
 }
 
-CLI::Validator numberValidator(const std::string& flag, const std::string& what, int low,
-                               std::optional<int> high) {
+CLI::Validator numberValidator(const std::string& flag, const std::string& what, int low, std::optional<int> high) {
   const std::string takes = flag + " takes " + what + " from " + std::to_string(low) +
                             (high ? " to " + std::to_string(*high) : std::string(" up"));
   return CLI::Validator(
@@ -107,8 +106,8 @@ std::string unknownArgument(const CLI::App& app, const CLI::App* command, const 
       return "unknown option " + word + "; give a command first: " + choiceList(commands);
     }
     const std::string guess = nearest(word, commands);
-    return "no command \"" + word + "\"" + (guess.empty() ? "; give one of " + choiceList(commands)
-                                                            : "; did you mean " + guess + "?");
+    return "no command \"" + word + "\"" +
+           (guess.empty() ? "; give one of " + choiceList(commands) : "; did you mean " + guess + "?");
   }
   const std::string& name = command->get_name();
   if (word.starts_with("-")) {

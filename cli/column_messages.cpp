@@ -84,8 +84,7 @@ std::string circularCause(const ComponentError& e, const ColumnFailure& f, const
     ++n;
   }
   if (n > static_cast<std::size_t>(kMostObservations)) {
-    return fmt::format("{} has {} angles; the analysis takes at most {}.", column, n,
-                       kMostObservations);
+    return fmt::format("{} has {} angles; the analysis takes at most {}.", column, n, kMostObservations);
   }
   if (n == 0) {
     const CellBlock first = f.cells.block();
@@ -97,12 +96,16 @@ std::string circularCause(const ComponentError& e, const ColumnFailure& f, const
   }
   if (e.number() == err::kDivisionByZero || e.number() == err::kOverflow) {
     if (cosines == 0.0 && sines == 0.0) {
-      return fmt::format("The {} angles of {} cancel out: their mean vector has length 0, so they have no mean "
-                         "direction.", n, column);
+      return fmt::format(
+          "The {} angles of {} cancel out: their mean vector has length 0, so they have no mean "
+          "direction.",
+          n, column);
     }
     if (cosines == 0.0) {
-      return fmt::format("The mean angle of {} cannot be found: the cosines of its {} angles add up to exactly 0, "
-                         "and the mean angle divides by that sum.", column, n);
+      return fmt::format(
+          "The mean angle of {} cannot be found: the cosines of its {} angles add up to exactly 0, "
+          "and the mean angle divides by that sum.",
+          column, n);
     }
   }
   return {};
@@ -135,8 +138,10 @@ std::optional<std::string> angleOutsideSentence(const Range& input) {
       for (std::int32_t r = area.top; r <= area.bottom; ++r) {
         const CellValue v = input.Parent().cellValue(r, c);
         if (!v.isNumber() || (v.number() >= 0.0 && v.number() <= 360.0)) continue;
-        return fmt::format("The cell {} holds {}, an angle outside 0 to 360 degrees; angles must be given in "
-                           "degrees from 0 to 360.", cellName(input, r, c), numberToText(v.number()));
+        return fmt::format(
+            "The cell {} holds {}, an angle outside 0 to 360 degrees; angles must be given in "
+            "degrees from 0 to 360.",
+            cellName(input, r, c), numberToText(v.number()));
       }
     }
   }

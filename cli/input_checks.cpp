@@ -34,11 +34,11 @@ std::int32_t lengthOf(const CellBlock& area, bool rows) { return rows ? area.col
 void refuseHeaderOnly(const Range& range, const DataRange& given, bool rows) {
   for (const CellBlock& area : range.areas()) {
     if (lengthOf(area, rows) >= 2) continue;
-    throw InputRefused(fmt::format(
-        "{} \"{}\" has no data {} its header {}: with --headers its first {} holds names, which leaves "
-        "nothing to analyse; include the data in {}, or leave out --headers",
-        given.flag, given.reference, rows ? "right of" : "below", rows ? "column" : "row",
-        rows ? "column" : "row", given.flag));
+    throw InputRefused(
+        fmt::format("{} \"{}\" has no data {} its header {}: with --headers its first {} holds names, which leaves "
+                    "nothing to analyse; include the data in {}, or leave out --headers",
+                    given.flag, given.reference, rows ? "right of" : "below", rows ? "column" : "row",
+                    rows ? "column" : "row", given.flag));
   }
 }
 
@@ -72,8 +72,8 @@ const SheetNotes* notesOf(const LoadedWorkbook& loaded, const Range& range) {
 }
 
 // How many of `cells` lie in the range (below the header cells when `skipHeaders`), and the first.
-std::size_t countInside(const std::vector<SheetNotes::Cell>& cells, const Range& range, bool skipHeaders,
-                        bool rows, std::optional<SheetNotes::Cell>& first) {
+std::size_t countInside(const std::vector<SheetNotes::Cell>& cells, const Range& range, bool skipHeaders, bool rows,
+                        std::optional<SheetNotes::Cell>& first) {
   std::size_t count = 0;
   for (const SheetNotes::Cell& cell : cells) {
     for (CellBlock area : range.areas()) {
@@ -92,17 +92,18 @@ void noteReadCells(const LoadedWorkbook& loaded, const Range& range, const Analy
   if (notes == nullptr) return;
   std::optional<SheetNotes::Cell> first;
   if (const std::size_t n = countInside(notes->formulasWithoutValue, range, false, request.rows, first)) {
-    warnings.push_back(fmt::format(
-        "{} in {} {} no saved value and {} read as empty (the first, {}): the file was saved by a program "
-        "that does not calculate formulas; open it in a spreadsheet program, save it, and run again",
-        counted(n, "formula cell", "formula cells"), range.AddressWithSheet(), n == 1 ? "has" : "have",
-        n == 1 ? "is" : "are", cellName(range, first->row, first->column)));
+    warnings.push_back(
+        fmt::format("{} in {} {} no saved value and {} read as empty (the first, {}): the file was saved by a program "
+                    "that does not calculate formulas; open it in a spreadsheet program, save it, and run again",
+                    counted(n, "formula cell", "formula cells"), range.AddressWithSheet(), n == 1 ? "has" : "have",
+                    n == 1 ? "is" : "are", cellName(range, first->row, first->column)));
   }
   if (const std::size_t n = countInside(notes->dateCells, range, request.headers, request.rows, first)) {
-    warnings.push_back(fmt::format("{} in {} {} formatted as dates or times (the first, {}) and {} analysed as "
-                                   "serial day numbers",
-                                   counted(n, "cell", "cells"), range.AddressWithSheet(), n == 1 ? "is" : "are",
-                                   cellName(range, first->row, first->column), n == 1 ? "is" : "are"));
+    warnings.push_back(
+        fmt::format("{} in {} {} formatted as dates or times (the first, {}) and {} analysed as "
+                    "serial day numbers",
+                    counted(n, "cell", "cells"), range.AddressWithSheet(), n == 1 ? "is" : "are",
+                    cellName(range, first->row, first->column), n == 1 ? "is" : "are"));
   }
 }
 

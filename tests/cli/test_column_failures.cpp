@@ -33,16 +33,19 @@ TEST_F(CliTest, AFailingColumnIsNamedWithItsCauseInNumbers) {
            describe},
       {{"circular", "-i", "Data!D1:D3"},
        "The mean angle of \"Ang\" (Data!$D$2:$D$3) cannot be found: the cosines of its 2 angles add up to exactly 0, "
-       "and the mean angle divides by that sum. [error 11, " + circular},
+       "and the mean angle divides by that sum. [error 11, " +
+           circular},
       {{"circular", "-i", "Data!D1:E4"},
        "The cell Data!$E$4 holds 400, an angle outside 0 to 360 degrees; angles must be given in degrees from 0 to "
        "360. [error -2147216480, Line 0 in ORVDescriptives.clsDSCirc.Results]"},
       {{"circular", "-i", "Data!F1:F2"},
        "\"One\" (Data!$F$2) has a single data cell; the circular statistics need at least two rows of angles. "
-       "[error 13, " + circular},
+       "[error 13, " +
+           circular},
       {{"circular", "-i", "Data!G1:G4"},
        "\"Late\" (Data!$G$2:$G$4) has no angle above its first empty cell, Data!$G$2: a column of angles is read "
-       "down to its first empty cell. [error 6, " + circular},
+       "down to its first empty cell. [error 6, " +
+           circular},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.line);
@@ -87,9 +90,13 @@ TEST_F(CliTest, ThirtyTwoThousandSevenHundredSixtySevenObservationsWorkInEveryAn
           continue;
         }
         EXPECT_EQ(r.exitCode, 1);
-        const std::string what = analysis == "describe" ? "observations" : analysis == "circular" ? "angles" : "cells to count";
-        EXPECT_NE(r.err.find("\"" + name + "\" (" + cells + ") has 32768 " + what + "; the analysis takes at most 32767."),
-                  std::string::npos) << r.err;
+        const std::string what = analysis == "describe"   ? "observations"
+                                 : analysis == "circular" ? "angles"
+                                                          : "cells to count";
+        EXPECT_NE(
+            r.err.find("\"" + name + "\" (" + cells + ") has 32768 " + what + "; the analysis takes at most 32767."),
+            std::string::npos)
+            << r.err;
         EXPECT_NE(r.err.find("[error 6, "), std::string::npos) << r.err;
       }
     }

@@ -113,12 +113,15 @@ fs::path macroEnabled(const fs::path& plain, const fs::path& as) {
     std::string content = zip.at(name);
     if (name == "[Content_Types].xml") {
       const std::string plainType = "application/vnd.openxmlformats-officedocument.spreadsheetml.sheet.main+xml";
-      content.replace(content.find(plainType), plainType.size(), "application/vnd.ms-excel.sheet.macroEnabled.main+xml");
-      content.insert(content.find("<Default"), R"(<Default Extension="bin" ContentType="application/vnd.ms-office.vbaProject"/>)");
+      content.replace(content.find(plainType), plainType.size(),
+                      "application/vnd.ms-excel.sheet.macroEnabled.main+xml");
+      content.insert(content.find("<Default"),
+                     R"(<Default Extension="bin" ContentType="application/vnd.ms-office.vbaProject"/>)");
     }
     if (name == "xl/_rels/workbook.xml.rels") {
-      content.insert(content.find("</Relationships>"),
-                     R"(<Relationship Id="rIdVba" Type="http://schemas.microsoft.com/office/2006/relationships/vbaProject" Target="vbaProject.bin"/>)");
+      content.insert(
+          content.find("</Relationships>"),
+          R"(<Relationship Id="rIdVba" Type="http://schemas.microsoft.com/office/2006/relationships/vbaProject" Target="vbaProject.bin"/>)");
     }
     parts.emplace_back(name, content);
   }
@@ -142,12 +145,21 @@ TEST_F(CliTest, TheWrittenPackageMatchesItsExtension) {
     std::string out;
     std::string refusal;  // empty: written
   } cases[] = {
-      {macros, "out.xlsx", "\"" + macros.string() + "\" is a macro-enabled workbook, whose macros a .xlsx file cannot "
-                           "hold; write it to a .xlsm file instead of \"" + (dir / "out.xlsx").string() + "\""},
-      {plain, "out.xlsm", "\"" + plain.string() + "\" holds no macros, so it is written as a .xlsx workbook; give -o a "
-                          ".xlsx name instead of \"" + (dir / "out.xlsm").string() + "\""},
-      {dir / "text.csv", "out.xlsm", "\"" + (dir / "text.csv").string() + "\" holds no macros, so it is written as a "
-                                     ".xlsx workbook; give -o a .xlsx name instead of \"" + (dir / "out.xlsm").string() + "\""},
+      {macros, "out.xlsx",
+       "\"" + macros.string() +
+           "\" is a macro-enabled workbook, whose macros a .xlsx file cannot "
+           "hold; write it to a .xlsm file instead of \"" +
+           (dir / "out.xlsx").string() + "\""},
+      {plain, "out.xlsm",
+       "\"" + plain.string() +
+           "\" holds no macros, so it is written as a .xlsx workbook; give -o a "
+           ".xlsx name instead of \"" +
+           (dir / "out.xlsm").string() + "\""},
+      {dir / "text.csv", "out.xlsm",
+       "\"" + (dir / "text.csv").string() +
+           "\" holds no macros, so it is written as a "
+           ".xlsx workbook; give -o a .xlsx name instead of \"" +
+           (dir / "out.xlsm").string() + "\""},
       {macros, "out.xlsm", ""},
       {plain, "OUT.XLSX", ""},
   };

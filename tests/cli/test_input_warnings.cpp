@@ -16,20 +16,22 @@ std::string text(const std::string& ref, const std::string& s) {
 // Column A: numbers and two formulas a program wrote without calculating them; column B: two
 // numbers shown as dates (format 14) and one plain number.
 fs::path uncalculatedWorkbook(const fs::path& where) {
-  const std::string sheet = sheetXml(
-      "<row r=\"1\">" + text("A1", "Yield") + text("B1", "When") + "</row>"
-      R"(<row r="2"><c r="A2"><v>1</v></c><c r="B2" s="1"><v>45000</v></c></row>)"
-      R"(<row r="3"><c r="A3"><v>2</v></c><c r="B3" s="1"><v>45001</v></c></row>)"
-      R"(<row r="4"><c r="A4"><f>A2*2</f></c><c r="B4"><v>3</v></c></row>)"
-      R"(<row r="5"><c r="A5"><f>A3*2</f></c></row><row r="6"><c r="A6"><v>5</v></c></row>)");
+  const std::string sheet =
+      sheetXml("<row r=\"1\">" + text("A1", "Yield") + text("B1", "When") +
+               "</row>"
+               R"(<row r="2"><c r="A2"><v>1</v></c><c r="B2" s="1"><v>45000</v></c></row>)"
+               R"(<row r="3"><c r="A3"><v>2</v></c><c r="B3" s="1"><v>45001</v></c></row>)"
+               R"(<row r="4"><c r="A4"><f>A2*2</f></c><c r="B4"><v>3</v></c></row>)"
+               R"(<row r="5"><c r="A5"><f>A3*2</f></c></row><row r="6"><c r="A6"><v>5</v></c></row>)");
   Parts parts = oneSheetPackage(sheet);
   for (auto& [name, content] : parts) {
     if (name == "xl/_rels/workbook.xml.rels") {
       content = workbookRels({{"rId1", "worksheet", "worksheets/sheet1.xml"}, {"rId2", "styles", "styles.xml"}});
     }
   }
-  parts.emplace_back("xl/styles.xml", R"(<styleSheet xmlns=")" + kMainNs +
-                                          R"("><cellXfs count="2"><xf numFmtId="0"/><xf numFmtId="14"/></cellXfs></styleSheet>)");
+  parts.emplace_back("xl/styles.xml",
+                     R"(<styleSheet xmlns=")" + kMainNs +
+                         R"("><cellXfs count="2"><xf numFmtId="0"/><xf numFmtId="14"/></cellXfs></styleSheet>)");
   return writeZip(where, parts);
 }
 
@@ -67,10 +69,12 @@ TEST_F(CliTest, AnglesBelowAGapAndNumericHeadersAreSaid) {
     std::string range;
     std::string warning;
   } cases[] = {
-      {"A1:A3", "the header cell nums!$A$1 holds the number 12, not a name; is the first row data? (leave out "
-                "--headers if so)"},
-      {"A1:C3", "2 header cells of nums!$A$1:$C$3 hold numbers (the first, nums!$A$1 holds the number 12), not "
-                "names; is the first row data? (leave out --headers if so)"},
+      {"A1:A3",
+       "the header cell nums!$A$1 holds the number 12, not a name; is the first row data? (leave out "
+       "--headers if so)"},
+      {"A1:C3",
+       "2 header cells of nums!$A$1:$C$3 hold numbers (the first, nums!$A$1 holds the number 12), not "
+       "names; is the first row data? (leave out --headers if so)"},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.range);
@@ -93,14 +97,16 @@ TEST_F(CliTest, HeadersOverARangeWithoutDataRowsAreRefusedBeforeTheAnalysis) {
       {{"describe", "-i", "Data!A1:B1"}, belowRow},
       {{"circular", "-i", "Data!A1:B1"}, belowRow},
       {{"frequency", "-i", "Data!A1:B1"}, belowRow},
-      {{"describe", "-i", "Data!A2:A3,Data!B1"}, "orvella: --input \"Data!A2:A3,Data!B1\" has no data below its "
-                                                 "header row: with --headers its first row holds names, which leaves "
-                                                 "nothing to analyse; include the data in --input, or leave out "
-                                                 "--headers\n"},
-      {{"frequency", "-i", "Data!A1:A3", "--rows"}, "orvella: --input \"Data!A1:A3\" has no data right of its header "
-                                                    "column: with --headers its first column holds names, which leaves "
-                                                    "nothing to analyse; include the data in --input, or leave out "
-                                                    "--headers\n"},
+      {{"describe", "-i", "Data!A2:A3,Data!B1"},
+       "orvella: --input \"Data!A2:A3,Data!B1\" has no data below its "
+       "header row: with --headers its first row holds names, which leaves "
+       "nothing to analyse; include the data in --input, or leave out "
+       "--headers\n"},
+      {{"frequency", "-i", "Data!A1:A3", "--rows"},
+       "orvella: --input \"Data!A1:A3\" has no data right of its header "
+       "column: with --headers its first column holds names, which leaves "
+       "nothing to analyse; include the data in --input, or leave out "
+       "--headers\n"},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.args[0] + " " + c.args[2]);

@@ -75,7 +75,9 @@ TEST(AtomicWriteFiles, AFileThatMayNotBeWrittenIsRefusedAndLeftAlone) {
   const struct {
     fs::path target;
     const char* why;
-  } cases[] = {{readOnly, "it is read-only"}, {folder / "link.xlsx", "it is read-only"}, {folder / "dir.xlsx", "it is a folder"}};
+  } cases[] = {{readOnly, "it is read-only"},
+               {folder / "link.xlsx", "it is read-only"},
+               {folder / "dir.xlsx", "it is a folder"}};
   for (const auto& c : cases) {
     SCOPED_TRACE(c.target);
     EXPECT_EQ(refusalToWrite(c.target).value_or(""), c.why);

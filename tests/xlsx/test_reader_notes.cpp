@@ -16,10 +16,10 @@ TEST(ReaderNotes, DateFormatCodesAreToldFromNumberFormats) {
     const char* code;
     bool date;
   } cases[] = {
-      {"yyyy-mm-dd", true},   {"d/m/yy h:mm", true},   {"[h]:mm:ss", true},    {"[mm]", true},
-      {"hh:mm AM/PM", true},  {"[$-409]dddd", true},   {"MMM YYYY", true},     {"0.00", false},
-      {"General", false},     {"#,##0 \"days\"", false}, {"0.0\\m", false},    {"[Red]0.00", false},
-      {"_-* #,##0_-", false}, {"0.00E+00", false},     {"@", false},           {"\"unclosed", false},
+      {"yyyy-mm-dd", true},   {"d/m/yy h:mm", true},     {"[h]:mm:ss", true}, {"[mm]", true},
+      {"hh:mm AM/PM", true},  {"[$-409]dddd", true},     {"MMM YYYY", true},  {"0.00", false},
+      {"General", false},     {"#,##0 \"days\"", false}, {"0.0\\m", false},   {"[Red]0.00", false},
+      {"_-* #,##0_-", false}, {"0.00E+00", false},       {"@", false},        {"\"unclosed", false},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.code);
@@ -27,10 +27,12 @@ TEST(ReaderNotes, DateFormatCodesAreToldFromNumberFormats) {
   }
 }
 
-const std::string kStyles = R"(<styleSheet xmlns=")" + kMainNs + R"("><numFmts count="2">)"
-                            R"(<numFmt numFmtId="164" formatCode="yyyy\-mm\-dd"/><numFmt numFmtId="165" formatCode="0.0&quot;s&quot;"/>)"
-                            R"(</numFmts><cellXfs count="5"><xf numFmtId="0"/><xf numFmtId="14"/><xf numFmtId="164"/>)"
-                            R"(<xf numFmtId="165"/><xf numFmtId="2"/></cellXfs></styleSheet>)";
+const std::string kStyles =
+    R"(<styleSheet xmlns=")" + kMainNs +
+    R"("><numFmts count="2">)"
+    R"(<numFmt numFmtId="164" formatCode="yyyy\-mm\-dd"/><numFmt numFmtId="165" formatCode="0.0&quot;s&quot;"/>)"
+    R"(</numFmts><cellXfs count="5"><xf numFmtId="0"/><xf numFmtId="14"/><xf numFmtId="164"/>)"
+    R"(<xf numFmtId="165"/><xf numFmtId="2"/></cellXfs></styleSheet>)";
 
 Parts styledPackage(const std::string& sheetData) {
   Parts parts = oneSheetPackage(sheetXml(sheetData), R"(<sst xmlns=")" + kMainNs + R"("><si><t>x</t></si></sst>)");

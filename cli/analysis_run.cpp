@@ -78,7 +78,7 @@ int checkKind(const FileOptions& files, const LoadedPackageInfo& info) {
   const std::string wanted = packageExtension(info);
   const std::string given = lowerExtension(files.out);
   if (given == wanted) return kExitOk;
-  if (wanted == ".xlsm") {
+  if (wanted == ".xlsm" && (given == ".xlsx" || given == ".xltx")) {
     return usage(quotedPath(files.input) + " is a macro-enabled workbook, whose macros a " + given +
                  " file cannot hold; write it to a .xlsm file instead of " + quotedPath(files.out));
   }

@@ -2,6 +2,14 @@
 // The spreadsheet host as the component sees it. A host (the in-memory workbook model, or a live
 // spreadsheet) implements only these primitives; Range and reference resolution are built on
 // them in frame/ once for all hosts.
+//
+// Threads: every host object (the application, workbooks, worksheets, the ranges on them, the
+// charts, the worksheet functions) is touched only by the thread that called Results. A live
+// spreadsheet's object model is not thread-safe, so the drivers read each column's values on that
+// thread and hand helper threads plain arrays. The one exception is the distribution functions
+// of WorksheetFunction, when the host declares them callable from any thread
+// (DistributionFunctions::callableFromAnyThread); otherwise the drivers compute column by column
+// on the calling thread.
 
 #include <cstdint>
 #include <optional>
@@ -11,6 +19,7 @@
 
 #include "frame/cell_format.h"
 #include "frame/cell_value.h"
+#include "frame/distribution_functions.h"
 #include "frame/range.h"
 #include "frame/reference.h"
 #include "frame/value_array.h"
@@ -76,17 +85,11 @@ class Workbook {
   virtual void Activate() = 0;
 };
 
-// Numerical services of the host. Arguments follow the spreadsheet functions' rules; a violation
-// is a host failure (1004) such as "Unable to get the TInv property of the WorksheetFunction class".
-class WorksheetFunction {
+// Numerical services of the host: TInv, NormDist and ChiInv (distribution_functions.h), and Min
+// and Max of a range. Arguments follow the spreadsheet functions' rules; a violation is a host
+// failure (1004) such as "Unable to get the TInv property of the WorksheetFunction class".
+class WorksheetFunction : public DistributionFunctions {
  public:
-  virtual ~WorksheetFunction() = default;
-  // Two-tailed inverse of Student's t: p in (0, 1], degrees of freedom truncated, at least 1.
-  virtual double TInv(double probability, double degreesOfFreedom) = 0;
-  // Normal distribution; cumulative or density.
-  virtual double NormDist(double x, double mean, double standardDeviation, bool cumulative) = 0;
-  // Upper-tail inverse of chi-square: p in (0, 1], degrees of freedom truncated, 1 to 10^10.
-  virtual double ChiInv(double probability, double degreesOfFreedom) = 0;
   // Smallest and largest number in a range, texts, Booleans and empty cells ignored; 0 when there
   // is none. An error value in the range is a host failure.
   virtual double Min(const Range& range) = 0;

@@ -8,6 +8,10 @@
 //   ChiInv(p, df)     p in (0, 1], df truncated, 1 to 10^10     upper tail: ChiInv(0.05, 1) = 3.8415
 //   Min, Max          numbers of every area; texts, Booleans and empty cells ignored; 0 when the
 //                     range holds no number; an error value fails
+//
+// TInv, NormDist and ChiInv keep no state and touch no host object, so they may be called from
+// any thread at once; Min and Max read the sheet and belong to the calling thread like every
+// other host call.
 
 #include "frame/host.h"
 
@@ -18,6 +22,7 @@ class HostWorksheetFunctions final : public WorksheetFunction {
   double TInv(double probability, double degreesOfFreedom) override;
   double NormDist(double x, double mean, double standardDeviation, bool cumulative) override;
   double ChiInv(double probability, double degreesOfFreedom) override;
+  bool callableFromAnyThread() const override { return true; }
   double Min(const Range& range) override;
   double Max(const Range& range) override;
 };

@@ -14,6 +14,7 @@
 #include "frame/errors.h"
 #include "frame/host.h"
 #include "frame/numerics.h"
+#include "frame/platform_loop.h"
 #include "frame/procedure.h"
 #include "support/array_tools.h"
 #include "support/host_session.h"
@@ -29,21 +30,9 @@ constexpr const char* kNotAvailable = "n/a";
 double pi() { return 4.0 * std::atan(1.0); }
 
 // (180/π)²: turns a variance in square radians into square degrees.
-double squareDegreesPerSquareRadian() {
-  const double p = pi();
-  return divide(180.0 * 180.0, p * p);
-}
-
-Real sqrt(Real x) { return squareRoot(x.v); }
-Real exp(Real x) { return checked(std::exp(x.v)); }
-Real atan(Real x) { return std::atan(x.v); }
-
-// Observations are counted in 16 bits, like every loop over observations in the component: the
-// bound is converted before the first row, so more than 32767 observations overflow at once.
-template <class Body>
-void forObservations(std::int32_t n, Body&& body) {
-  const Int16 last = Int16::from(n);
-  for (std::int32_t i = 1; i <= last.value(); ++i) body(i);
+Real squareDegreesPerSquareRadian() {
+  const Real p = pi();
+  return Real(180.0 * 180.0) / (p * p);
 }
 
 }  // namespace
@@ -94,27 +83,32 @@ void clsDSCircBO::initialCalculations() {
 
     std::vector<double> cosines(static_cast<std::size_t>(n_));
     std::vector<double> sines(static_cast<std::size_t>(n_));
-    double sumCos = 0.0;
-    double sumSin = 0.0;
-    const double p = pi();
-    forObservations(n_, [&](std::int32_t i) {
-      const double theta = divide(multiply(toNumber(data_(i, 1)), p), 180.0);
+    Real sumCos = 0.0;
+    Real sumSin = 0.0;
+    const Real p = pi();
+    // Observations are counted in 16 bits, like every loop over observations in the component.
+    forRows<Int16>(n_, [&](std::int64_t i) {
+      const Real theta = Real(toNumber(data_(i, 1))) * p / 180.0;
       const auto at = static_cast<std::size_t>(i - 1);
-      cosines[at] = std::cos(theta);
-      sines[at] = std::sin(theta);
-      sumCos = add(sumCos, cosines[at]);
-      sumSin = add(sumSin, sines[at]);
+      cosines[at] = std::cos(theta.v);
+      sines[at] = std::sin(theta.v);
+      sumCos = sumCos + cosines[at];
+      sumSin = sumSin + sines[at];
     });
 
     // No observations: 0/0. Opposed directions (r = 0): C̄/r is 0/0 as well.
-    meanCos_ = divide(sumCos, static_cast<double>(n_));
-    meanSin_ = divide(sumSin, static_cast<double>(n_));
+    const Real count = static_cast<double>(n_);
+    const Real meanCos = sumCos / count;
+    const Real meanSin = sumSin / count;
     // Equal directions give r = 1 up to rounding, which can land one unit above 1; a length
     // above 1 does not exist, and left so it would make both variances tiny negatives whose
     // square roots fail. Clamp it.
-    r_ = std::min(1.0, squareRoot(add(multiply(meanCos_, meanCos_), multiply(meanSin_, meanSin_))));
-    cosMean_ = divide(meanCos_, r_);
-    sinMean_ = divide(meanSin_, r_);
+    const Real r = std::min(1.0, math::sqrt(meanCos * meanCos + meanSin * meanSin).v);
+    meanCos_ = meanCos.v;
+    meanSin_ = meanSin.v;
+    r_ = r.v;
+    cosMean_ = (meanCos / r).v;
+    sinMean_ = (meanSin / r).v;
     calculated_ = true;
 
     plotData_ = ArrayTools::Join(ArrayTools::FromDoubles(sines), ArrayTools::FromDoubles(cosines));
@@ -124,22 +118,22 @@ void clsDSCircBO::initialCalculations() {
 double clsDSCircBO::Mean() {
   return kProc("Mean", [&] {
     ensureCalculated();
-    const double p = pi();
+    const Real p = pi();
     // A C̄ of exactly 0 fails here, whatever the quadrant.
-    const double ratio = divide(meanSin_, meanCos_);
-    const double a = std::atan(ratio);
-    double mean = 0.0;
+    const Real ratio = Real(meanSin_) / meanCos_;
+    const Real a = math::atan(ratio);
+    Real mean = 0.0;
     if (cosMean_ >= 0.0 && sinMean_ >= 0.0) {
       mean = a;
     } else if (cosMean_ < 0.0 && sinMean_ >= 0.0) {
-      mean = p - std::fabs(a);
+      mean = p - math::abs(a);
     } else {
       // Both lower quadrants take the fourth quadrant's expression, so a mean direction in the
       // third quadrant is reported reflected into the fourth (225 as 315). Users' tables have
       // always shown it so; kept on purpose.
-      mean = 2.0 * p - std::atan(std::fabs(ratio));
+      mean = Real(2.0) * p - math::atan(math::abs(ratio));
     }
-    return divide(multiply(mean, 180.0), p);
+    return (mean * 180.0 / p).v;
   });
 }
 
@@ -153,23 +147,23 @@ double clsDSCircBO::MeanVector() {
 double clsDSCircBO::AngularVar() {
   return kProc("AngularVar", [&] {
     ensureCalculated();
-    return multiply(multiply(squareDegreesPerSquareRadian(), 2.0), subtract(1.0, r_));
+    return (squareDegreesPerSquareRadian() * 2.0 * (Real(1.0) - r_)).v;
   });
 }
 
 double clsDSCircBO::AngularSD() {
-  return kProc("AngularSD", [&] { return squareRoot(AngularVar()); });
+  return kProc("AngularSD", [&] { return math::sqrt(AngularVar()).v; });
 }
 
 double clsDSCircBO::CircularVar() {
   return kProc("CircularVar", [&] {
     ensureCalculated();
-    return multiply(squareDegreesPerSquareRadian(), multiply(-2.0, logarithm(r_)));
+    return (squareDegreesPerSquareRadian() * (Real(-2.0) * math::log(r_))).v;
   });
 }
 
 double clsDSCircBO::CircularSD() {
-  return kProc("CircularSD", [&] { return squareRoot(CircularVar()); });
+  return kProc("CircularSD", [&] { return math::sqrt(CircularVar()).v; });
 }
 
 double clsDSCircBO::Count() {
@@ -182,7 +176,7 @@ double clsDSCircBO::Count() {
 double clsDSCircBO::Rayleigh() {
   return kProc("Rayleigh", [&] {
     ensureCalculated();
-    return multiply(static_cast<double>(n_), multiply(r_, r_));
+    return (Real(static_cast<double>(n_)) * (Real(r_) * r_)).v;
   });
 }
 
@@ -219,16 +213,16 @@ std::optional<double> clsDSCircBO::confidenceLimit() {
   if (n_ < 8) return std::nullopt;
 
   Real x = 0.0;
-  if (r_ <= 0.9 && sqrt(chi2 / (2.0 * n)).v < r_) {
-    x = sqrt(2.0 * n * (2.0 * bigR * bigR - n * chi2) / (4.0 * n - chi2)) / bigR;
+  if (r_ <= 0.9 && math::sqrt(chi2 / (2.0 * n)).v < r_) {
+    x = math::sqrt(2.0 * n * (2.0 * bigR * bigR - n * chi2) / (4.0 * n - chi2)) / bigR;
   } else if (r_ > 0.9) {
-    x = sqrt(n * n - (n * n - bigR * bigR) * exp(chi2 / n)) / bigR;
+    x = math::sqrt(n * n - (n * n - bigR * bigR) * math::exp(chi2 / n)) / bigR;
   } else {
     return std::nullopt;
   }
 
   // arccos x, written with the arctangent: x = 1 makes the root 0 and the division fail.
-  const Real d = atan(-x / sqrt(1.0 - x * x)) + 2.0 * std::atan(1.0);
+  const Real d = math::atan(-x / math::sqrt(1.0 - x * x)) + 2.0 * std::atan(1.0);
   cl_ = (d * 180.0 / pi()).v;
   return cl_;
 }

@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "frame/numerics.h"
+#include "frame/checked_real.h"
 
 namespace orv {
 namespace {
@@ -12,16 +12,16 @@ constexpr double kTolerance = 0.0000001;
 }  // namespace
 
 double RayleighCriticalZ(double p, std::int32_t n) {
-  const double k = -logarithm(p);
-  const double nn = static_cast<double>(n);
-  const double k2 = k * k;
-  const double k3 = k2 * k;
-  const double k4 = k3 * k;
+  const Real k = -math::log(p);
+  const Real nn = static_cast<double>(n);
+  const Real k2 = k * k;
+  const Real k3 = k2 * k;
+  const Real k4 = k3 * k;
   // Each term divided step by step, as the formula is written: "/ 4 / n" rather than "/ (4n)".
-  const double t1 = divide(divide(2.0 * k - k2, 4.0), nn);
-  const double t2 = divide(divide(12.0 * k - 3.0 * k2 - k3, 72.0), nn * nn);
-  const double t3 = divide(divide(42.0 * k2 - 12.0 * k - 8.0 * k3 - k4, 288.0), nn * nn * nn);
-  return checked(k + t1 + t2 + t3);
+  const Real t1 = (Real(2.0) * k - k2) / 4.0 / nn;
+  const Real t2 = (Real(12.0) * k - Real(3.0) * k2 - k3) / 72.0 / (nn * nn);
+  const Real t3 = (Real(42.0) * k2 - Real(12.0) * k - Real(8.0) * k3 - k4) / 288.0 / (nn * nn * nn);
+  return (k + t1 + t2 + t3).v;
 }
 
 double RayleighProbability(double z, std::int32_t n) {

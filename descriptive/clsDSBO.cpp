@@ -7,13 +7,14 @@
 #include "descriptive/clsDSBO_internal.h"
 #include "frame/conversions.h"
 #include "frame/host.h"
+#include "frame/platform_loop.h"
 #include "support/array_tools.h"
 #include "support/host_session.h"
 
 namespace orv {
 
-using detail::forRows;
 using detail::kDSBO;
+using detail::real;
 
 namespace {
 
@@ -21,9 +22,9 @@ namespace {
 // level cl (percent) with n - 1 degrees of freedom, from the host.
 double tCritical(std::int16_t cl, std::int32_t n) {
   const Int16 tail = Int16(100) - Int16(cl);
-  const double p = divide(tail.value(), 100.0);
+  const Real p = Real(tail.value()) / 100.0;
   const Int32 degrees = Int32(n) - Int32(1);
-  return checked(HostSession::Application().worksheetFunction().TInv(p, degrees.value()));
+  return checked(HostSession::Application().worksheetFunction().TInv(p.v, degrees.value()));
 }
 
 }  // namespace
@@ -75,9 +76,9 @@ double clsDSBO::Sum() {
     if (!haveSum_) {
       // Counts in 16 bits: more than 32767 observations overflow here, and with them every
       // statistic built on the sum. Kept on purpose; Count itself goes on answering.
-      double total = 0.0;
-      forRows<Int16>(Count(), [&](std::int64_t i) { total = add(total, value(i)); });
-      sum_ = total;
+      Real total = 0.0;
+      forRows<Int16>(Count(), [&](std::int64_t i) { total = total + value(i); });
+      sum_ = total.v;
       haveSum_ = true;
     }
     return sum_;
@@ -88,7 +89,7 @@ double clsDSBO::Mean() {
   return kDSBO("Mean", [&] {
     if (!haveMean_) {
       // No observations: 0/0, which the platform reports as an overflow.
-      mean_ = divide(Sum(), static_cast<double>(Count()));
+      mean_ = (Real(Sum()) / real(Count())).v;
       haveMean_ = true;
     }
     return mean_;
@@ -100,13 +101,13 @@ double clsDSBO::Variance() {
     if (!haveVariance_) {
       // Squared deviations from the mean rather than power sums: no cancellation for data far
       // from zero. This loop counts in 32 bits; the 16-bit limit comes from Mean.
-      const double mean = Mean();
-      double squares = 0.0;
+      const Real mean = Mean();
+      Real squares = 0.0;
       forRows<Int32>(Count(), [&](std::int64_t i) {
-        squares = add(squares, power(subtract(value(i), mean), 2.0));
+        squares = squares + math::pow(Real(value(i)) - mean, 2.0);
       });
       const Int32 n = Count();
-      variance_ = n.value() < 2 ? 0.0 : divide(squares, static_cast<double>((n - Int32(1)).value()));
+      variance_ = n.value() < 2 ? 0.0 : (squares / real((n - Int32(1)).value())).v;
       haveVariance_ = true;
     }
     return variance_;
@@ -114,16 +115,16 @@ double clsDSBO::Variance() {
 }
 
 double clsDSBO::SD() {
-  return kDSBO("SD", [&] { return squareRoot(Variance()); });
+  return kDSBO("SD", [&] { return math::sqrt(Variance()).v; });
 }
 
 double clsDSBO::SE() {
-  return kDSBO("SE", [&] { return squareRoot(divide(Variance(), static_cast<double>(Count()))); });
+  return kDSBO("SE", [&] { return math::sqrt(Real(Variance()) / real(Count())).v; });
 }
 
 double clsDSBO::CV() {
   // Keeps the sign of the mean: a negative mean gives a negative percentage.
-  return kDSBO("CV", [&] { return multiply(divide(squareRoot(Variance()), Mean()), 100.0); });
+  return kDSBO("CV", [&] { return (math::sqrt(Variance()) / Mean() * 100.0).v; });
 }
 
 double clsDSBO::Min() {
@@ -138,8 +139,8 @@ double clsDSBO::Max() {
 
 double clsDSBO::rng() {
   return kDSBO("rng", [&] {
-    const double last = value(Count());
-    return subtract(last, value(1));
+    const Real last = value(Count());
+    return (last - value(1)).v;
   });
 }
 
@@ -147,8 +148,8 @@ double clsDSBO::LCL(std::int16_t cl) {
   return kDSBO("LCL", [&] {
     const std::int32_t n = Count();
     if (n < 2) return Mean();
-    const double se = SE();
-    return subtract(Mean(), multiply(se, tCritical(cl, n)));
+    const Real se = SE();
+    return (Real(Mean()) - se * tCritical(cl, n)).v;
   });
 }
 
@@ -156,8 +157,8 @@ double clsDSBO::UCL(std::int16_t cl) {
   return kDSBO("UCL", [&] {
     const std::int32_t n = Count();
     if (n < 2) return Mean();
-    const double se = SE();
-    return add(Mean(), multiply(se, tCritical(cl, n)));
+    const Real se = SE();
+    return (Real(Mean()) + se * tCritical(cl, n)).v;
   });
 }
 

@@ -7,6 +7,7 @@
 
 #include "descriptive/clsDSBO.h"
 #include "descriptive/clsDSBO_internal.h"
+#include "frame/checked_real.h"
 #include "descriptive/frequency_table.h"
 #include "frame/conversions.h"
 #include "frame/numerics.h"
@@ -21,7 +22,7 @@ double clsDSBO::Median() {
     const std::int64_t n = Count();
     if (n % 2 != 0) return value(n / 2 + 1);
     // Even count, and also no observations at all, which reads row 0: a subscript error.
-    return (Real(value(n / 2)) + Real(value(n / 2 + 1))).v / 2.0;
+    return ((Real(value(n / 2)) + value(n / 2 + 1)) / 2.0).v;
   });
 }
 
@@ -82,9 +83,9 @@ double clsDSBO::UP(std::uint8_t p) {
 // asymmetry kept on purpose. A position below 1 reads row 0, a subscript error.
 double clsDSBO::percentile(std::uint8_t p) {
   const Int32 n = Count();
-  const double position = divide((n + Int32(1)).value(), divide(100.0, p));
-  const Int16 k = toInt16(intFloor(position));
-  const Real fraction = Real(position) - Real(k.value());
+  const Real position = Real((n + Int32(1)).value()) / (Real(100.0) / static_cast<double>(p));
+  const Int16 k = toInt16(intFloor(position.v));
+  const Real fraction = position - Real(k.value());
   const Real low = value(k.value());
   if ((k + Int16(1)).value() < n.value()) {
     return (low + fraction * (Real(value(k.value() + 1)) - low)).v;

@@ -10,16 +10,16 @@
 #include "descriptive/clsDSBO_internal.h"
 #include "frame/conversions.h"
 #include "frame/host.h"
+#include "frame/platform_loop.h"
 #include "frame/small_power.h"
 #include "support/host_session.h"
 
 namespace orv {
 
-using detail::forRows;
 using detail::kDSBO;
 using detail::real;
-using detail::pow;
-using detail::abs;
+using math::abs;
+using math::pow;
 
 namespace {
 
@@ -77,7 +77,7 @@ CellValue clsDSBO::Skewness() {
       const Real n = real(count);
       const Real s = Sum();
       powerSums();
-      const Real sd = detail::sqrt(Variance());
+      const Real sd = math::sqrt(Variance());
       const Real numerator = Real(2) * pow(s, 3) / n + n * sum3_ - Real(3) * s * sum2_;
       // 32-bit product: 0 for n <= 2, which makes the division fail.
       const Int32 pairs = (count - Int32(2)) * (count - Int32(1));
@@ -118,15 +118,15 @@ CellValue clsDSBO::SkewnessP() {
       // A "-" skewness is no number: the conversion fails and so does the probability.
       const Real g = toNumber(Skewness());
       const Real n = real(count);
-      const Real b = g * (n - 2) / detail::sqrt(n * (n - 1));
-      const Real y = b * detail::sqrt((n + 1) * (n + 3) / (Real(6) * (n - 2)));
+      const Real b = g * (n - 2) / math::sqrt(n * (n - 1));
+      const Real y = b * math::sqrt((n + 1) * (n + 3) / (Real(6) * (n - 2)));
       const Real beta2 = Real(3) * (pow(n, 2) + Real(27) * n - 70) * (n + 1) * (n + 3) /
                          ((n - 2) * (n + 5) * (n + 7) * (n + 9));
-      const Real w2 = detail::sqrt(Real(2) * (beta2 - 1)) - 1;
-      const Real delta = Real(1) / detail::sqrt(detail::log(detail::sqrt(w2)));
-      const Real alpha = detail::sqrt(Real(2) / (w2 - 1));
+      const Real w2 = math::sqrt(Real(2) * (beta2 - 1)) - 1;
+      const Real delta = Real(1) / math::sqrt(math::log(math::sqrt(w2)));
+      const Real alpha = math::sqrt(Real(2) / (w2 - 1));
       const Real ya = y / alpha;
-      const Real z = delta * detail::log(ya + detail::sqrt(pow(ya, 2) + 1));
+      const Real z = delta * math::log(ya + math::sqrt(pow(ya, 2) + 1));
       return CellValue(twoTailed(z).v);
     });
   });
@@ -143,13 +143,13 @@ CellValue clsDSBO::KurtosisP() {
       const Real varB =
           Real(24) * n * (n - 2) * (n - 3) / (pow(n + 1, 2) * (n + 3) * (n + 5));
       // |K|: a negative kurtosis is tested like a positive one of the same size. Kept on purpose.
-      const Real x = abs(k) * (n - 3) * (n - 2) / ((n - 1) * (n + 1) * detail::sqrt(varB));
+      const Real x = abs(k) * (n - 3) * (n - 2) / ((n - 1) * (n + 1) * math::sqrt(varB));
       const Real c = Real(6) * (pow(n, 2) - Real(5) * n + 2) / ((n + 9) * (n + 7)) *
-                     detail::sqrt(Real(6) * (n + 3) * (n + 5) / ((n - 2) * n * (n - 3)));
-      const Real a = Real(6) + (Real(8) / c) * (Real(2) / c + detail::sqrt(Real(1) + Real(4) / pow(c, 2)));
-      const Real q = (Real(1) - Real(2) / a) / (Real(1) + x * detail::sqrt(Real(2) / (a - 4)));
+                     math::sqrt(Real(6) * (n + 3) * (n + 5) / ((n - 2) * n * (n - 3)));
+      const Real a = Real(6) + (Real(8) / c) * (Real(2) / c + math::sqrt(Real(1) + Real(4) / pow(c, 2)));
+      const Real q = (Real(1) - Real(2) / a) / (Real(1) + x * math::sqrt(Real(2) / (a - 4)));
       const Real z = ((Real(1) - Real(2) / (Real(9) * a)) - pow(q, 1.0 / 3.0)) /
-                     detail::sqrt(Real(2) / (Real(9) * a));
+                     math::sqrt(Real(2) / (Real(9) * a));
       return CellValue(twoTailed(z).v);
     });
   });

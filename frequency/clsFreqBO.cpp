@@ -2,6 +2,7 @@
 
 #include "frequency/clsFreqBO.h"
 
+#include "frame/checked_real.h"
 #include "frame/errors.h"
 #include "frequency/clsFreqBO_internal.h"
 #include "support/host_session.h"
@@ -114,10 +115,10 @@ void clsFreqBO::cumulate() {
   for (std::int32_t i = 2; i <= k; ++i) {
     cumCounts_(i) = (Int32(cumCounts_(i - 1)) + Int32(counts_(i))).value();
   }
-  const double total = cumCounts_(k);
+  const Real total = static_cast<double>(cumCounts_(k));
   for (std::int32_t i = 1; i <= k; ++i) {
-    percents_(i) = multiply(divide(counts_(i), total), 100.0);
-    cumPercents_(i) = multiply(divide(cumCounts_(i), total), 100.0);
+    percents_(i) = (Real(counts_(i)) / total * 100.0).v;
+    cumPercents_(i) = (Real(cumCounts_(i)) / total * 100.0).v;
   }
 }
 

@@ -14,6 +14,7 @@
 #include <optional>
 #include <vector>
 
+#include "frame/checked_real.h"
 #include "frame/errors.h"
 #include "frame/fixed4.h"
 #include "frequency/clsFreqBO_internal.h"
@@ -81,7 +82,7 @@ WidthTest testWidths(const ValueArray1D& bins, bool& greaterThanCatUsed) {
   if (t.width == Fixed4()) return t;
   t.equalWidth = true;
   for (std::int32_t i = 2; i <= m - 1; ++i) {
-    if (i > kMaxCounter) raiseOverflow();
+    step16BitCounter(i);
     const Fixed4 next = fixedOf(bins(i + 1));
     if (next - previous != t.width) {
       t.equalWidth = false;
@@ -108,8 +109,8 @@ Array1D<std::int32_t> binnedCounts(ValueArray1D& categories, const ValueArray1D&
   std::optional<Fixed4> closedTop;  // last bin + width, with equal widths
 
   for (std::int32_t j = 1; j <= n; ++j) {
-    if (j > kMaxCounter) raiseOverflow();
-    if (m > kMaxCounter) raiseOverflow();  // the downward bin counter cannot start
+    step16BitCounter(j);
+    step16BitCounter(m);  // the downward bin counter cannot start
     double x = 0.0;
     std::int32_t b = 0;
     if (m >= 1) {
@@ -134,13 +135,13 @@ Array1D<std::int32_t> binnedCounts(ValueArray1D& categories, const ValueArray1D&
   std::vector<std::int32_t>& cnt = counts.items();
   if (lessCount >= 1) {
     // The front category keeps the first bin's value, which the layout shows as its "<" bound.
-    if (m + 1 > kMaxCounter) raiseOverflow();
+    step16BitCounter(std::int64_t{m} + 1);
     cats.insert(cats.begin(), m >= 1 ? cats.front() : CellValue());
     cnt.insert(cnt.begin(), lessCount.value());
     lessThanCatUsed = true;
   }
   if (greaterCount >= 1 && widths.equalWidth) {
-    cats.emplace_back(numberToText(add(toNumber(cats.back()), widths.width.toDouble())));
+    cats.emplace_back(numberToText((Real(toNumber(cats.back())) + widths.width.toDouble()).v));
     cnt.push_back(greaterCount.value());
     greaterThanCatUsed = true;
   }

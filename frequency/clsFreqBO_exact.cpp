@@ -21,7 +21,6 @@ namespace orv {
 
 using detail::categoryKey;
 using detail::kFreqBO;
-using detail::kMaxCounter;
 
 namespace detail {
 namespace {
@@ -43,8 +42,8 @@ Array1D<std::int32_t> exactCounts(const ValueArray1D& categories, const ValueArr
                                   const ValueArray1D& weights) {
   const std::int32_t m = categories.size();
   const std::int32_t n = data.size();
-  const std::int32_t scannedCategories = std::min(m, kMaxCounter);
-  const std::int32_t scannedData = std::min(n, kMaxCounter);
+  const std::int32_t scannedCategories = std::min(m, kLast16BitStep);
+  const std::int32_t scannedData = std::min(n, kLast16BitStep);
 
   std::unordered_map<std::string, std::size_t> tallyOf;
   tallyOf.reserve(static_cast<std::size_t>(scannedCategories));
@@ -72,10 +71,10 @@ Array1D<std::int32_t> exactCounts(const ValueArray1D& categories, const ValueArr
   for (std::int32_t i = 1; i <= scannedCategories; ++i) {
     const Tally& tally = tallies[tallyOfCategory[static_cast<std::size_t>(i - 1)]];
     if (tally.error) throw *tally.error;
-    if (n > kMaxCounter) raiseOverflow();
+    step16BitCounter(n);
     counts(i) = tally.sum.value();
   }
-  if (m > kMaxCounter) raiseOverflow();
+  step16BitCounter(m);
   return counts;
 }
 
@@ -89,7 +88,7 @@ ValueArray1D clsFreqBO::UniqueNumbers(const ValueArray1D& data) {
     ArrayTools::SortRows(sorted, 1);
 
     std::vector<CellValue> distinct{CellValue(categoryKey(sorted(1, 1)))};
-    if (n > kMaxCounter) raiseOverflow();
+    step16BitCounter(n);
     std::unordered_set<std::string> seen{distinct.front().text()};
     seen.reserve(static_cast<std::size_t>(n));
     for (std::int32_t i = 2; i <= n; ++i) {
@@ -107,7 +106,7 @@ ValueArray1D clsFreqBO::UniqueItems(const ValueArray1D& data) {
     const std::int32_t n = data.size();
     // The first datum is a category as it stands, even an empty one.
     std::vector<CellValue> items{data(1)};
-    if (n > kMaxCounter) raiseOverflow();
+    step16BitCounter(n);
     std::unordered_set<std::string> seen{categoryKey(data(1))};
     seen.reserve(static_cast<std::size_t>(n));
     for (std::int32_t i = 2; i <= n; ++i) {

@@ -7,6 +7,7 @@
 #include "frame/cell_value.h"
 #include "frame/conversions.h"
 #include "frame/numerics.h"
+#include "frame/platform_loop.h"
 #include "frame/procedure.h"
 #include "frame/value_array.h"
 
@@ -14,9 +15,8 @@ namespace orv::detail {
 
 inline constexpr Procedures kFreqBO{"clsFreqBO"};
 
-// Loop counters over observations and bins are 16-bit: the engine refuses longer lists with an
-// overflow, exactly where a counter would pass this value.
-inline constexpr std::int32_t kMaxCounter = 32767;
+// Loop counters over observations and bins are 16-bit (frame/platform_loop.h): the engine refuses
+// longer lists with an overflow, exactly where a counter would pass kLast16BitStep.
 
 // The key under which two cell values are the same category: their text form. A number equals
 // the text made from it ("3" and 3), an empty cell equals the empty text, and texts compare

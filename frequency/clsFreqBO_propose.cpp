@@ -11,6 +11,7 @@
 #include <optional>
 #include <vector>
 
+#include "frame/checked_real.h"
 #include "frequency/clsFreqBO.h"
 #include "frequency/clsFreqBO_internal.h"
 #include "support/array_tools.h"
@@ -18,7 +19,6 @@
 namespace orv {
 
 using detail::kFreqBO;
-using detail::kMaxCounter;
 
 namespace {
 
@@ -37,41 +37,43 @@ std::optional<ValueArray1D> clsFreqBO::ProposeBins(const ValueArray1D& data) {
     const std::int32_t n = data.size();
     ValueArray2D column(n, 1);
     std::copy(data.items().begin(), data.items().end(), column.cells().begin());
-    const double max = ArrayTools::MaxOf(column);
-    const double min = ArrayTools::MinOf(column);
-    const double range = subtract(max, min);
-    if (range == 0.0) return std::nullopt;
+    const Real max = ArrayTools::MaxOf(column);
+    const Real min = ArrayTools::MinOf(column);
+    const Real range = max - min;
+    if (range.v == 0.0) return std::nullopt;
 
     // Empty cells sort last and read as 0, so a column with blanks can yield a negative
     // difference here; it only lowers the gap and so never narrows a bin.
     ArrayTools::SortRows(column, 1);
-    double gap = range;
+    Real gap = range;
     for (std::int32_t i = 2; i <= n; ++i) {
-      if (i > kMaxCounter) raiseOverflow();
-      const double d = subtract(toNumber(column(i, 1)), toNumber(column(i - 1, 1)));
-      if (d < gap && d != 0.0) gap = d;
+      step16BitCounter(i);
+      const Real d = Real(toNumber(column(i, 1))) - toNumber(column(i - 1, 1));
+      if (d.v < gap.v && d.v != 0.0) gap = d;
     }
 
-    double x = range;
-    double scale = 1.0;
-    while (x <= 10.0) {
-      x = multiply(x, 10.0);
-      scale = multiply(scale, 10.0);
+    Real x = range;
+    Real scale = 1.0;
+    while (x.v <= 10.0) {
+      x = x * 10.0;
+      scale = scale * 10.0;
     }
-    while (x > 100.0) {
-      x = divide(x, 10.0);
-      scale = divide(scale, 10.0);
+    while (x.v > 100.0) {
+      x = x / 10.0;
+      scale = scale / 10.0;
     }
-    double width = divide(stepFor(x), scale);
-    if (width < gap) width = gap;
+    Real width = Real(stepFor(x.v)) / scale;
+    if (width.v < gap.v) width = gap;
 
-    const double start = multiply(intFloor(divide(min, width)), width);
+    const Real start = Real(intFloor((min / width).v)) * width;
     Int16 k = 1;
-    while (start + k.value() * width < max) ++k;
+    // Compared as the sum comes, unchecked: only for a maximum next to the largest double could
+    // the top of the last bin round to infinity, and then the search simply ends there.
+    while (start.v + k.value() * width.v < max.v) ++k;
 
-    std::vector<CellValue> bins{CellValue(numberToText(start))};
+    std::vector<CellValue> bins{CellValue(numberToText(start.v))};
     for (Int16 i = 2; i <= k; ++i) {
-      bins.emplace_back(numberToText(add(multiply(i.value() - 1, width), start)));
+      bins.emplace_back(numberToText((Real(i.value() - 1) * width + start).v));
     }
     return ValueArray1D(std::move(bins));
   });

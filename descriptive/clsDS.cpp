@@ -15,6 +15,7 @@
 #include "frame/procedure.h"
 #include "support/host_session.h"
 #include "support/input_columns.h"
+#include "support/ordinal.h"
 #include "support/ordered_parallel.h"
 #include "support/range_checks.h"
 #include "support/results_sheet.h"
@@ -91,11 +92,11 @@ std::string labelOf(const LayoutRow& row, const Options& o) {
     case Label::UpperCL: return "Upper " + std::to_string(o.cl) + "%CL";
     // The lower row always carries the smaller of P and 100 - P.
     case Label::LowerPercentile:
-      return HostSession::Ordinal(std::to_string(p > 50 ? 100 - p : p)) + " Percentile";
+      return Ordinal(std::to_string(p > 50 ? 100 - p : p)) + " Percentile";
     case Label::UpperPercentile:
-      return HostSession::Ordinal(std::to_string(p > 50 ? p : 100 - p)) + " Percentile";
-    case Label::Smallest: return HostSession::Ordinal(std::to_string(o.smallest)) + " Smallest";
-    case Label::Largest: return HostSession::Ordinal(std::to_string(o.largest)) + " Largest";
+      return Ordinal(std::to_string(p > 50 ? p : 100 - p)) + " Percentile";
+    case Label::Smallest: return Ordinal(std::to_string(o.smallest)) + " Smallest";
+    case Label::Largest: return Ordinal(std::to_string(o.largest)) + " Largest";
   }
   return {};
 }

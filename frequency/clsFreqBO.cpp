@@ -5,7 +5,7 @@
 #include "frame/checked_real.h"
 #include "frame/errors.h"
 #include "frequency/clsFreqBO_internal.h"
-#include "support/host_session.h"
+#include "support/is_unassigned.h"
 
 namespace orv {
 
@@ -62,15 +62,15 @@ void clsFreqBO::Analyse() {
 
 void clsFreqBO::AnalyseNumerical() {
   kFreqBO("AnalyseNumerical", [&] {
-    if (HostSession::IsUnassigned(data_)) {
+    if (IsUnassigned(data_)) {
       // Pre-counted: the bins are the categories and each carries the frequencies given for it.
-      if (HostSession::IsUnassigned(bin_)) raise(err::kNoInputRange);
-      if (HostSession::IsUnassigned(frequencies_)) raise(err::kBinsWithoutFrequencies);
+      if (IsUnassigned(bin_)) raise(err::kNoInputRange);
+      if (IsUnassigned(frequencies_)) raise(err::kBinsWithoutFrequencies);
       values_ = *bin_;
       counts_ = UniqueCounts(values_, *bin_, *frequencies_, false);
     } else {
-      if (HostSession::IsUnassigned(frequencies_)) frequencies_ = unitWeights(data_->size());
-      if (HostSession::IsUnassigned(bin_)) {
+      if (IsUnassigned(frequencies_)) frequencies_ = unitWeights(data_->size());
+      if (IsUnassigned(bin_)) {
         values_ = UniqueNumbers(*data_);
         counts_ = UniqueCounts(values_, *data_, *frequencies_, false);
       } else {
@@ -85,9 +85,9 @@ void clsFreqBO::AnalyseNumerical() {
 void clsFreqBO::AnalyseCategorical() {
   kFreqBO("AnalyseCategorical", [&] {
     // The platform cannot take the bounds of a value that holds no array.
-    if (HostSession::IsUnassigned(data_)) raise(err::kTypeMismatch);
+    if (IsUnassigned(data_)) raise(err::kTypeMismatch);
     values_ = UniqueItems(*data_);
-    if (HostSession::IsUnassigned(frequencies_)) frequencies_ = unitWeights(data_->size());
+    if (IsUnassigned(frequencies_)) frequencies_ = unitWeights(data_->size());
     counts_ = UniqueCounts(values_, *data_, *frequencies_, false);
     cumulate();
   });

@@ -242,9 +242,11 @@ Range clsDSCirc::GetResults(Int16& columnCount, PlotDataRows& plotPositions) {
       std::vector<CellValue> values;
       ValueArray2D plot;
     };
+    DistributionFunctions& functions = HostSession::Application().worksheetFunction();
     ColumnSteps steps(places.size());
     const auto statistics = [&](std::size_t i) {
       clsDSCircBO bo;
+      bo.Functions(&functions);
       steps.reading(i);
       const Range data = columnData(*input_, places[i], startRow);
       // The host reads a one-cell range as a single value, not as an array.

@@ -12,12 +12,10 @@
 #include "frame/checked_real.h"
 #include "frame/conversions.h"
 #include "frame/errors.h"
-#include "frame/host.h"
 #include "frame/numerics.h"
 #include "frame/platform_loop.h"
 #include "frame/procedure.h"
 #include "support/array_tools.h"
-#include "support/host_session.h"
 
 namespace orv {
 namespace {
@@ -39,6 +37,10 @@ Real squareDegreesPerSquareRadian() {
 
 clsDSCircBO::clsDSCircBO() {
   kProc("Class_Initialize", [] {});
+}
+
+void clsDSCircBO::Functions(DistributionFunctions* service) {
+  kProc("LetFunctions", [&] { functions_ = service; });
 }
 
 void clsDSCircBO::Data(ValueArray2D column) {
@@ -209,7 +211,9 @@ std::optional<double> clsDSCircBO::confidenceLimit() {
   const Real n = static_cast<double>(n_);
   const Real r = r_;
   const Real bigR = n * r;
-  const Real chi2 = checked(HostSession::Application().worksheetFunction().ChiInv(0.05, 1));
+  // As a reference to an object that was never set: "Object required", which CL turns into "n/a".
+  if (functions_ == nullptr) raise(err::kObjectRequired);
+  const Real chi2 = checked(functions_->ChiInv(0.05, 1));
   if (n_ < 8) return std::nullopt;
 
   Real x = 0.0;

@@ -19,19 +19,26 @@
 //     as Data is no array and fails the same way; more than 32767 observations overflow (6).
 // CL never raises: any failure, and fewer than 8 observations, give the text "n/a".
 //
-// The chi-square quantile of CL comes from the attached host (HostSession::Application()).
+// The chi-square quantile of CL comes from the service handed to Functions (the host's worksheet
+// functions); without one CL is "n/a". The object touches nothing else outside itself, so it may
+// run on any thread that its service allows (frame/distribution_functions.h).
 
 #include <cstdint>
 #include <optional>
 
 #include "frame/cell_value.h"
+#include "frame/distribution_functions.h"
 #include "frame/value_array.h"
 
 namespace orv {
 
 class clsDSCircBO {  // NOLINT(readability-identifier-naming): the component's own class name
  public:
-  clsDSCircBO();  // no data; nothing computed
+  clsDSCircBO();  // no data; nothing computed; no distribution functions
+
+  // The service that ChiInv is taken from; nullptr for none. Not owned: it must outlive every
+  // request.
+  void Functions(DistributionFunctions* service);
 
   // Stores the column as it is and clears every computed value.
   void Data(ValueArray2D column);
@@ -60,6 +67,7 @@ class clsDSCircBO {  // NOLINT(readability-identifier-naming): the component's o
   void ensureCalculated();
   std::optional<double> confidenceLimit();
 
+  DistributionFunctions* functions_ = nullptr;
   ValueArray2D data_;
   bool isArray_ = false;
 

@@ -300,9 +300,11 @@ Range clsDS::GetResults() {
     // into the table strictly in column order, so the first failing column is still the one
     // reported and the names are read in the same order as the values.
     const std::vector<InputColumn> places = inputColumns(*input_);
+    DistributionFunctions& functions = HostSession::Application().worksheetFunction();
     ColumnSteps steps(places.size());
     const auto statistics = [&](std::size_t i) {
       clsDSBO bo;
+      bo.Functions(&functions);
       steps.reading(i);
       bo.Data(columnData(*input_, places[i], firstDataRow).Values());
       std::vector<CellValue> values;

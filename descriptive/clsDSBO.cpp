@@ -6,10 +6,9 @@
 
 #include "descriptive/clsDSBO_internal.h"
 #include "frame/conversions.h"
-#include "frame/host.h"
+#include "frame/errors.h"
 #include "frame/platform_loop.h"
 #include "support/array_tools.h"
-#include "support/host_session.h"
 
 namespace orv {
 
@@ -19,18 +18,28 @@ using detail::real;
 namespace {
 
 // Half-width factor of the confidence interval: the two-tailed t quantile for the confidence
-// level cl (percent) with n - 1 degrees of freedom, from the host.
-double tCritical(std::int16_t cl, std::int32_t n) {
+// level cl (percent) with n - 1 degrees of freedom, from the host's functions.
+double tCritical(DistributionFunctions& functions, std::int16_t cl, std::int32_t n) {
   const Int16 tail = Int16(100) - Int16(cl);
   const Real p = Real(tail.value()) / 100.0;
   const Int32 degrees = Int32(n) - Int32(1);
-  return checked(HostSession::Application().worksheetFunction().TInv(p.v, degrees.value()));
+  return checked(functions.TInv(p.v, degrees.value()));
 }
 
 }  // namespace
 
 clsDSBO::clsDSBO() {
   kDSBO("Class_Initialize", [&] { ResetFlags(); });
+}
+
+void clsDSBO::Functions(DistributionFunctions* service) {
+  kDSBO("LetFunctions", [&] { functions_ = service; });
+}
+
+DistributionFunctions& clsDSBO::functions() const {
+  // As a reference to an object that was never set: "Object required".
+  if (functions_ == nullptr) raise(err::kObjectRequired);
+  return *functions_;
 }
 
 void clsDSBO::Data(const ValueArray2D& column) {
@@ -149,7 +158,7 @@ double clsDSBO::LCL(std::int16_t cl) {
     const std::int32_t n = Count();
     if (n < 2) return Mean();
     const Real se = SE();
-    return (Real(Mean()) - se * tCritical(cl, n)).v;
+    return (Real(Mean()) - se * tCritical(functions(), cl, n)).v;
   });
 }
 
@@ -158,7 +167,7 @@ double clsDSBO::UCL(std::int16_t cl) {
     const std::int32_t n = Count();
     if (n < 2) return Mean();
     const Real se = SE();
-    return (Real(Mean()) + se * tCritical(cl, n)).v;
+    return (Real(Mean()) + se * tCritical(functions(), cl, n)).v;
   });
 }
 

@@ -19,19 +19,26 @@
 // Mode, Skewness, SkewnessP, Kurtosis and KurtosisP never raise: any failure turns the result
 // into the text "-".
 //
-// The t critical value and the normal distribution come from the attached host
-// (HostSession::Application().worksheetFunction()).
+// The t critical value and the normal distribution come from the service handed to Functions
+// (the host's worksheet functions); without one they fail with "Object required" (424). The
+// object touches nothing else outside itself, so it may run on any thread that its service
+// allows (frame/distribution_functions.h).
 
 #include <cstdint>
 
 #include "frame/cell_value.h"
+#include "frame/distribution_functions.h"
 #include "frame/value_array.h"
 
 namespace orv {
 
 class clsDSBO {  // NOLINT(readability-identifier-naming): the component's own class name
  public:
-  clsDSBO();  // no data yet; every cache stale
+  clsDSBO();  // no data yet; every cache stale; no distribution functions
+
+  // The service that TInv and NormDist are taken from; nullptr for none. Not owned: it must
+  // outlive every request.
+  void Functions(DistributionFunctions* service);
 
   // Takes a copy of the column, sorts it ascending (empty cells last) and marks every cache
   // stale. A single value stands for a one-row column.
@@ -92,7 +99,9 @@ class clsDSBO {  // NOLINT(readability-identifier-naming): the component's own c
   void powerSums();
   double percentile(std::uint8_t p);
   double value(std::int64_t row) const;
+  DistributionFunctions& functions() const;
 
+  DistributionFunctions* functions_ = nullptr;
   ValueArray2D data_;
 
   bool haveCount_ = false;

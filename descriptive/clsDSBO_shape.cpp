@@ -9,10 +9,8 @@
 #include "descriptive/clsDSBO.h"
 #include "descriptive/clsDSBO_internal.h"
 #include "frame/conversions.h"
-#include "frame/host.h"
 #include "frame/platform_loop.h"
 #include "frame/small_power.h"
-#include "support/host_session.h"
 
 namespace orv {
 
@@ -25,10 +23,9 @@ namespace {
 
 const CellValue kNoValue("-");
 
-// Two-tailed probability of a standard normal deviate, from the host.
-Real twoTailed(Real z) {
-  const double lower =
-      HostSession::Application().worksheetFunction().NormDist(-abs(z).v, 0, 1, true);
+// Two-tailed probability of a standard normal deviate, from the host's functions.
+Real twoTailed(DistributionFunctions& functions, Real z) {
+  const double lower = functions.NormDist(-abs(z).v, 0, 1, true);
   return Real(2) * Real(checked(lower));
 }
 
@@ -127,7 +124,7 @@ CellValue clsDSBO::SkewnessP() {
       const Real alpha = math::sqrt(Real(2) / (w2 - 1));
       const Real ya = y / alpha;
       const Real z = delta * math::log(ya + math::sqrt(pow(ya, 2) + 1));
-      return CellValue(twoTailed(z).v);
+      return CellValue(twoTailed(functions(), z).v);
     });
   });
 }
@@ -150,7 +147,7 @@ CellValue clsDSBO::KurtosisP() {
       const Real q = (Real(1) - Real(2) / a) / (Real(1) + x * math::sqrt(Real(2) / (a - 4)));
       const Real z = ((Real(1) - Real(2) / (Real(9) * a)) - pow(q, 1.0 / 3.0)) /
                      math::sqrt(Real(2) / (Real(9) * a));
-      return CellValue(twoTailed(z).v);
+      return CellValue(twoTailed(functions(), z).v);
     });
   });
 }

@@ -101,7 +101,7 @@ std::optional<SampleMoments> groupedMoments(const std::vector<CategoryEdges>& ed
 }
 
 std::vector<double> expectedNormalCounts(const std::vector<CategoryEdges>& edges, double total,
-                                         const SampleMoments& moments, WorksheetFunction& functions) {
+                                         const SampleMoments& moments, DistributionFunctions& functions) {
   const auto below = [&](const std::optional<double>& edge, double open) {
     return edge ? functions.NormDist(*edge, moments.mean, moments.standardDeviation, true) : open;
   };

@@ -13,7 +13,7 @@
 #include <string>
 #include <vector>
 
-#include "frame/host.h"
+#include "frame/distribution_functions.h"
 #include "frame/value_array.h"
 #include "frequency/frequency_results.h"
 
@@ -52,6 +52,7 @@ std::optional<SampleMoments> groupedMoments(const std::vector<CategoryEdges>& ed
 // total x P(lower <= X < upper) for X normal with the given moments, per category, through the
 // host's NormDist; open ends take the tails.
 std::vector<double> expectedNormalCounts(const std::vector<CategoryEdges>& edges, double total,
-                                         const SampleMoments& moments, WorksheetFunction& functions);
+                                         const SampleMoments& moments,
+                                         DistributionFunctions& functions);
 
 }  // namespace orv

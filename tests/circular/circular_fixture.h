@@ -3,6 +3,7 @@
 
 #include "../driver_fixture.h"
 #include "circular/clsDSCircBO.h"
+#include "workbook/host_worksheet_functions.h"
 
 namespace orv::test {
 
@@ -13,8 +14,11 @@ inline ValueArray2D array(const Cells& values) {
   for (std::size_t i = 0; i < values.size(); ++i) out(static_cast<std::int64_t>(i) + 1, 1) = values[i];
   return out;
 }
+// An engine with the in-memory host's distribution functions (CL takes ChiInv from them).
 inline clsDSCircBO engineOf(const std::vector<double>& degrees) {
+  static HostWorksheetFunctions functions;
   clsDSCircBO bo;
+  bo.Functions(&functions);
   bo.Data(array(Cells(degrees.begin(), degrees.end())));
   return bo;
 }

@@ -39,8 +39,9 @@ TEST_F(CircularTest, ConfidenceHalfWidth) {
       EXPECT_NEAR(cl.isNumber() ? cl.number() : NAN, halfWidth, 1e-9) << describe(cl);
     }
   }
-  HostSession::Attach(nullptr);  // no ChiInv
-  EXPECT_EQ(engineOf(rows[0].first).CL(), CellValue("n/a"));
+  clsDSCircBO withoutChiInv = engineOf(rows[0].first);
+  withoutChiInv.Functions(nullptr);
+  EXPECT_EQ(withoutChiInv.CL(), CellValue("n/a"));
 }
 
 TEST_F(CircularTest, FailuresLeaveWithTheNumberAndTheReadingProcedure) {

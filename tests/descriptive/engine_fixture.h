@@ -1,6 +1,6 @@
 #pragma once
-// Shared by the clsDSBO tests: an attached in-memory host (the engine takes TInv and NormDist
-// from it), column builders and error capture.
+// Shared by the clsDSBO tests: the in-memory host's distribution functions (the engine takes
+// TInv and NormDist from them; no host is attached), column builders and error capture.
 
 #include <gtest/gtest.h>
 
@@ -11,8 +11,7 @@
 #include "descriptive/clsDSBO.h"
 #include "frame/errors.h"
 #include "frame/value_array.h"
-#include "support/host_session.h"
-#include "workbook/in_memory_application.h"
+#include "workbook/host_worksheet_functions.h"
 
 namespace orv::testing {
 
@@ -49,14 +48,13 @@ void expectError(F&& f, std::int32_t number, const std::string& src) {
 
 class EngineTest : public ::testing::Test {
  protected:
-  void SetUp() override { HostSession::Attach(&host_); }
-  void TearDown() override { HostSession::Attach(nullptr); }
-  static clsDSBO engineOf(const ValueArray2D& data) {
+  clsDSBO engineOf(const ValueArray2D& data) {
     clsDSBO e;
+    e.Functions(&functions_);
     e.Data(data);
     return e;
   }
-  InMemoryApplication host_;
+  HostWorksheetFunctions functions_;
 };
 
 }  // namespace orv::testing

@@ -72,7 +72,7 @@ TEST_F(Moments, FaultsCarryTheirNumberAndProcedure) {
 
   clsDSBO e = engineOf(column({1.0, 2.0, 4.0}));
   expectError([&] { e.LCL(100); }, err::kHostFailure, source("LCL"));  // TInv refuses p = 0
-  HostSession::Attach(nullptr);
+  e.Functions(nullptr);
   expectError([&] { e.UCL(95); }, err::kObjectRequired, source("UCL"));
 }
 
@@ -130,10 +130,10 @@ TEST_F(Moments, ShapeIsDashForConstantOrTextDataAndAfterAFailure) {
   EXPECT_TRUE(isDash(clsDSBO().SkewnessP()));  // no data at all
 
   clsDSBO e = engineOf(squares(30));
-  HostSession::Attach(nullptr);  // NormDist unavailable: "-", and tried again later
+  e.Functions(nullptr);  // NormDist unavailable: "-", and tried again later
   EXPECT_TRUE(isDash(e.SkewnessP()));
   EXPECT_TRUE(isDash(e.KurtosisP()));
-  HostSession::Attach(&host_);
+  e.Functions(&functions_);
   EXPECT_TRUE(e.SkewnessP().isNumber());
   EXPECT_TRUE(e.KurtosisP().isNumber());
 }

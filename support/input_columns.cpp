@@ -26,6 +26,12 @@ Range columnData(const Range& input, InputColumn at, std::int32_t firstRow) {
   return Range::Span(column.Cells(firstRow, 1), column.Cells(column.RowsCount(), 1));
 }
 
+ColumnValues readColumn(const Range& input, InputColumn at, std::int32_t firstRow) {
+  const Range data = columnData(input, at, firstRow);
+  if (data.CellCount() == 1) return ColumnValues{data.Value(), {}};
+  return ColumnValues{std::nullopt, data.Values()};
+}
+
 std::string columnName(const Range& input, InputColumn at, bool headers) {
   const Range nameCell = input.Areas(at.area).Cells(1, at.column);
   return headers ? toText(nameCell.Value()) : "Column " + columnLettersOf(nameCell.AddressLocal());

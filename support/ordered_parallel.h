@@ -1,19 +1,24 @@
 #pragma once
-// Runs independent pieces of work on the machine's cores and hands their results back one by one
-// in their own order, on the calling thread.
+// Independent pieces of work (the data columns of an analysis), done in three stages:
 //
-// The drivers compute one column after another, and the first failure in column order is the
-// one the caller sees. Here `produce(i)` may run on any thread and in any order, but
-// `consume(i, result)` runs on the calling thread for i = 0, 1, 2 ... exactly as a plain loop
-// would call it, and a failure of produce(i) is rethrown at the moment result i would have been
-// consumed. Whatever consume does (writing a table, raising the first error) is therefore the
-// same as in the sequential loop. produce must only read shared state.
+//   read(i)        on the calling thread, for i = 0, 1, 2 ... in order: takes what piece i needs
+//                  from the host, whose objects belong to that thread (frame/host.h);
+//   compute(input) on any thread, in any order: works on the plain input alone;
+//   collect(i, r)  on the calling thread, for i = 0, 1, 2 ... in order.
 //
-// When consume throws, the other threads finish the piece they hold and stop; nothing outlives
-// the call.
+// Whatever the threads do, the caller sees what the plain loop
+//   for (i = 0; i < count; ++i) collect(i, compute(read(i)));
+// shows: collect runs in that order, and a failure of read(i) or compute(i) is rethrown at the
+// moment result i would have been collected, so the first failure in column order is the one
+// reported and no later piece is read after a failed read. With `parallel` false (a host whose
+// functions only its own thread may call), a single piece or a single core, that loop is what
+// runs.
+//
+// The calling thread reads only a few pieces ahead of the one it collects, so the inputs held at
+// once stay bounded by the number of threads rather than by the number of pieces. When collect
+// throws, the helper threads finish the piece they hold and stop; nothing outlives the call.
 
 #include <algorithm>
-#include <atomic>
 #include <condition_variable>
 #include <cstddef>
 #include <exception>
@@ -21,6 +26,7 @@
 #include <optional>
 #include <system_error>
 #include <thread>
+#include <utility>
 #include <vector>
 
 namespace orv {
@@ -28,84 +34,157 @@ namespace orv {
 // The threads to use besides the caller's: one fewer than the cores, at most three.
 std::size_t helperThreadCount();
 
-template <class Result, class Produce, class Consume>
-void orderedParallel(std::size_t count, Produce&& produce, Consume&& consume) {
+namespace detail {
+
+// The shared state of one parallel run: the pieces read so far, the results, the helpers.
+template <class Input, class Result>
+class Pipeline {
+ public:
   struct Slot {
+    std::optional<Input> input;
     std::optional<Result> result;
     std::exception_ptr failure;
     bool done = false;
   };
-  std::vector<Slot> slots(count);
-  std::atomic<std::size_t> next{0};
-  std::atomic<bool> stop{false};
-  std::mutex mutex;
-  std::condition_variable finished;
 
-  // Claims the next unstarted piece and computes it; false when none is left.
-  const auto work = [&]() -> bool {
-    const std::size_t i = next.fetch_add(1);
-    if (i >= count || stop.load()) return false;
+  template <class Compute>
+  Pipeline(std::size_t count, std::size_t helpers, Compute& compute)
+      : slots_(count), end_(count) {
+    for (std::size_t t = 0; t < helpers; ++t) {
+      try {
+        threads_.emplace_back([this, &compute] {
+          while (workOrWait(compute)) {
+          }
+        });
+      } catch (const std::system_error&) {
+        break;  // no more threads to be had: the calling thread does the rest itself
+      }
+    }
+  }
+  Pipeline(const Pipeline&) = delete;
+  Pipeline& operator=(const Pipeline&) = delete;
+  ~Pipeline() {
+    {
+      const std::lock_guard<std::mutex> lock(mutex_);
+      stop_ = true;
+    }
+    changed_.notify_all();
+    for (std::thread& t : threads_) t.join();
+  }
+
+  // The calling thread has read piece i (in order).
+  void publish(std::size_t i, Input input) {
+    {
+      const std::lock_guard<std::mutex> lock(mutex_);
+      slots_[i].input.emplace(std::move(input));
+      published_ = i + 1;
+    }
+    changed_.notify_all();
+  }
+
+  // Reading piece i failed: it is done with that failure, and no later piece will come.
+  void failRead(std::size_t i, std::exception_ptr failure) {
+    {
+      const std::lock_guard<std::mutex> lock(mutex_);
+      slots_[i].failure = std::move(failure);
+      slots_[i].done = true;
+      end_ = i;
+    }
+    changed_.notify_all();
+  }
+
+  // Piece i once it is done, the calling thread computing other pieces meanwhile.
+  template <class Compute>
+  Slot await(std::size_t i, Compute& compute) {
+    std::unique_lock<std::mutex> lock(mutex_);
+    for (;;) {
+      if (slots_[i].done) return std::move(slots_[i]);
+      if (claimed_ < published_) {
+        runClaimed(lock, compute);
+        continue;
+      }
+      changed_.wait(lock, [&] { return slots_[i].done || claimed_ < published_; });
+    }
+  }
+
+ private:
+  // A helper's round: computes the next published piece, or waits for one; false when no piece
+  // is left to claim.
+  template <class Compute>
+  bool workOrWait(Compute& compute) {
+    std::unique_lock<std::mutex> lock(mutex_);
+    changed_.wait(lock, [&] { return stop_ || claimed_ < published_ || claimed_ >= end_; });
+    if (stop_ || claimed_ >= end_) return false;
+    runClaimed(lock, compute);
+    return true;
+  }
+
+  // Claims the next published piece and computes it with the lock released; returns locked.
+  template <class Compute>
+  void runClaimed(std::unique_lock<std::mutex>& lock, Compute& compute) {
+    const std::size_t i = claimed_++;
+    Input input = std::move(*slots_[i].input);
+    slots_[i].input.reset();
+    lock.unlock();
     std::optional<Result> result;
     std::exception_ptr failure;
     try {
-      result.emplace(produce(i));
+      result.emplace(compute(std::move(input)));
     } catch (...) {
       failure = std::current_exception();
     }
-    {
-      const std::lock_guard<std::mutex> lock(mutex);
-      slots[i].result = std::move(result);
-      slots[i].failure = failure;
-      slots[i].done = true;
-    }
-    finished.notify_all();
-    return true;
-  };
-
-  std::vector<std::thread> helpers;
-  const std::size_t extra = count > 1 ? std::min(helperThreadCount(), count - 1) : 0;
-  // Stops and joins the helpers however this function is left.
-  struct Joiner {
-    std::vector<std::thread>& threads;
-    std::atomic<bool>& stop;
-    ~Joiner() {
-      stop.store(true);
-      for (std::thread& t : threads) t.join();
-    }
-  } joiner{helpers, stop};
-  for (std::size_t t = 0; t < extra; ++t) {
-    try {
-      helpers.emplace_back([&work] {
-        while (work()) {
-        }
-      });
-    } catch (const std::system_error&) {
-      break;  // no more threads to be had: the calling thread does the rest itself
-    }
+    lock.lock();
+    slots_[i].result = std::move(result);
+    slots_[i].failure = std::move(failure);
+    slots_[i].done = true;
+    changed_.notify_all();
   }
 
+  std::vector<Slot> slots_;
+  std::size_t published_ = 0;  // pieces 0 .. published_ - 1 have been read
+  std::size_t claimed_ = 0;    // pieces 0 .. claimed_ - 1 are being or have been computed
+  std::size_t end_;            // no piece from here on will be read
+  bool stop_ = false;
+  std::mutex mutex_;
+  std::condition_variable changed_;
+  std::vector<std::thread> threads_;  // last: joined before the state above goes
+};
+
+}  // namespace detail
+
+template <class Input, class Result, class Read, class Compute, class Collect>
+void orderedPipeline(std::size_t count, bool parallel, Read&& read, Compute&& compute,
+                     Collect&& collect) {
+  const std::size_t helpers =
+      parallel && count > 1 ? std::min(helperThreadCount(), count - 1) : 0;
+  if (helpers == 0) {
+    for (std::size_t i = 0; i < count; ++i) collect(i, compute(read(i)));
+    return;
+  }
+  detail::Pipeline<Input, Result> pipeline(count, helpers, compute);
+  const std::size_t readAhead = 2 * (helpers + 1);
+  std::size_t next = 0;  // the next piece to read
+  bool readFailed = false;
   for (std::size_t i = 0; i < count; ++i) {
-    // Help with the remaining pieces until piece i is ready.
-    for (;;) {
-      {
-        const std::lock_guard<std::mutex> lock(mutex);
-        if (slots[i].done) break;
-      }
-      if (!work()) {
-        // Every piece is taken: piece i is being computed elsewhere.
-        std::unique_lock<std::mutex> lock(mutex);
-        finished.wait(lock, [&] { return slots[i].done; });
-        break;
+    for (; next < count && next < i + readAhead && !readFailed; ++next) {
+      try {
+        pipeline.publish(next, read(next));
+      } catch (...) {
+        pipeline.failRead(next, std::current_exception());
+        readFailed = true;
       }
     }
-    Slot slot;
-    {
-      const std::lock_guard<std::mutex> lock(mutex);
-      slot = std::move(slots[i]);
-    }
+    typename detail::Pipeline<Input, Result>::Slot slot = pipeline.await(i, compute);
     if (slot.failure) std::rethrow_exception(slot.failure);
-    consume(i, std::move(*slot.result));
+    collect(i, std::move(*slot.result));
   }
+}
+
+// The pipeline without a host to read from: produce(i) may run on any thread.
+template <class Result, class Produce, class Consume>
+void orderedParallel(std::size_t count, Produce&& produce, Consume&& consume) {
+  orderedPipeline<std::size_t, Result>(
+      count, true, [](std::size_t i) { return i; }, produce, consume);
 }
 
 }  // namespace orv

@@ -12,7 +12,6 @@
 #include "support/array_tools.h"
 #include "support/host_session.h"
 #include "support/input_columns.h"
-#include "support/ordered_parallel.h"
 #include "support/range_checks.h"
 #include "support/results_sheet.h"
 #include "support/scatter_chart_builder.h"
@@ -26,12 +25,7 @@ constexpr std::string_view kClass = "clsDSCirc";
 // caller sees the whole way an engine or writer failure came up.
 constexpr Procedures kProc{kClass, SourceRule::AppendAfterLine};
 
-// The Get* options, in the order of the rows they select.
-enum Switch : std::uint8_t {
-  kMean, kMeanVector, kAngularSD, kAngularVar, kCircularSD, kCircularVar, kCL, kCount, kRayleigh,
-  kSwitches
-};
-
+using Switch = CircularStatistic;
 using ValueOf = CellValue (*)(clsDSCircBO&);
 
 struct LayoutRow {
@@ -43,21 +37,23 @@ struct LayoutRow {
 // The circular results table: order of the rows, their labels and their values. A label exists
 // here and nowhere else. The confidence row is the 95 % one whatever CL says.
 constexpr std::array<LayoutRow, 10> kLayout{{
-    {kMean, "Mean Angle", [](clsDSCircBO& b) { return CellValue(b.Mean()); }},
-    {kMeanVector, "Mean Vector", [](clsDSCircBO& b) { return CellValue(b.MeanVector()); }},
-    {kAngularSD, "Ang. S.D.", [](clsDSCircBO& b) { return CellValue(b.AngularSD()); }},
-    {kAngularVar, "Ang. Var.", [](clsDSCircBO& b) { return CellValue(b.AngularVar()); }},
-    {kCircularSD, "Circ. S.D.", [](clsDSCircBO& b) { return CellValue(b.CircularSD()); }},
-    {kCircularVar, "Circ. Var.", [](clsDSCircBO& b) { return CellValue(b.CircularVar()); }},
-    {kCL, "95%CL (±)", [](clsDSCircBO& b) { return b.CL(); }},
-    {kCount, "Count", [](clsDSCircBO& b) { return CellValue(b.Count()); }},
-    {kRayleigh, "Rayleigh's Z", [](clsDSCircBO& b) { return CellValue(b.Rayleigh()); }},
-    {kRayleigh, "Prob(Z)", [](clsDSCircBO& b) { return CellValue(b.RayleighP()); }},
+    {Switch::Mean, "Mean Angle", [](clsDSCircBO& b) { return CellValue(b.Mean()); }},
+    {Switch::MeanVector, "Mean Vector", [](clsDSCircBO& b) { return CellValue(b.MeanVector()); }},
+    {Switch::AngularSD, "Ang. S.D.", [](clsDSCircBO& b) { return CellValue(b.AngularSD()); }},
+    {Switch::AngularVar, "Ang. Var.", [](clsDSCircBO& b) { return CellValue(b.AngularVar()); }},
+    {Switch::CircularSD, "Circ. S.D.", [](clsDSCircBO& b) { return CellValue(b.CircularSD()); }},
+    {Switch::CircularVar, "Circ. Var.", [](clsDSCircBO& b) { return CellValue(b.CircularVar()); }},
+    {Switch::CL, "95%CL (±)", [](clsDSCircBO& b) { return b.CL(); }},
+    {Switch::Count, "Count", [](clsDSCircBO& b) { return CellValue(b.Count()); }},
+    {Switch::Rayleigh, "Rayleigh's Z", [](clsDSCircBO& b) { return CellValue(b.Rayleigh()); }},
+    {Switch::Rayleigh, "Prob(Z)", [](clsDSCircBO& b) { return CellValue(b.RayleighP()); }},
 }};
 
-// The statistics an analysis with nothing selected shows: all but Rayleigh's.
-constexpr std::array<Switch, 8> kDefaultSwitches{kMean,        kMeanVector, kAngularSD, kAngularVar,
-                                                 kCircularSD,  kCircularVar, kCL,       kCount};
+// The statistics an analysis with nothing selected shows: all but Rayleigh's. They are switched
+// on in the options themselves and stay on for later calls.
+constexpr std::array<Switch, 8> kDefaultSwitches{
+    Switch::Mean,       Switch::MeanVector,  Switch::AngularSD, Switch::AngularVar,
+    Switch::CircularSD, Switch::CircularVar, Switch::CL,        Switch::Count};
 
 constexpr std::string_view kPlotComment = "Data for Plots";
 
@@ -103,31 +99,52 @@ decltype(auto) formatResultsTrap(Body&& body) {
 // been written when this fails.
 void checkInput(const Range& input, bool headers) {
   WorksheetFunction& functions = HostSession::Application().worksheetFunction();
-  std::int32_t rowCount = input.RowsCount();
-  for (std::int32_t a = 1; a <= input.AreasCount(); ++a) {
-    const Range area = input.Areas(a);
-    for (std::int32_t c = 1; c <= area.ColumnsCount(); ++c) {
-      const Range column = area.Columns(c);
-      RangeChecks::CheckInputColumn(column, headers);
-      if (functions.Min(column) < 0.0 || functions.Max(column) > 360.0) raise(err::kCircularInput);
-    }
-    if (area.RowsCount() != rowCount) raise(err::kAreaHeights);
-    rowCount = area.RowsCount();
-  }
+  checkInputAreas(input, [&](const Range& column) {
+    RangeChecks::CheckInputColumn(column, headers);
+    if (functions.Min(column) < 0.0 || functions.Max(column) > 360.0) raise(err::kCircularInput);
+  });
 }
 
-// A new sheet behind the last one of its workbook; the block goes to its cell A1.
+// Every data column's statistics by a fresh clsDSCircBO (on helper threads when the host's
+// functions allow it), taken into the table in column order; with `plot`, the columns' plot
+// data joined side by side. A failing column is recorded in `failure` by the label of the row it
+// failed in, or by the plot data's heading.
+ValueArray2D fillStatistics(StatisticsTable& table, const DataColumns& data,
+                            const std::vector<const LayoutRow*>& rows, bool plot,
+                            std::optional<ColumnFailure>& failure) {
+  DistributionFunctions& functions = HostSession::Application().worksheetFunction();
+  const auto compute = [&](ColumnValues column, const ColumnProgress& progress) {
+    clsDSCircBO bo;
+    bo.Functions(&functions);
+    giveData(bo, std::move(column));
+    ColumnResults<ValueArray2D> results{
+        rowValues(rows, progress, [&](const LayoutRow& row) { return row.value(bo); })};
+    progress.step(rows.size());
+    if (plot) results.extra = bo.PlotData();
+    return results;
+  };
+  std::vector<ValueArray2D> plotParts;
+  const auto keep = [&](ValueArray2D part) {
+    if (plot) plotParts.push_back(std::move(part));
+  };
+  const auto stepLabel = [&](std::size_t k) {
+    return std::string(k < rows.size() ? rows[k]->label : kPlotComment);
+  };
+  fillColumns<ValueArray2D>(table, data, functions.callableFromAnyThread(), compute, keep,
+                            stepLabel, failure);
+  return plot ? ArrayTools::JoinAll(plotParts) : ValueArray2D();
+}
+
 }  // namespace
 
 clsDSCirc::clsDSCirc() {
-  static_assert(kSwitches == kSwitchCount, "one Get* option per statistic");
   kProc("Initialise", [&] {
     input_.reset();
     output_.reset();
     block_.reset();
     cl_ = 95;
     headers_ = plot_ = false;
-    switches_.fill(false);
+    switches_ = {};
   });
 }
 
@@ -140,20 +157,20 @@ void clsDSCirc::letFlag(std::string_view procedure, bool& field, bool v) {
   });
 }
 
-void clsDSCirc::letSwitch(std::string_view procedure, std::size_t which, bool v) {
+void clsDSCirc::letSwitch(std::string_view procedure, CircularStatistic which, bool v) {
   letFlag(procedure, switches_[which], v);
 }
 
 void clsDSCirc::Headers(bool v) { letFlag("LetHeaders", headers_, v); }
-void clsDSCirc::GetMean(bool v) { letSwitch("LetGetMean", kMean, v); }
-void clsDSCirc::GetMeanVector(bool v) { letSwitch("LetGetMeanVector", kMeanVector, v); }
-void clsDSCirc::GetCount(bool v) { letSwitch("LetGetCount", kCount, v); }
-void clsDSCirc::GetAngularSD(bool v) { letSwitch("LetGetAngularSD", kAngularSD, v); }
-void clsDSCirc::GetAngularVar(bool v) { letSwitch("LetGetAngularVar", kAngularVar, v); }
-void clsDSCirc::GetCircularSD(bool v) { letSwitch("LetGetCircularSD", kCircularSD, v); }
-void clsDSCirc::GetCircularVar(bool v) { letSwitch("LetGetCircularVar", kCircularVar, v); }
-void clsDSCirc::GetRayleigh(bool v) { letSwitch("LetGetRayleigh", kRayleigh, v); }
-void clsDSCirc::GetCL(bool v) { letSwitch("LetGetCL", kCL, v); }
+void clsDSCirc::GetMean(bool v) { letSwitch("LetGetMean", Switch::Mean, v); }
+void clsDSCirc::GetMeanVector(bool v) { letSwitch("LetGetMeanVector", Switch::MeanVector, v); }
+void clsDSCirc::GetCount(bool v) { letSwitch("LetGetCount", Switch::Count, v); }
+void clsDSCirc::GetAngularSD(bool v) { letSwitch("LetGetAngularSD", Switch::AngularSD, v); }
+void clsDSCirc::GetAngularVar(bool v) { letSwitch("LetGetAngularVar", Switch::AngularVar, v); }
+void clsDSCirc::GetCircularSD(bool v) { letSwitch("LetGetCircularSD", Switch::CircularSD, v); }
+void clsDSCirc::GetCircularVar(bool v) { letSwitch("LetGetCircularVar", Switch::CircularVar, v); }
+void clsDSCirc::GetRayleigh(bool v) { letSwitch("LetGetRayleigh", Switch::Rayleigh, v); }
+void clsDSCirc::GetCL(bool v) { letSwitch("LetGetCL", Switch::CL, v); }
 void clsDSCirc::Plot(bool v) { letFlag("LetPlot", plot_, v); }
 
 void clsDSCirc::InputRange(const std::string& reference) {
@@ -217,102 +234,28 @@ Range clsDSCirc::GetResults(Int16& columnCount, PlotDataRows& plotPositions) {
   return kProc("GetResults", [&] {
     columnCount = 0;
     const Int16 startRow = headers_ ? 2 : 1;
-    for (std::int32_t a = 1; a <= input_->AreasCount(); ++a) {
-      columnCount += Int16::from(input_->Areas(a).ColumnsCount());
-    }
+    columnCount = countColumns(*input_);
+    const std::vector<const LayoutRow*> rows = selectedRows(kLayout, switches_, kDefaultSwitches);
 
-    Int16 rows = 0;
-    for (const LayoutRow& row : kLayout) {
-      if (switches_[row.on]) rows += 1;
-    }
-    if (rows == 0) {
-      // Nothing selected: the options themselves are switched on, and stay on for later calls.
-      for (Switch s : kDefaultSwitches) switches_[s] = true;
-      rows = static_cast<std::int16_t>(kDefaultSwitches.size());
-    }
+    StatisticsTable table(Int16::from(rows.size()), columnCount);
+    table.writeLabels(rows, [](const LayoutRow& row) { return std::string(row.label); });
+    const ValueArray2D plotData =
+        fillStatistics(table, DataColumns{*input_, startRow, headers_}, rows, plot_, failure_);
 
-    ValueArray2D matrix(rows, columnCount + 1);
-    Array1D<std::string> columnHeaders(columnCount);
-    ValueArray2D plotData;
-
-    // The columns are computed on every core and taken in column order, so the first failing
-    // column is still the one reported. Their plot data are joined once at the end.
-    const std::vector<InputColumn> places = inputColumns(*input_);
-    struct Computed {
-      std::vector<CellValue> values;
-      ValueArray2D plot;
-    };
-    DistributionFunctions& functions = HostSession::Application().worksheetFunction();
-    ColumnSteps steps(places.size());
-    const auto statistics = [&](std::size_t i) {
-      clsDSCircBO bo;
-      bo.Functions(&functions);
-      steps.reading(i);
-      const Range data = columnData(*input_, places[i], startRow);
-      // The host reads a one-cell range as a single value, not as an array.
-      if (data.CellCount() == 1) {
-        bo.Data(data.Value());
-      } else {
-        bo.Data(data.Values());
-      }
-      Computed computed;
-      for (std::size_t k = 0; k < kLayout.size(); ++k) {
-        if (!switches_[kLayout[k].on]) continue;
-        steps.step(i, static_cast<std::int32_t>(k));
-        computed.values.push_back(kLayout[k].value(bo));
-      }
-      steps.step(i, static_cast<std::int32_t>(kLayout.size()));
-      if (plot_) computed.plot = bo.PlotData();
-      steps.done(i);
-      return computed;
-    };
-    std::vector<ValueArray2D> plotParts;
-    const auto take = [&](std::size_t i, Computed computed) {
-      const std::int32_t j = static_cast<std::int32_t>(i) + 2;
-      Int16 r = 0;
-      for (const LayoutRow& row : kLayout) {
-        if (!switches_[row.on]) continue;
-        r += 1;
-        matrix(r, j) = std::move(computed.values[static_cast<std::size_t>(r.value() - 1)]);
-        matrix(r, 1) = std::string(row.label);
-      }
-      if (plot_) plotParts.push_back(std::move(computed.plot));
-      columnHeaders(j - 1) = columnName(*input_, places[i], headers_);
-    };
-    try {
-      orderedParallel<Computed>(places.size(), statistics, take);
-    } catch (const ComponentError&) {
-      // Kept beside the error, which goes on unchanged.
-      if (const auto failed = steps.firstUnfinished()) {
-        const auto [i, k] = *failed;
-        const auto row = static_cast<std::size_t>(k);
-        failure_ = ColumnFailure{columnName(*input_, places[i], headers_), columnData(*input_, places[i], startRow),
-                                 k == ColumnSteps::kReading ? std::string()
-                                 : row < kLayout.size()     ? std::string(kLayout[row].label)
-                                                            : std::string(kPlotComment)};
-      }
-      throw;
-    }
-    if (plot_) plotData = ArrayTools::JoinAll(plotParts);
-
-    if (plot_) return FormatResults(columnHeaders, matrix, &plotData, &plotPositions);
-    return FormatResults(columnHeaders, matrix);
+    if (plot_) return FormatResults(table, &plotData, &plotPositions);
+    return FormatResults(table);
   });
 }
 
-Range clsDSCirc::FormatResults(const Array1D<std::string>& columnHeaders,
-                               const ValueArray2D& matrix, const ValueArray2D* plotData,
+Range clsDSCirc::FormatResults(const StatisticsTable& table, const ValueArray2D* plotData,
                                PlotDataRows* plotPositions) {
   return formatResultsTrap([&] {
     clsDSOutput writer;
-    writer.OutputHeader(input_->Parent().Name() + "!" + input_->Address(), "");
-    writer.InsertBlankLines(1);
     Int16 firstRow = 0;
-    writer.OutputMatrix(columnHeaders, matrix, firstRow);
-    writer.InsertBlankLines(1);
+    writeStatisticsTable(writer, *input_, table, firstRow);
     if (plotData != nullptr && plotPositions != nullptr) {
       writer.OutputComment(std::string(kPlotComment), 0, false);
-      writer.OutputPlotData(columnHeaders, *plotData, *plotPositions);
+      writer.OutputPlotData(table.names, *plotData, *plotPositions);
       writer.InsertBlankLines(1);
     }
     return writer.Results();

@@ -21,7 +21,6 @@
 // handler: the component's own numbers pass unchanged, any other failure becomes 5024 (input) or
 // 5001 (output) with the library's name as source.
 
-#include <array>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -32,8 +31,15 @@
 #include "frame/range.h"
 #include "frame/value_array.h"
 #include "support/column_failure.h"
+#include "support/statistics_table.h"
 
 namespace orv {
+
+// The statistics a Get* option of clsDSCirc selects, in the order of their rows; Rayleigh's
+// selects two.
+enum class CircularStatistic : std::uint8_t {
+  Mean, MeanVector, AngularSD, AngularVar, CircularSD, CircularVar, CL, Count, Rayleigh, kCount
+};
 
 class clsDSCirc {  // NOLINT(readability-identifier-naming): the component's own class name
  public:
@@ -76,20 +82,17 @@ class clsDSCirc {  // NOLINT(readability-identifier-naming): the component's own
   const std::optional<ScatterSources>& scatterSources() const { return scatterSources_; }
 
  private:
-  static constexpr std::size_t kSwitchCount = 9;  // the Get* options, one per statistic
-
-  void letSwitch(std::string_view procedure, std::size_t which, bool v);
+  void letSwitch(std::string_view procedure, CircularStatistic which, bool v);
   void letFlag(std::string_view procedure, bool& field, bool v);
 
   Range GetResults(Int16& columnCount, PlotDataRows& plotPositions);
   // With plot data (and the positions it reports) the "Data for Plots" block follows the table.
-  Range FormatResults(const Array1D<std::string>& columnHeaders, const ValueArray2D& matrix,
-                      const ValueArray2D* plotData = nullptr,
+  Range FormatResults(const StatisticsTable& table, const ValueArray2D* plotData = nullptr,
                       PlotDataRows* plotPositions = nullptr);
   void DoScatterPlot(const Range& plotData, const Range& titles);
 
   bool headers_ = false;
-  std::array<bool, kSwitchCount> switches_{};
+  Selection<CircularStatistic> switches_;  // the Get* options; an empty selection gets defaults
   bool plot_ = false;
   std::uint8_t cl_ = 95;
 

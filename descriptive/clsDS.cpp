@@ -3,6 +3,7 @@
 #include <array>
 #include <string_view>
 #include <utility>
+#include <variant>
 #include <vector>
 
 #include "charts/clsPlotBox.h"
@@ -16,7 +17,6 @@
 #include "support/host_session.h"
 #include "support/input_columns.h"
 #include "support/ordinal.h"
-#include "support/ordered_parallel.h"
 #include "support/range_checks.h"
 #include "support/results_sheet.h"
 
@@ -25,11 +25,7 @@ namespace {
 
 const Procedures kProc{"clsDS"};
 
-// What a row of the table is selected by: a Get* option, possibly forced by a chart.
-enum class Want {
-  Mean, Median, Mode, SE, SD, Variance, CV, CL, Percentile, Sum, Min, Max, Smallest, Largest,
-  Range, Count, Skewness, Kurtosis, kCount
-};
+using Want = DescriptiveStatistic;
 
 // Rows whose sheet position a chart or the error-row choice needs.
 enum class Slot {
@@ -50,7 +46,7 @@ struct Options {
 using ValueOf = CellValue (*)(clsDSBO&, const Options&);
 
 struct LayoutRow {
-  Want want;
+  Want on;
   Label labelKind;
   std::string_view label;  // the label itself for Label::Fixed
   ValueOf value;
@@ -84,6 +80,66 @@ constexpr std::array<LayoutRow, 22> kLayout{{
     {Want::Kurtosis, Label::Fixed, "P(Kurtosis)", [](clsDSBO& b, const Options&) { return b.KurtosisP(); }, Slot::None},
 }};
 
+// Nothing selected: the four rows every user expects.
+constexpr std::array<Want, 4> kDefaultRows{Want::Mean, Want::SE, Want::SD, Want::Count};
+
+// What each ErrorCentre text means: the statistic the error plot forces into the table, and the
+// row recorded as the plot's centre. The last row stands for the empty text and any other.
+struct CentreRow {
+  ErrorCentreChoice choice;
+  std::string_view text;
+  Want forced;
+  Slot centre;
+};
+constexpr std::array<CentreRow, 3> kErrorCentres{{
+    {ErrorCentreChoice::Mean, "Mean", Want::Mean, Slot::Mean},
+    {ErrorCentreChoice::Median, "Median", Want::Median, Slot::Median},
+    {ErrorCentreChoice::Other, "", Want::Median, Slot::None},
+}};
+
+// What each ErrorError text means: the statistics it forces into the table, the rows its bars
+// reach to, and whether those rows hold the limits themselves rather than a spread about the
+// centre. The last row stands for the empty text and any other: the standard error is forced all
+// the same, but no error rows are recorded. Kept as users have always had it.
+struct BarsRow {
+  ErrorBarsChoice choice;
+  std::string_view text;
+  Want forced;
+  Want alsoForced;
+  Slot upper;
+  Slot lower;
+  bool limits;
+};
+constexpr std::array<BarsRow, 7> kErrorBars{{
+    {ErrorBarsChoice::StandardError, "Standard Error", Want::SE, Want::SE, Slot::SE, Slot::SE, false},
+    {ErrorBarsChoice::StandardDeviation, "Standard Deviation", Want::SD, Want::SD, Slot::SD, Slot::SD, false},
+    {ErrorBarsChoice::Variance, "Variance", Want::Variance, Want::Variance, Slot::Variance, Slot::Variance, false},
+    {ErrorBarsChoice::Range, "Range", Want::Max, Want::Min, Slot::Maximum, Slot::Minimum, true},
+    {ErrorBarsChoice::InterpercentileRange, "Interpercentile Range", Want::Percentile, Want::Percentile,
+     Slot::UpperPercentile, Slot::LowerPercentile, true},
+    {ErrorBarsChoice::ConfidenceLimits, "Confidence Limits", Want::CL, Want::CL, Slot::UpperLimit, Slot::LowerLimit,
+     true},
+    {ErrorBarsChoice::Other, "", Want::SE, Want::SE, Slot::None, Slot::None, false},
+}};
+
+// The row of a choice table whose text is `text` (exact, case-sensitive); the last row for any
+// text not listed.
+template <class Row, std::size_t N>
+const Row& rowForText(const std::array<Row, N>& rows, std::string_view text) {
+  for (const Row& row : rows) {
+    if (row.text == text) return row;
+  }
+  return rows.back();
+}
+
+template <class Row, std::size_t N, class Choice>
+const Row& rowForChoice(const std::array<Row, N>& rows, Choice choice) {
+  for (const Row& row : rows) {
+    if (row.choice == choice) return row;
+  }
+  return rows.back();
+}
+
 std::string labelOf(const LayoutRow& row, const Options& o) {
   const int p = o.percentile;
   switch (row.labelKind) {
@@ -101,37 +157,93 @@ std::string labelOf(const LayoutRow& row, const Options& o) {
   return {};
 }
 
-}  // namespace
+// The matrix row of each Slot among the selected rows; Slot::None and unselected slots stay 0.
+using SlotRows = std::array<Int16, static_cast<std::size_t>(Slot::kCount)>;
 
-struct clsDS::Selection {
-  std::array<bool, static_cast<std::size_t>(Want::kCount)> on{};
-  bool& operator[](Want w) { return on[static_cast<std::size_t>(w)]; }
-  bool operator[](Want w) const { return on[static_cast<std::size_t>(w)]; }
-};
+SlotRows slotRowsOf(const std::vector<const LayoutRow*>& rows) {
+  SlotRows rowOf{};
+  for (std::size_t r = 0; r < rows.size(); ++r) {
+    if (rows[r]->slot != Slot::None) rowOf[static_cast<std::size_t>(rows[r]->slot)] = Int16::from(r + 1);
+  }
+  return rowOf;
+}
+
+// The matrix rows that the box and error plots read (step 8 chooses the centre and error rows).
+PlotRows plotRowsOf(Int16 columns, const SlotRows& rowOf, ErrorCentreChoice centre,
+                    ErrorBarsChoice bars) {
+  const auto at = [&](Slot s) { return rowOf[static_cast<std::size_t>(s)]; };
+  PlotRows rows;
+  rows.columns = columns;
+  rows.median = at(Slot::Median);
+  rows.lowerPercentile = at(Slot::LowerPercentile);
+  rows.upperPercentile = at(Slot::UpperPercentile);
+  rows.minimum = at(Slot::Minimum);
+  rows.maximum = at(Slot::Maximum);
+  rows.centre = at(rowForChoice(kErrorCentres, centre).centre);
+  const BarsRow& extent = rowForChoice(kErrorBars, bars);
+  rows.upperError = at(extent.upper);
+  rows.lowerError = at(extent.lower);
+  return rows;
+}
+
+// Matrix rows become sheet rows, the table's first row being sheet row `first`; the header row
+// (0) becomes the names row above the table.
+void toSheetRows(PlotRows& rows, Int16 first) {
+  for (Int16* field : {&rows.header, &rows.lowerPercentile, &rows.upperPercentile, &rows.minimum,
+                       &rows.maximum, &rows.median, &rows.centre, &rows.upperError,
+                       &rows.lowerError}) {
+    *field = first + *field - 1;
+  }
+}
+
+// Every data column's statistics by a fresh clsDSBO (on helper threads when the host's
+// functions allow it), taken into the table in column order; a failing column is recorded in
+// `failure` by the label of the row it failed in.
+void fillStatistics(StatisticsTable& table, const DataColumns& data,
+                    const std::vector<const LayoutRow*>& rows, const Options& options,
+                    std::optional<ColumnFailure>& failure) {
+  DistributionFunctions& functions = HostSession::Application().worksheetFunction();
+  const auto compute = [&](ColumnValues column, const ColumnProgress& progress) {
+    clsDSBO bo;
+    bo.Functions(&functions);
+    giveData(bo, std::move(column));
+    return ColumnResults<std::monostate>{
+        rowValues(rows, progress, [&](const LayoutRow& row) { return row.value(bo, options); })};
+  };
+  fillColumns<std::monostate>(
+      table, data, functions.callableFromAnyThread(), compute, [](std::monostate) {},
+      [&](std::size_t k) { return labelOf(*rows[k], options); }, failure);
+}
+
+}  // namespace
 
 clsDS::clsDS() {
   kProc("Class_Initialize", [] {});
 }
 
+void clsDS::select(std::string_view procedure, DescriptiveStatistic statistic, bool v) {
+  kProc(procedure, [&] { selected_[statistic] = v; });
+}
+
 void clsDS::Headers(bool v) { kProc("LetHeaders", [&] { headers_ = v; }); }
-void clsDS::GetMean(bool v) { kProc("LetGetMean", [&] { getMean_ = v; }); }
-void clsDS::GetMedian(bool v) { kProc("LetGetMedian", [&] { getMedian_ = v; }); }
-void clsDS::GetMode(bool v) { kProc("LetGetMode", [&] { getMode_ = v; }); }
-void clsDS::GetSE(bool v) { kProc("LetGetSE", [&] { getSE_ = v; }); }
-void clsDS::GetSD(bool v) { kProc("LetGetSD", [&] { getSD_ = v; }); }
-void clsDS::GetVariance(bool v) { kProc("LetGetVariance", [&] { getVariance_ = v; }); }
-void clsDS::GetCV(bool v) { kProc("LetGetCV", [&] { getCV_ = v; }); }
-void clsDS::GetCL(bool v) { kProc("LetGetCL", [&] { getCL_ = v; }); }
-void clsDS::GetSum(bool v) { kProc("LetGetSum", [&] { getSum_ = v; }); }
-void clsDS::GetSkewness(bool v) { kProc("LetGetSkewness", [&] { getSkewness_ = v; }); }
-void clsDS::GetKurtosis(bool v) { kProc("LetGetKurtosis", [&] { getKurtosis_ = v; }); }
-void clsDS::GetMin(bool v) { kProc("LetGetMin", [&] { getMin_ = v; }); }
-void clsDS::GetMax(bool v) { kProc("LetGetMax", [&] { getMax_ = v; }); }
-void clsDS::GetCount(bool v) { kProc("LetGetCount", [&] { getCount_ = v; }); }
-void clsDS::GetLargest(bool v) { kProc("LetGetLargest", [&] { getLargest_ = v; }); }
-void clsDS::GetSmallest(bool v) { kProc("LetGetSmallest", [&] { getSmallest_ = v; }); }
-void clsDS::GetRange(bool v) { kProc("LetGetRange", [&] { getRange_ = v; }); }
-void clsDS::GetPercentile(bool v) { kProc("LetGetPercentile", [&] { getPercentile_ = v; }); }
+void clsDS::GetMean(bool v) { select("LetGetMean", Want::Mean, v); }
+void clsDS::GetMedian(bool v) { select("LetGetMedian", Want::Median, v); }
+void clsDS::GetMode(bool v) { select("LetGetMode", Want::Mode, v); }
+void clsDS::GetSE(bool v) { select("LetGetSE", Want::SE, v); }
+void clsDS::GetSD(bool v) { select("LetGetSD", Want::SD, v); }
+void clsDS::GetVariance(bool v) { select("LetGetVariance", Want::Variance, v); }
+void clsDS::GetCV(bool v) { select("LetGetCV", Want::CV, v); }
+void clsDS::GetCL(bool v) { select("LetGetCL", Want::CL, v); }
+void clsDS::GetSum(bool v) { select("LetGetSum", Want::Sum, v); }
+void clsDS::GetSkewness(bool v) { select("LetGetSkewness", Want::Skewness, v); }
+void clsDS::GetKurtosis(bool v) { select("LetGetKurtosis", Want::Kurtosis, v); }
+void clsDS::GetMin(bool v) { select("LetGetMin", Want::Min, v); }
+void clsDS::GetMax(bool v) { select("LetGetMax", Want::Max, v); }
+void clsDS::GetCount(bool v) { select("LetGetCount", Want::Count, v); }
+void clsDS::GetLargest(bool v) { select("LetGetLargest", Want::Largest, v); }
+void clsDS::GetSmallest(bool v) { select("LetGetSmallest", Want::Smallest, v); }
+void clsDS::GetRange(bool v) { select("LetGetRange", Want::Range, v); }
+void clsDS::GetPercentile(bool v) { select("LetGetPercentile", Want::Percentile, v); }
 void clsDS::PlotBox(bool v) { kProc("LetPlotBox", [&] { plotBox_ = v; }); }
 void clsDS::PlotError(bool v) { kProc("LetPlotError", [&] { plotError_ = v; }); }
 
@@ -162,10 +274,12 @@ void clsDS::BoxYTitle(const std::string& v) { kProc("LetBoxYTitle", [&] { boxYTi
 void clsDS::ErrorTitle(const std::string& v) { kProc("LetErrorTitle", [&] { errorTitle_ = v; }); }
 void clsDS::ErrorYTitle(const std::string& v) { kProc("LetErrorYTitle", [&] { errorYTitle_ = v; }); }
 
+// A changed text drops the block even when it means the same (two texts that are not listed).
 void clsDS::ErrorCentre(const std::string& v) {
   kProc("LetErrorCentre", [&] {
-    if (v != errorCentre_) {
-      errorCentre_ = v;
+    if (v != errorCentreText_) {
+      errorCentreText_ = v;
+      errorCentre_ = rowForText(kErrorCentres, v).choice;
       block_.reset();
     }
   });
@@ -173,8 +287,9 @@ void clsDS::ErrorCentre(const std::string& v) {
 
 void clsDS::ErrorError(const std::string& v) {
   kProc("LetErrorError", [&] {
-    if (v != errorError_) {
-      errorError_ = v;
+    if (v != errorBarsText_) {
+      errorBarsText_ = v;
+      errorBars_ = rowForText(kErrorBars, v).choice;
       block_.reset();
     }
   });
@@ -188,25 +303,12 @@ void clsDS::Results(bool overWrite) {
   kProc("Results", [&] {
     failure_.reset();
     if (!input_) raise(err::kNoInputRange);
-
-    // Every column must be acceptable and every area as high as the first, before anything is
-    // written. The row count is the host's own (32-bit): a column of 32767 observations under a
-    // header row spans 32768 rows. The 16-bit limit is on the observations, in the engine.
-    std::int32_t rowCount = input_->RowsCount();
-    const std::int32_t areas = input_->AreasCount();
-    for (std::int32_t a = 1; a <= areas; ++a) {
-      const Range area = input_->Areas(a);
-      for (std::int32_t c = 1; c <= area.ColumnsCount(); ++c) {
-        RangeChecks::CheckInputColumn(area.Columns(c), headers_);
-      }
-      if (area.RowsCount() != rowCount) raise(err::kAreaHeights);
-      rowCount = area.RowsCount();
-    }
-
+    // Every column acceptable and every area as high as the first, before anything is written.
+    checkInputAreas(*input_, [&](const Range& column) {
+      RangeChecks::CheckInputColumn(column, headers_);
+    });
     if (!block_) block_ = GetResults();
-
     pasted_ = pasteResults(*block_, output_, overWrite);
-
     if (plotBox_) {
       DrawBoxPlot(plotRows_.columns, plotRows_.header, plotRows_.lowerPercentile,
                   plotRows_.upperPercentile, plotRows_.minimum, plotRows_.maximum,
@@ -216,187 +318,54 @@ void clsDS::Results(bool overWrite) {
       DrawErrorPlot(plotRows_.columns, plotRows_.header, plotRows_.centre, plotRows_.upperError,
                     plotRows_.lowerError);
     }
-
     output_->Cells(1, 1).Select();
     block_.reset();
   });
 }
 
-clsDS::Selection clsDS::chartNeeds() {
-  Selection forced;
+// What the charts force into the table, with the defaults they give a percentile or confidence
+// level of 0: 25 for both (not 95 for the level: kept as users have always seen it).
+clsDS::Statistics clsDS::chartNeeds() {
+  Statistics forced;
   if (plotBox_) {
-    forced[Want::Percentile] = true;
-    if (percentile_ == 0) percentile_ = 25;
-    forced[Want::Median] = forced[Want::Min] = forced[Want::Max] = true;
+    forced[Want::Percentile] = forced[Want::Median] = forced[Want::Min] = forced[Want::Max] = true;
   }
   if (plotError_) {
-    forced[errorCentre_ == "Mean" ? Want::Mean : Want::Median] = true;
-    if (errorError_ == "Standard Deviation") {
-      forced[Want::SD] = true;
-    } else if (errorError_ == "Variance") {
-      forced[Want::Variance] = true;
-    } else if (errorError_ == "Range") {
-      forced[Want::Max] = forced[Want::Min] = true;
-    } else if (errorError_ == "Interpercentile Range") {
-      forced[Want::Percentile] = true;
-      if (percentile_ == 0) percentile_ = 25;
-    } else if (errorError_ == "Confidence Limits") {
-      forced[Want::CL] = true;
-      // The same fallback as the percentile's, not 95: kept as users have always seen it.
-      if (cl_ == 0) cl_ = 25;
-    } else {
-      forced[Want::SE] = true;
-    }
+    forced[rowForChoice(kErrorCentres, errorCentre_).forced] = true;
+    const BarsRow& bars = rowForChoice(kErrorBars, errorBars_);
+    forced[bars.forced] = forced[bars.alsoForced] = true;
   }
+  if (forced[Want::Percentile] && percentile_ == 0) percentile_ = 25;
+  if (forced[Want::CL] && cl_ == 0) cl_ = 25;
   return forced;
 }
 
 Range clsDS::GetResults() {
   return kProc("GetResults", [&] {
     plotRows_ = PlotRows{};
-    Selection want = chartNeeds();
-    want[Want::Mean] |= getMean_;
-    want[Want::Median] |= getMedian_;
-    want[Want::Mode] |= getMode_;
-    want[Want::SE] |= getSE_;
-    want[Want::SD] |= getSD_;
-    want[Want::Variance] |= getVariance_;
-    want[Want::CV] |= getCV_;
-    want[Want::CL] |= getCL_;
-    want[Want::Percentile] |= getPercentile_;
-    want[Want::Sum] |= getSum_;
-    want[Want::Min] |= getMin_;
-    want[Want::Max] |= getMax_;
-    want[Want::Smallest] |= getSmallest_;
-    want[Want::Largest] |= getLargest_;
-    want[Want::Range] |= getRange_;
-    want[Want::Count] |= getCount_;
-    want[Want::Skewness] |= getSkewness_;
-    want[Want::Kurtosis] |= getKurtosis_;
-
+    Statistics want = selected_;
+    want |= chartNeeds();
     const Int16 firstDataRow = headers_ ? 2 : 1;
-
-    Int16 columns = 0;
-    for (std::int32_t a = 1; a <= input_->AreasCount(); ++a) {
-      columns += Int16::from(input_->Areas(a).ColumnsCount());
-    }
-
-    Int16 rows = 0;
-    for (const LayoutRow& row : kLayout) {
-      if (want[row.want]) rows += 1;
-    }
-    if (rows < 1) {
-      // Nothing selected: the four rows every user expects.
-      want[Want::Mean] = want[Want::SD] = want[Want::SE] = want[Want::Count] = true;
-      rows = 4;
-    }
-
-    ValueArray2D matrix(rows, columns + 1);
-    Array1D<std::string> names(columns);
-    std::array<Int16, static_cast<std::size_t>(Slot::kCount)> rowOf{};
+    const Int16 columns = countColumns(*input_);
+    const std::vector<const LayoutRow*> rows = selectedRows(kLayout, want, kDefaultRows);
     const Options options{cl_, percentile_, smallest_, largest_};
 
-    // The columns are independent: their statistics are computed on every core, and taken
-    // into the table strictly in column order, so the first failing column is still the one
-    // reported and the names are read in the same order as the values.
-    const std::vector<InputColumn> places = inputColumns(*input_);
-    DistributionFunctions& functions = HostSession::Application().worksheetFunction();
-    ColumnSteps steps(places.size());
-    const auto statistics = [&](std::size_t i) {
-      clsDSBO bo;
-      bo.Functions(&functions);
-      steps.reading(i);
-      bo.Data(columnData(*input_, places[i], firstDataRow).Values());
-      std::vector<CellValue> values;
-      for (std::size_t k = 0; k < kLayout.size(); ++k) {
-        if (!want[kLayout[k].want]) continue;
-        steps.step(i, static_cast<std::int32_t>(k));
-        values.push_back(kLayout[k].value(bo, options));
-      }
-      steps.done(i);
-      return values;
-    };
-    const auto take = [&](std::size_t i, std::vector<CellValue> values) {
-      const std::int32_t j = static_cast<std::int32_t>(i) + 2;
-      Int16 r = 0;
-      for (const LayoutRow& row : kLayout) {
-        if (!want[row.want]) continue;
-        r += 1;
-        matrix(r, j) = std::move(values[static_cast<std::size_t>(r.value() - 1)]);
-        matrix(r, 1) = labelOf(row, options);
-        if (row.slot != Slot::None) rowOf[static_cast<std::size_t>(row.slot)] = r;
-      }
-      names(j - 1) = columnName(*input_, places[i], headers_);
-    };
-    try {
-      orderedParallel<std::vector<CellValue>>(places.size(), statistics, take);
-    } catch (const ComponentError&) {
-      // Kept beside the error, which goes on unchanged.
-      if (const auto failed = steps.firstUnfinished()) {
-        const auto [i, k] = *failed;
-        failure_ = ColumnFailure{
-            columnName(*input_, places[i], headers_), columnData(*input_, places[i], firstDataRow),
-            k == ColumnSteps::kReading ? std::string() : labelOf(kLayout[static_cast<std::size_t>(k)], options)};
-      }
-      throw;
-    }
-
-    const auto slot = [&](Slot s) { return rowOf[static_cast<std::size_t>(s)]; };
-    plotRows_.columns = columns;
-    plotRows_.median = slot(Slot::Median);
-    plotRows_.lowerPercentile = slot(Slot::LowerPercentile);
-    plotRows_.upperPercentile = slot(Slot::UpperPercentile);
-    plotRows_.minimum = slot(Slot::Minimum);
-    plotRows_.maximum = slot(Slot::Maximum);
-    if (errorCentre_ == "Mean") {
-      plotRows_.centre = slot(Slot::Mean);
-    } else if (errorCentre_ == "Median") {
-      plotRows_.centre = slot(Slot::Median);
-    }
-    Slot upper = Slot::None;
-    Slot lower = Slot::None;
-    if (errorError_ == "Standard Error") {
-      upper = lower = Slot::SE;
-    } else if (errorError_ == "Standard Deviation") {
-      upper = lower = Slot::SD;
-    } else if (errorError_ == "Variance") {
-      upper = lower = Slot::Variance;
-    } else if (errorError_ == "Range") {
-      upper = Slot::Maximum;
-      lower = Slot::Minimum;
-    } else if (errorError_ == "Interpercentile Range") {
-      upper = Slot::UpperPercentile;
-      lower = Slot::LowerPercentile;
-    } else if (errorError_ == "Confidence Limits") {
-      upper = Slot::UpperLimit;
-      lower = Slot::LowerLimit;
-    }
-    if (upper != Slot::None) {
-      plotRows_.upperError = slot(upper);
-      plotRows_.lowerError = slot(lower);
-    }
+    StatisticsTable table(Int16::from(rows.size()), columns);
+    table.writeLabels(rows, [&](const LayoutRow& row) { return labelOf(row, options); });
+    fillStatistics(table, DataColumns{*input_, firstDataRow, headers_}, rows, options, failure_);
+    plotRows_ = plotRowsOf(columns, slotRowsOf(rows), errorCentre_, errorBars_);
 
     Int16 first = 0;
-    Range written = FormatResults(names, matrix, first);
-
-    // Matrix rows become sheet rows; the header row (0) becomes the names row above the table.
-    for (Int16* field : {&plotRows_.header, &plotRows_.lowerPercentile, &plotRows_.upperPercentile,
-                         &plotRows_.minimum, &plotRows_.maximum, &plotRows_.median,
-                         &plotRows_.centre, &plotRows_.upperError, &plotRows_.lowerError}) {
-      *field = first + *field - 1;
-    }
+    Range written = FormatResults(table, first);
+    toSheetRows(plotRows_, first);
     return written;
   });
 }
 
-Range clsDS::FormatResults(const Array1D<std::string>& columnNames, const ValueArray2D& matrix,
-                           Int16& firstRow) {
+Range clsDS::FormatResults(const StatisticsTable& table, Int16& firstRow) {
   return kProc("FormatResults", [&] {
     clsDSOutput writer;
-    writer.OutputHeader(input_->Parent().Name() + "!" + input_->Address(), "");
-    writer.InsertBlankLines(1);
-    writer.OutputMatrix(columnNames, matrix, firstRow);
-    writer.InsertBlankLines(1);
+    writeStatisticsTable(writer, *input_, table, firstRow);
     return writer.Results();
   });
 }
@@ -457,8 +426,7 @@ void clsDS::DrawErrorPlot(Int16 columns, Int16 headerRow, Int16 centreRow, Int16
 
     plot.HeadersRange(tableRow(output, headerRow, columns));
     plot.CentreRange(tableRow(output, centreRow, columns));
-    if (errorError_ != "Range" && errorError_ != "Interpercentile Range" &&
-        errorError_ != "Confidence Limits") {
+    if (!rowForChoice(kErrorBars, errorBars_).limits) {
       // A spread: the bar reaches the spread's own value above and below the centre.
       plot.ErrorNegRange(tableRow(output, lowerErrorRow, columns));
       plot.ErrorPosRange(tableRow(output, upperErrorRow, columns));

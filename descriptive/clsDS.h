@@ -14,15 +14,15 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 
+#include "descriptive/clsDS_options.h"
 #include "descriptive/plot_rows.h"
 #include "frame/range.h"
-#include "frame/value_array.h"
 #include "support/column_failure.h"
+#include "support/statistics_table.h"
 
 namespace orv {
-
-class clsDSBO;
 
 class clsDS {
  public:
@@ -79,29 +79,29 @@ class clsDS {
   const std::optional<ColumnFailure>& failure() const { return failure_; }
 
  private:
-  struct Selection;
+  using Statistics = Selection<DescriptiveStatistic>;
 
+  void select(std::string_view procedure, DescriptiveStatistic statistic, bool v);
+  Statistics chartNeeds();
   Range GetResults();
-  Selection chartNeeds();
-  Range FormatResults(const Array1D<std::string>& columnNames, const ValueArray2D& matrix,
-                      Int16& firstRow);
+  Range FormatResults(const StatisticsTable& table, Int16& firstRow);
   void DrawBoxPlot(Int16 columns, Int16 headerRow, Int16 lowerPercentileRow,
                    Int16 upperPercentileRow, Int16 minimumRow, Int16 maximumRow, Int16 medianRow);
   void DrawErrorPlot(Int16 columns, Int16 headerRow, Int16 centreRow, Int16 upperErrorRow,
                      Int16 lowerErrorRow);
 
   bool headers_ = false;
-  bool getMean_ = false, getMedian_ = false, getMode_ = false, getSE_ = false, getSD_ = false;
-  bool getVariance_ = false, getCV_ = false, getCL_ = false, getSum_ = false;
-  bool getSkewness_ = false, getKurtosis_ = false, getMin_ = false, getMax_ = false;
-  bool getCount_ = false, getLargest_ = false, getSmallest_ = false, getRange_ = false;
-  bool getPercentile_ = false;
+  Statistics selected_;  // the Get* options
   bool plotBox_ = false, plotError_ = false, outputFrequencies_ = false;
   std::uint8_t cl_ = 95;
   std::uint8_t percentile_ = 25;
   std::int32_t largest_ = 0;
   std::int32_t smallest_ = 0;
-  std::string boxTitle_, boxYTitle_, errorTitle_, errorYTitle_, errorCentre_, errorError_;
+  std::string boxTitle_, boxYTitle_, errorTitle_, errorYTitle_;
+  // The error plot's texts as set (a changed text drops the block) and as understood.
+  std::string errorCentreText_, errorBarsText_;
+  ErrorCentreChoice errorCentre_ = ErrorCentreChoice::Other;
+  ErrorBarsChoice errorBars_ = ErrorBarsChoice::Other;
 
   std::string inputText_;
   std::optional<Range> input_;

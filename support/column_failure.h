@@ -25,8 +25,9 @@ struct ColumnFailure {
 
 // Which step each column's computation has reached, so that after a run over the columns in
 // parallel (support/ordered_parallel.h) the first one that did not finish can be named. Each
-// column's slot is written only by the thread computing it, and read only once every thread has
-// finished; a column never started counts as finished.
+// column's slot is written by the thread reading its data and then only by the thread computing
+// it (the pipeline orders the hand-over), and read only once every thread has finished; a column
+// never started counts as finished.
 class ColumnSteps {
  public:
   static constexpr std::int32_t kReading = -1;

@@ -14,11 +14,10 @@
 #include "frame/range.h"
 #include "frame/value_array.h"
 #include "support/cell_formatter.h"
+#include "support/results_cursor.h"
 #include "support/results_style.h"
 
 namespace orv {
-
-class Worksheet;
 
 // The first and last sheet rows of the plot data that OutputPlotData wrote.
 struct PlotDataRows {
@@ -49,17 +48,12 @@ class clsDSOutput {
   Range Results();
 
   // The sheet row where the next line goes.
-  std::int32_t currentRow() const { return currentRow_; }
+  std::int32_t currentRow() const { return cursor_.row(); }
 
  private:
-  Range cells(std::int32_t top, std::int32_t left, std::int32_t bottom, std::int32_t right) const;
-  Range cell(std::int32_t row, std::int32_t column) const { return cells(row, column, row, column); }
-
-  Worksheet* sheet_ = nullptr;
   ResultsStyle style_;
   CellFormatter formatter_;
-  Int32 currentRow_ = 1;
-  Int16 lastColumn_ = 1;
+  ResultsCursor cursor_;
 };
 
 }  // namespace orv

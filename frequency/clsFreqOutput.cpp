@@ -4,10 +4,7 @@
 #include <array>
 #include <string_view>
 
-#include "frame/host.h"
 #include "frame/procedure.h"
-#include "support/host_session.h"
-#include "support/results_sheet.h"
 
 namespace orv {
 namespace {
@@ -43,22 +40,13 @@ CellValue categoryCell(const VariableDistribution& d, std::int32_t c, std::int32
 }  // namespace
 
 clsFreqOutput::clsFreqOutput() {
-  kProc("Class_Initialize", [&] {
-    sheet_ = &clearedResultsSheet(style_.BackgroundColorIndex());
-    currentRow_ = 1;
-    lastColumn_ = 1;
-  });
-}
-
-Range clsFreqOutput::cells(std::int32_t top, std::int32_t left, std::int32_t bottom,
-                           std::int32_t right) const {
-  return sheetCells(*sheet_, top, left, bottom, right);
+  kProc("Class_Initialize", [&] { cursor_.start(style_.BackgroundColorIndex()); });
 }
 
 void clsFreqOutput::writeLine(const std::string& text, bool heading) {
-  cell(currentRow_, 1).SetValue(text);
-  formatter_.EmphasisFormat(cell(currentRow_, 1), heading);
-  currentRow_ += 1;
+  cursor_.cell(cursor_.row(), 1).SetValue(text);
+  formatter_.EmphasisFormat(cursor_.cell(cursor_.row(), 1), heading);
+  cursor_.advance(1);
 }
 
 void clsFreqOutput::OutputHeader(const std::string& dataRange, const std::string& binRange,
@@ -97,12 +85,12 @@ void clsFreqOutput::OutputMatrix(const Array1D<std::string>& headings,
       }
     }
 
-    const std::int32_t h = currentRow_;
+    const std::int32_t h = cursor_.row();
     const std::int32_t first = (Int32(h) + 1).value();
     const std::int32_t last = (Int32(h) + tallest).value();
-    cells(h, 1, h, width).SetValues(heading);
-    formatter_.LabelFormat(cells(h, 1, h, width), false);
-    if (tallest >= 1) cells(first, 1, last, width).SetValues(body);
+    cursor_.cells(h, 1, h, width).SetValues(heading);
+    formatter_.LabelFormat(cursor_.cells(h, 1, h, width), false);
+    if (tallest >= 1) cursor_.cells(first, 1, last, width).SetValues(body);
 
     for (std::int32_t v = 1; v <= variables; ++v) {
       const std::int32_t k = results(v).Values.size();
@@ -110,7 +98,7 @@ void clsFreqOutput::OutputMatrix(const Array1D<std::string>& headings,
       const std::int32_t left = (v - 1) * kWidth;
       const std::int32_t bottom = h + k;
       for (std::int32_t c = 1; c <= kWidth; ++c) {
-        const Range column = cells(first, left + c, bottom, left + c);
+        const Range column = cursor_.cells(first, left + c, bottom, left + c);
         formatter_.ValueFormat(column, false);
         column.SetNumberFormat(std::string(kColumns[static_cast<std::size_t>(c - 1)].numberFormat));
       }
@@ -118,19 +106,19 @@ void clsFreqOutput::OutputMatrix(const Array1D<std::string>& headings,
       const CategoryFlags& f = (*flags)[static_cast<std::size_t>(v - 1)];
       // The mark joins the format, so the cell keeps the bin's number for the histogram.
       if (f.LessThanCatUsed) {
-        const Range c = cell(first, left + 1);
+        const Range c = cursor_.cell(first, left + 1);
         c.SetNumberFormat("<" + c.NumberFormat());
       }
       if (f.GreaterThanCatUsed) {
-        const Range c = cell(bottom, left + 1);
+        const Range c = cursor_.cell(bottom, left + 1);
         c.SetNumberFormat(">=" + c.NumberFormat());
       }
     }
 
     rows.first = first;
     rows.last = last;
-    currentRow_ = Int32(last) + 1;
-    lastColumn_ = std::max(lastColumn_.value(), width);
+    cursor_.advance(Int32(tallest) + 1);
+    cursor_.widen(width);
   });
 }
 
@@ -138,18 +126,17 @@ void clsFreqOutput::OutputComment(const std::string& comment, std::int16_t numBl
                                   bool heading) {
   kProc("OutputComment", [&] {
     writeLine(comment, heading);
-    currentRow_ += Int32(numBlankLines);
+    cursor_.advance(numBlankLines);
   });
 }
 
 void clsFreqOutput::InsertBlankLines(std::int16_t n) {
-  kProc("InsertBlankLines", [&] { currentRow_ += Int32(n); });
+  kProc("InsertBlankLines", [&] { cursor_.advance(n); });
 }
 
 Range clsFreqOutput::Results() {
   return kProc("Results", [&] {
-    if (lastColumn_ == 1) lastColumn_ = 6;
-    return cells(1, 1, currentRow_, lastColumn_);
+    return cursor_.block();
   });
 }
 

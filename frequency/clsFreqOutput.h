@@ -21,11 +21,10 @@
 #include "frame/value_array.h"
 #include "frequency/frequency_results.h"
 #include "support/cell_formatter.h"
+#include "support/results_cursor.h"
 #include "support/results_style.h"
 
 namespace orv {
-
-class Worksheet;
 
 // The sheet rows of the first and the last category row that OutputMatrix wrote (the heading
 // row is the one above the first).
@@ -56,15 +55,11 @@ class clsFreqOutput {
   Range Results();
 
  private:
-  Range cells(std::int32_t top, std::int32_t left, std::int32_t bottom, std::int32_t right) const;
-  Range cell(std::int32_t row, std::int32_t column) const { return cells(row, column, row, column); }
   void writeLine(const std::string& text, bool heading);
 
-  Worksheet* sheet_ = nullptr;
   ResultsStyle style_;
   CellFormatter formatter_;
-  Int32 currentRow_ = 1;
-  Int32 lastColumn_ = 1;
+  ResultsCursor cursor_;
 };
 
 }  // namespace orv

@@ -42,6 +42,7 @@
 #include "frame/range.h"
 #include "frequency/freq_data_type.h"
 #include "frequency/frequency_results.h"
+#include "frequency/histogram_data_block.h"
 #include "frequency/histogram_series.h"
 #include "support/column_failure.h"
 
@@ -124,6 +125,12 @@ class clsFreq {
   Range FormatResults(const std::vector<Table>& tables);
   void PasteResults(bool overWrite);
   void DrawHistogram();
+  struct PastedTable;
+  HistogramExtras histogramExtras(const PastedTable& table, std::size_t v) const;
+  std::optional<std::vector<double>> normalCounts(const PastedTable& table, std::size_t v,
+                                                  const std::vector<CategoryEdges>& edges) const;
+  void drawOneHistogram(const PastedTable& table, std::size_t v, const HistogramExtras& extras,
+                        const HistogramExtraCells* written, const Range& anchor) const;
 
   bool headers_ = false;
   ORVDescriptivesFreqDataType dataType_ = ORVDescriptivesFreqNumerical;

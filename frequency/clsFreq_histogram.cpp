@@ -77,85 +77,112 @@ ValueArray1D numbersAsCells(const std::vector<double>& numbers) {
 
 }  // namespace
 
+// The table the histograms are drawn from, as pasted: its cells on the output sheet.
+struct clsFreq::PastedTable {
+  const Range& origin;  // the output place, the pasted block's top-left cell
+  const FrequencyTablePlace& place;
+  std::int32_t first;  // the first category row
+
+  // Rows first..last of the block's column `left`.
+  Range column(std::int32_t left, std::int32_t last) const {
+    return Range::Span(origin.Cells(first, left), origin.Cells(last, left));
+  }
+};
+
 void clsFreq::DrawHistogram() {
   kFreq("DrawHistogram", [&] {
-    const FrequencyTablePlace* table = histogramTable(tables_);
-    if (table == nullptr) return;
-    const bool binned = table->kind != Kind::Raw;
-    const bool numerical = dataType_ == ORVDescriptivesFreqNumerical;
-    const Range& origin = *output_.range;
-    const auto cells = [&](std::int32_t top, std::int32_t left, std::int32_t bottom) {
-      return Range::Span(origin.Cells(top, left), origin.Cells(bottom, left));
-    };
-    const std::int32_t first = table->headingRow + 1;
+    const FrequencyTablePlace* place = histogramTable(tables_);
+    if (place == nullptr) return;
+    const PastedTable table{*output_.range, *place, place->headingRow + 1};
 
-    // First what each chart shows that no table cell holds: the range labels and the normal curve.
+    // First what each chart shows that no table cell holds: the range labels and the normal
+    // curve, written below the block where there is room. No chart for a variable without
+    // categories.
     std::vector<std::size_t> drawn;
     std::vector<HistogramExtras> extras;
-    for (std::size_t v = 0; v < table->lastRows.size(); ++v) {
-      const std::int32_t last = table->lastRows[v];
-      if (last < first) continue;
-      HistogramExtras e;
-      e.left = static_cast<std::int32_t>(v) * kVariableWidth + 1;
-      e.name = origin.Cells(table->headingRow, e.left).Value();
-      const Range categories = cells(first, e.left, last);
-      const Range counts = cells(first, e.left + kCountColumn - 1, last);
-      // Numerical bins have edges: they give the "from - to" labels and the normal curve.
-      const std::optional<std::vector<double>> values = binned ? numbersOf(categories) : std::nullopt;
-      const CategoryFlags flags = v < table->flags.size() ? table->flags[v] : CategoryFlags{};
-      const std::vector<CategoryEdges> edges =
-          values ? binnedCategoryEdges(*values, flags) : std::vector<CategoryEdges>{};
-      if (values && !histogram_.categoryStartPoints) e.labels = rangeLabels(edges);
-      if (values && numerical && histogram_.normal) {
-        const std::vector<double> observed = numbersOf(counts).value_or(std::vector<double>{});
-        double total = 0;
-        for (double n : observed) total += n;
-        const std::optional<SampleMoments> moments =
-            input_.range ? (v < moments_.size() ? moments_[v] : std::nullopt)
-                         : groupedMoments(edges, observed);
-        if (moments) {
-          e.normal = expectedNormalCounts(edges, total, *moments,
-                                          HostSession::Application().worksheetFunction());
-        }
-      }
+    for (std::size_t v = 0; v < place->lastRows.size(); ++v) {
+      if (place->lastRows[v] < table.first) continue;
       drawn.push_back(v);
-      extras.push_back(std::move(e));
+      extras.push_back(histogramExtras(table, v));
     }
     const std::optional<std::vector<HistogramExtraCells>> written =
-        writeHistogramData(origin, lastUsedRow(*pasted_), extras);
+        writeHistogramData(table.origin, lastUsedRow(*pasted_), extras);
 
-    const Range anchor = origin.Cells(1, pasted_->ColumnsCount() + 2);
+    const Range anchor = table.origin.Cells(1, pasted_->ColumnsCount() + 2);
     for (std::size_t i = 0; i < drawn.size(); ++i) {
-      const std::size_t v = drawn[i];
-      const HistogramExtras& e = extras[i];
-      const std::int32_t last = table->lastRows[v];
-      HistogramBuilder builder;
-      builder.VerticalOffset(static_cast<std::int32_t>(v) * kChartStep);
-      builder.HorizontalOffset(0);
-      builder.OutputRange(anchor);
-      builder.ChartHeight(kChartHeight);
-      builder.ChartTitle(histogram_.title);
-      builder.XAxisTitle(histogram_.xTitle);
-      builder.YAxisTitle(histogram_.yTitle);
-      builder.CountsRange(cells(first, e.left + kCountColumn - 1, last));
-      if (written && (*written)[i].labels) {
-        builder.CategoryLabels(*(*written)[i].labels);
-      } else if (e.labels) {
-        builder.CategoryLabels(textsOf(*e.labels));
-      } else {
-        builder.CategoryLabels(cells(first, e.left, last));
-      }
-      if (written && (*written)[i].normal) {
-        builder.NormalCounts(*(*written)[i].normal);
-      } else if (e.normal) {
-        builder.NormalCounts(numbersAsCells(*e.normal));
-      }
-      if (histogram_.cumulative) {
-        builder.CumulativePercentsRange(cells(first, e.left + kCumPercentColumn - 1, last));
-      }
-      builder.CreatePlot();
+      drawOneHistogram(table, drawn[i], extras[i], written ? &(*written)[i] : nullptr, anchor);
     }
   });
+}
+
+HistogramExtras clsFreq::histogramExtras(const PastedTable& table, std::size_t v) const {
+  const std::int32_t last = table.place.lastRows[v];
+  HistogramExtras e;
+  e.left = static_cast<std::int32_t>(v) * kVariableWidth + 1;
+  e.name = table.origin.Cells(table.place.headingRow, e.left).Value();
+  // Numerical bins have edges: they give the "from - to" labels and the normal curve.
+  const bool binned = table.place.kind != Kind::Raw;
+  const std::optional<std::vector<double>> values =
+      binned ? numbersOf(table.column(e.left, last)) : std::nullopt;
+  if (!values) return e;
+  const CategoryFlags flags = v < table.place.flags.size() ? table.place.flags[v] : CategoryFlags{};
+  const std::vector<CategoryEdges> edges = binnedCategoryEdges(*values, flags);
+  if (!histogram_.categoryStartPoints) e.labels = rangeLabels(edges);
+  if (dataType_ == ORVDescriptivesFreqNumerical && histogram_.normal) {
+    e.normal = normalCounts(table, v, edges);
+  }
+  return e;
+}
+
+// The counts a normal distribution expects per category: of the data's own mean and deviation,
+// or for pre-counted data of the table's; nothing where the data do not vary.
+std::optional<std::vector<double>> clsFreq::normalCounts(
+    const PastedTable& table, std::size_t v, const std::vector<CategoryEdges>& edges) const {
+  const std::int32_t left = static_cast<std::int32_t>(v) * kVariableWidth + kCountColumn;
+  const std::vector<double> observed =
+      numbersOf(table.column(left, table.place.lastRows[v])).value_or(std::vector<double>{});
+  double total = 0;
+  for (double n : observed) total += n;
+  const std::optional<SampleMoments> moments =
+      input_.range ? (v < moments_.size() ? moments_[v] : std::nullopt)
+                   : groupedMoments(edges, observed);
+  if (!moments) return std::nullopt;
+  return expectedNormalCounts(edges, total, *moments,
+                              HostSession::Application().worksheetFunction());
+}
+
+// One chart, `v` places down the stack: the counts, categories labelled by the cells written
+// for them (else literal labels, else the table's own category cells), the normal curve and the
+// cumulative percentages as asked for.
+void clsFreq::drawOneHistogram(const PastedTable& table, std::size_t v,
+                               const HistogramExtras& extras, const HistogramExtraCells* written,
+                               const Range& anchor) const {
+  const std::int32_t last = table.place.lastRows[v];
+  HistogramBuilder builder;
+  builder.VerticalOffset(static_cast<std::int32_t>(v) * kChartStep);
+  builder.HorizontalOffset(0);
+  builder.OutputRange(anchor);
+  builder.ChartHeight(kChartHeight);
+  builder.ChartTitle(histogram_.title);
+  builder.XAxisTitle(histogram_.xTitle);
+  builder.YAxisTitle(histogram_.yTitle);
+  builder.CountsRange(table.column(extras.left + kCountColumn - 1, last));
+  if (written != nullptr && written->labels) {
+    builder.CategoryLabels(*written->labels);
+  } else if (extras.labels) {
+    builder.CategoryLabels(textsOf(*extras.labels));
+  } else {
+    builder.CategoryLabels(table.column(extras.left, last));
+  }
+  if (written != nullptr && written->normal) {
+    builder.NormalCounts(*written->normal);
+  } else if (extras.normal) {
+    builder.NormalCounts(numbersAsCells(*extras.normal));
+  }
+  if (histogram_.cumulative) {
+    builder.CumulativePercentsRange(table.column(extras.left + kCumPercentColumn - 1, last));
+  }
+  builder.CreatePlot();
 }
 
 }  // namespace orv

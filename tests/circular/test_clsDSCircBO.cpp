@@ -44,6 +44,24 @@ TEST_F(CircularTest, ConfidenceHalfWidth) {
   EXPECT_EQ(withoutChiInv.CL(), CellValue("n/a"));
 }
 
+TEST_F(CircularTest, TheConfidenceLimitTakesChiInvFromTheFunctionsHandedToTheEngine) {
+  // Answers the 95 % chi-square quantile of one degree of freedom and remembers the question.
+  struct Chi final : DistributionFunctions {
+    double TInv(double, double) override { return 0; }
+    double NormDist(double, double, double, bool) override { return 0; }
+    double ChiInv(double p, double df) override {
+      asked.push_back({p, df});
+      return 3.841458820694124;
+    }
+    std::vector<std::pair<double, double>> asked;
+  } chi;
+  clsDSCircBO bo;
+  bo.Functions(&chi);
+  bo.Data(array({10.0, 20.0, 30.0, 40.0, 50.0, 60.0, 70.0, 80.0}));
+  EXPECT_NEAR(bo.CL().number(), 19.26550155676808, 1e-9);  // as in ConfidenceHalfWidth
+  EXPECT_EQ(chi.asked, (std::vector<std::pair<double, double>>{{0.05, 1}}));
+}
+
 TEST_F(CircularTest, FailuresLeaveWithTheNumberAndTheReadingProcedure) {
   using Read = double (clsDSCircBO::*)();
   const struct {

@@ -46,6 +46,27 @@ void expectError(F&& f, std::int32_t number, const std::string& src) {
   }
 }
 
+// Distribution functions that give fixed answers and remember every question, to see what an
+// engine asks of the service handed to it.
+struct FixedFunctions final : DistributionFunctions {
+  struct Call {
+    const char* function;
+    double a, b;
+    friend bool operator==(const Call&, const Call&) = default;
+  };
+  double TInv(double p, double df) override { return ask("TInv", p, df, 2.0); }
+  double NormDist(double x, double mean, double sd, bool) override {
+    calls.push_back({"NormDist", mean, sd});
+    return x <= 0 ? 0.25 : 0.75;
+  }
+  double ChiInv(double p, double df) override { return ask("ChiInv", p, df, 3.841458820694124); }
+  double ask(const char* function, double a, double b, double answer) {
+    calls.push_back({function, a, b});
+    return answer;
+  }
+  std::vector<Call> calls;
+};
+
 class EngineTest : public ::testing::Test {
  protected:
   clsDSBO engineOf(const ValueArray2D& data) {

@@ -76,6 +76,21 @@ TEST_F(Moments, FaultsCarryTheirNumberAndProcedure) {
   expectError([&] { e.UCL(95); }, err::kObjectRequired, source("UCL"));
 }
 
+TEST_F(Moments, LimitsAndProbabilitiesComeFromTheFunctionsHandedToTheEngine) {
+  FixedFunctions fixed;  // TInv 2, a lower normal tail of 0.25
+  clsDSBO e;
+  e.Functions(&fixed);
+  e.Data(columnOf({1.0, 2.0, 4.0, 8.0, 16.0, 32.0, 64.0, 128.0, 256.0, 512.0}));
+  const double mean = e.Mean();
+  const double se = e.SE();
+  EXPECT_DOUBLE_EQ(e.LCL(90), mean - 2 * se);
+  EXPECT_DOUBLE_EQ(e.UCL(95), mean + 2 * se);
+  EXPECT_EQ(e.SkewnessP(), CellValue(0.5));
+  // The two-tailed p of (100 - CL) / 100 with n - 1 degrees of freedom; the standard normal.
+  EXPECT_EQ(fixed.calls, (std::vector<FixedFunctions::Call>{
+                             {"TInv", 0.1, 9}, {"TInv", 0.05, 9}, {"NormDist", 0, 1}}));
+}
+
 TEST_F(Moments, SixteenBitLimitOfTheSum) {
   clsDSBO fits = engineOf(repeated(32767, 2.0));
   EXPECT_DOUBLE_EQ(fits.Sum(), 65534.0);

@@ -1,5 +1,6 @@
 #include "circular/clsDSCirc.h"
 
+#include <array>
 #include <exception>
 #include <utility>
 #include <vector>
@@ -232,7 +233,6 @@ void clsDSCirc::Results(bool overWrite) {
 
 Range clsDSCirc::GetResults(Int16& columnCount, PlotDataRows& plotPositions) {
   return kProc("GetResults", [&] {
-    columnCount = 0;
     const Int16 startRow = headers_ ? 2 : 1;
     columnCount = countColumns(*input_);
     const std::vector<const LayoutRow*> rows = selectedRows(kLayout, switches_, kDefaultSwitches);

@@ -6,7 +6,7 @@
 
 namespace orv {
 
-// The statistics a Get* option selects, in the order of the Get* options' rows. A chart may
+// The statistics a Get* option selects, in the order of their rows in the table. A chart may
 // force some of them on as well.
 enum class DescriptiveStatistic : std::uint8_t {
   Mean, Median, Mode, SE, SD, Variance, CV, CL, Percentile, Sum, Min, Max, Smallest, Largest,

@@ -1,0 +1,182 @@
+#include "calc/office_process.h"
+
+#include <arpa/inet.h>
+#include <fcntl.h>
+#include <netinet/in.h>
+#include <signal.h>
+#include <spawn.h>
+#include <sys/socket.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <chrono>
+#include <cstdlib>
+#include <cstring>
+#include <fstream>
+#include <iterator>
+#include <system_error>
+#include <thread>
+#include <vector>
+
+extern char** environ;
+
+namespace orv::calc {
+namespace {
+
+constexpr std::chrono::milliseconds kPoll{50};
+constexpr std::chrono::seconds kGracefulStop{5};
+constexpr std::size_t kLogTailBytes = 2000;
+
+std::string systemMessage(int error) { return std::generic_category().message(error); }
+
+std::filesystem::path makeTemporaryFolder() {
+  std::string pattern = (std::filesystem::temp_directory_path() / "orvella-office-XXXXXX").string();
+  if (::mkdtemp(pattern.data()) == nullptr) {
+    throw OfficeError("cannot make a temporary folder for the office's profile: " + systemMessage(errno));
+  }
+  return pattern;
+}
+
+// A port nobody listens on now: the kernel's choice for a socket bound to port 0. Another program
+// could take it before the office does; the office then fails to listen and the connection
+// attempt reports it.
+int freeLocalPort() {
+  const int fd = ::socket(AF_INET, SOCK_STREAM, 0);
+  if (fd < 0) throw OfficeError("cannot find a free local port: " + systemMessage(errno));
+  sockaddr_in address{};
+  address.sin_family = AF_INET;
+  address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+  address.sin_port = 0;
+  socklen_t length = sizeof address;
+  const bool ok = ::bind(fd, reinterpret_cast<sockaddr*>(&address), sizeof address) == 0 &&
+                  ::getsockname(fd, reinterpret_cast<sockaddr*>(&address), &length) == 0;
+  const int error = errno;
+  ::close(fd);
+  if (!ok) throw OfficeError("cannot find a free local port: " + systemMessage(error));
+  return ntohs(address.sin_port);
+}
+
+// Owns what posix_spawn needs and frees it however spawning ends.
+struct SpawnSetup {
+  posix_spawn_file_actions_t actions{};
+  posix_spawnattr_t attributes{};
+  SpawnSetup() {
+    posix_spawn_file_actions_init(&actions);
+    posix_spawnattr_init(&attributes);
+  }
+  ~SpawnSetup() {
+    posix_spawn_file_actions_destroy(&actions);
+    posix_spawnattr_destroy(&attributes);
+  }
+  SpawnSetup(const SpawnSetup&) = delete;
+  SpawnSetup& operator=(const SpawnSetup&) = delete;
+};
+
+}  // namespace
+
+OfficeProcess::OfficeProcess() : folder_(makeTemporaryFolder()) {
+  try {
+    port_ = freeLocalPort();
+    spawn();
+  } catch (...) {
+    std::error_code ignored;
+    std::filesystem::remove_all(folder_, ignored);
+    throw;
+  }
+}
+
+OfficeProcess::~OfficeProcess() { stop(); }
+
+std::string OfficeProcess::connectionDescription() const {
+  return "socket,host=127.0.0.1,port=" + std::to_string(port_) + ";urp";
+}
+
+void OfficeProcess::spawn() {
+  const std::string program = std::string(ORV_OFFICE_PROGRAM_DIR) + "/soffice.bin";
+  std::vector<std::string> args = {
+      program,
+      "--headless",
+      "--invisible",
+      "--nologo",
+      "--norestore",
+      "--nodefault",
+      "--nolockcheck",
+      "-env:UserInstallation=file://" + (folder_ / "profile").string(),
+      "--accept=" + connectionDescription() + ";StarOffice.ComponentContext",
+  };
+  std::vector<char*> argv;
+  for (std::string& a : args) argv.push_back(a.data());
+  argv.push_back(nullptr);
+
+  SpawnSetup setup;
+  const std::string log = (folder_ / "office.log").string();
+  posix_spawn_file_actions_addopen(&setup.actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+  posix_spawn_file_actions_addopen(&setup.actions, STDOUT_FILENO, log.c_str(),
+                                   O_WRONLY | O_CREAT | O_APPEND, 0600);
+  posix_spawn_file_actions_adddup2(&setup.actions, STDOUT_FILENO, STDERR_FILENO);
+  // A process group of its own, so that a Ctrl-C at the terminal reaches us and not the office
+  // (we stop it ourselves); and no blocked or ignored signals inherited from a caller that waits
+  // for signals on a thread of its own, so that SIGTERM stops the office.
+  sigset_t none;
+  sigemptyset(&none);
+  sigset_t defaults;
+  sigemptyset(&defaults);
+  for (int s : {SIGINT, SIGTERM, SIGHUP, SIGPIPE}) sigaddset(&defaults, s);
+  posix_spawnattr_setflags(&setup.attributes,
+                           POSIX_SPAWN_SETPGROUP | POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
+  posix_spawnattr_setpgroup(&setup.attributes, 0);
+  posix_spawnattr_setsigmask(&setup.attributes, &none);
+  posix_spawnattr_setsigdefault(&setup.attributes, &defaults);
+
+  pid_t child = -1;
+  const int error = ::posix_spawn(&child, program.c_str(), &setup.actions, &setup.attributes,
+                                  argv.data(), environ);
+  if (error != 0) throw OfficeError("cannot start the office (" + program + "): " + systemMessage(error));
+  pid_ = child;
+  exitCode_.reset();
+}
+
+std::optional<int> OfficeProcess::exitCode() {
+  if (exitCode_ || pid_ < 0) return exitCode_;
+  int status = 0;
+  const pid_t done = ::waitpid(pid_, &status, WNOHANG);
+  if (done == pid_) exitCode_ = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+  if (done < 0) exitCode_ = -1;  // not our child any more: treat it as gone
+  return exitCode_;
+}
+
+void OfficeProcess::respawn() {
+  if (!exitCode()) throw OfficeError("the office was asked to start again while it still runs");
+  spawn();
+}
+
+void OfficeProcess::stop() {
+  if (pid_ > 0 && !exitCode()) {
+    ::kill(pid_, SIGTERM);
+    const auto deadline = std::chrono::steady_clock::now() + kGracefulStop;
+    while (!exitCode() && std::chrono::steady_clock::now() < deadline) std::this_thread::sleep_for(kPoll);
+    if (!exitCode()) {
+      ::kill(pid_, SIGKILL);
+      int status = 0;
+      ::waitpid(pid_, &status, 0);
+      exitCode_ = -1;
+    }
+  }
+  if (!folder_.empty()) {
+    std::error_code ignored;
+    std::filesystem::remove_all(folder_, ignored);
+    folder_.clear();
+  }
+}
+
+std::string OfficeProcess::logTail() const {
+  if (folder_.empty()) return {};
+  std::ifstream in(folder_ / "office.log", std::ios::binary);
+  std::string text{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+  if (text.size() > kLogTailBytes) text.erase(0, text.size() - kLogTailBytes);
+  while (!text.empty() && (text.back() == '\n' || text.back() == ' ')) text.pop_back();
+  return text;
+}
+
+}  // namespace orv::calc

@@ -101,20 +101,10 @@ OfficeConnection::OfficeConnection(OfficeProcess& office, std::chrono::seconds t
     std::this_thread::sleep_for(kRetry);
   }
   try {
-    services_ = context_->getServiceManager();
     desktop_ = css::frame::Desktop::create(context_);
   } catch (const css::uno::Exception& e) {
     throw OfficeError(withLog("the office answered but cannot be used: " + fromUno(e.Message), office));
   }
-}
-
-Reference<css::uno::XInterface> OfficeConnection::create(const char* service) const {
-  return remote(std::string("create the office service ") + service, [&] {
-    Reference<css::uno::XInterface> made =
-        services_->createInstanceWithContext(OUString::createFromAscii(service), context_);
-    if (!made.is()) raiseHost(std::string("The office has no service ") + service);
-    return made;
-  });
 }
 
 Reference<css::lang::XComponent> OfficeConnection::load(const std::filesystem::path& file,
@@ -138,17 +128,6 @@ Reference<css::lang::XComponent> OfficeConnection::load(const std::filesystem::p
   }
   if (!document.is()) throw OfficeError("the office cannot open \"" + name + "\" as a spreadsheet");
   return document;
-}
-
-Reference<css::lang::XComponent> OfficeConnection::newSpreadsheet() const {
-  return remote("make a new spreadsheet document", [&] {
-    const Reference<css::frame::XComponentLoader> loader(desktop_, UNO_QUERY_THROW);
-    const std::vector<PropertyValue> args = {property("Hidden", Any(true))};
-    Reference<css::lang::XComponent> document =
-        loader->loadComponentFromURL("private:factory/scalc", "_blank", 0, sequenceOf(args));
-    if (!document.is()) raiseHost("The office made no spreadsheet document");
-    return document;
-  });
 }
 
 void OfficeConnection::store(const Reference<css::lang::XComponent>& document,

@@ -11,7 +11,6 @@
 
 #include <com/sun/star/frame/XDesktop2.hpp>
 #include <com/sun/star/lang/XComponent.hpp>
-#include <com/sun/star/lang/XMultiComponentFactory.hpp>
 #include <com/sun/star/uno/XComponentContext.hpp>
 
 #include <chrono>
@@ -32,22 +31,15 @@ class OfficeConnection {
   OfficeConnection& operator=(const OfficeConnection&) = delete;
 
   const Reference<css::uno::XComponentContext>& context() const { return context_; }
-  const Reference<css::lang::XMultiComponentFactory>& services() const { return services_; }
   const Reference<css::frame::XDesktop2>& desktop() const { return desktop_; }
-  // A new instance of a service of the office, such as "com.sun.star.sheet.FunctionAccess".
-  Reference<css::uno::XInterface> create(const char* service) const;
-
   // `filterName` and `filterOptions` empty: the office picks the import filter itself.
   Reference<css::lang::XComponent> load(const std::filesystem::path& file, const std::string& filterName,
                                         const std::string& filterOptions) const;
-  // A new, empty spreadsheet document, hidden.
-  Reference<css::lang::XComponent> newSpreadsheet() const;
   void store(const Reference<css::lang::XComponent>& document, const std::filesystem::path& file,
              const std::string& filterName) const;
 
  private:
   Reference<css::uno::XComponentContext> context_;
-  Reference<css::lang::XMultiComponentFactory> services_;
   Reference<css::frame::XDesktop2> desktop_;
 };
 

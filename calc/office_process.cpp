@@ -4,7 +4,7 @@
 #include <fcntl.h>
 #include <netinet/in.h>
 #include <signal.h>
-#include <spawn.h>
+#include <sys/prctl.h>
 #include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -57,22 +57,6 @@ int freeLocalPort() {
   return ntohs(address.sin_port);
 }
 
-// Owns what posix_spawn needs and frees it however spawning ends.
-struct SpawnSetup {
-  posix_spawn_file_actions_t actions{};
-  posix_spawnattr_t attributes{};
-  SpawnSetup() {
-    posix_spawn_file_actions_init(&actions);
-    posix_spawnattr_init(&attributes);
-  }
-  ~SpawnSetup() {
-    posix_spawn_file_actions_destroy(&actions);
-    posix_spawnattr_destroy(&attributes);
-  }
-  SpawnSetup(const SpawnSetup&) = delete;
-  SpawnSetup& operator=(const SpawnSetup&) = delete;
-};
-
 }  // namespace
 
 OfficeProcess::OfficeProcess() : folder_(makeTemporaryFolder()) {
@@ -109,30 +93,31 @@ void OfficeProcess::spawn() {
   for (std::string& a : args) argv.push_back(a.data());
   argv.push_back(nullptr);
 
-  SpawnSetup setup;
   const std::string log = (folder_ / "office.log").string();
-  posix_spawn_file_actions_addopen(&setup.actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
-  posix_spawn_file_actions_addopen(&setup.actions, STDOUT_FILENO, log.c_str(),
-                                   O_WRONLY | O_CREAT | O_APPEND, 0600);
-  posix_spawn_file_actions_adddup2(&setup.actions, STDOUT_FILENO, STDERR_FILENO);
-  // A process group of its own, so that a Ctrl-C at the terminal reaches us and not the office
-  // (we stop it ourselves); and no blocked or ignored signals inherited from a caller that waits
-  // for signals on a thread of its own, so that SIGTERM stops the office.
-  sigset_t none;
-  sigemptyset(&none);
-  sigset_t defaults;
-  sigemptyset(&defaults);
-  for (int s : {SIGINT, SIGTERM, SIGHUP, SIGPIPE}) sigaddset(&defaults, s);
-  posix_spawnattr_setflags(&setup.attributes,
-                           POSIX_SPAWN_SETPGROUP | POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
-  posix_spawnattr_setpgroup(&setup.attributes, 0);
-  posix_spawnattr_setsigmask(&setup.attributes, &none);
-  posix_spawnattr_setsigdefault(&setup.attributes, &defaults);
-
-  pid_t child = -1;
-  const int error = ::posix_spawn(&child, program.c_str(), &setup.actions, &setup.attributes,
-                                  argv.data(), environ);
-  if (error != 0) throw OfficeError("cannot start the office (" + program + "): " + systemMessage(error));
+  const pid_t parent = ::getpid();
+  const pid_t child = ::fork();
+  if (child < 0) throw OfficeError("cannot start the office (" + program + "): " + systemMessage(errno));
+  if (child == 0) {
+    // Only async-signal-safe calls from here to exec. The office dies with us even when we are
+    // killed outright, so that no office outlives the command that started it; it gets a
+    // process group of its own, so that a Ctrl-C at the terminal reaches us and not it (we
+    // stop it ourselves); and it starts with no signal blocked, whatever the caller blocks.
+    ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+    if (::getppid() != parent) ::_exit(127);
+    ::setpgid(0, 0);
+    sigset_t none;
+    sigemptyset(&none);
+    ::sigprocmask(SIG_SETMASK, &none, nullptr);
+    for (int s : {SIGINT, SIGTERM, SIGHUP, SIGPIPE}) ::signal(s, SIG_DFL);
+    const int in = ::open("/dev/null", O_RDONLY);
+    const int out = ::open(log.c_str(), O_WRONLY | O_CREAT | O_APPEND, 0600);
+    if (in < 0 || out < 0) ::_exit(127);
+    ::dup2(in, STDIN_FILENO);
+    ::dup2(out, STDOUT_FILENO);
+    ::dup2(out, STDERR_FILENO);
+    ::execve(program.c_str(), argv.data(), environ);
+    ::_exit(127);
+  }
   pid_ = child;
   exitCode_.reset();
 }

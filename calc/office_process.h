@@ -4,7 +4,9 @@
 // The office runs from ORV_OFFICE_PROGRAM_DIR with a user profile in a fresh temporary folder (so
 // it never touches the user's own settings or a running office) and listens on a free local port
 // for one UNO connection. It is stopped by its process id, never by name: SIGTERM, then SIGKILL
-// if it has not gone within a few seconds; the temporary folder goes with it.
+// if it has not gone within a few seconds; the temporary folder goes with it. Should the starting
+// process be killed outright, the kernel stops the office too (a parent-death signal), so start
+// it from a thread that lives as long as the office is needed.
 //
 // The office's first start in a new profile ends with exit code 81 once the profile is made and
 // asks to be started again; OfficeConnection (office_connection.h) does that through respawn().

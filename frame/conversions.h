@@ -1,11 +1,13 @@
 #pragma once
 // Conversions between cell values, numbers and texts with the platform's rules.
 
+#include <cmath>
 #include <optional>
 #include <string>
 #include <string_view>
 
 #include "frame/cell_value.h"
+#include "frame/errors.h"
 
 namespace orv {
 
@@ -27,5 +29,20 @@ std::string numberToText(double x);
 // Cell value to text: numbers by numberToText, Booleans as "True"/"False", error values by their
 // text ("#DIV/0!"), empty as "".
 std::string toText(const CellValue& v);
+
+// What a cell holds once a program assigns `value` to it (Range.Value = ...): a text that reads
+// as a plain number becomes that number unless the cell's number format is text ("@"); an empty
+// text empties the cell; anything else is stored as given. A number that is not finite is a host
+// failure. `numberFormatOf()` gives the cell's number format; it is asked only for a text that
+// reads as a number, so that a host that must look the format up does so rarely.
+template <class NumberFormatOf>
+CellValue assignedValue(const CellValue& value, NumberFormatOf&& numberFormatOf) {
+  if (value.isNumber() && !std::isfinite(value.number())) raise(err::kHostFailure);
+  if (!value.isText()) return value;
+  if (value.text().empty()) return CellValue{};
+  const std::optional<double> number = parsePlainNumber(value.text());
+  if (number && numberFormatOf() != "@") return *number;
+  return value;
+}
 
 }  // namespace orv

@@ -1,7 +1,5 @@
 #include "workbook/in_memory_worksheet.h"
 
-#include <cmath>
-
 #include "frame/conversions.h"
 #include "frame/errors.h"
 #include "workbook/in_memory_application.h"
@@ -35,20 +33,7 @@ CellValue InMemoryWorksheet::cellValue(std::int32_t row, std::int32_t column) co
 
 void InMemoryWorksheet::assignValue(std::int32_t row, std::int32_t column, const CellValue& value) {
   checkCell(row, column);
-  if (value.isNumber() && !std::isfinite(value.number())) raise(err::kHostFailure);
-  if (value.isText()) {
-    if (value.text().empty()) {
-      cells_.set(row, column, CellValue{});
-      return;
-    }
-    if (formats_.format(row, column).numberFormat != "@") {
-      if (const auto number = parsePlainNumber(value.text())) {
-        cells_.set(row, column, *number);
-        return;
-      }
-    }
-  }
-  cells_.set(row, column, value);
+  cells_.set(row, column, assignedValue(value, [&] { return formats_.format(row, column).numberFormat; }));
 }
 
 void InMemoryWorksheet::storeRaw(std::int32_t row, std::int32_t column, CellValue value) {

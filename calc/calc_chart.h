@@ -1,0 +1,184 @@
+#pragma once
+// A chart of the live host: what the builders set is kept in a ChartSpec (chart_spec.h) with the
+// in-memory host's rules for it (which axes exist, how series are added, what a stock type does
+// to its series), and drawn into the office's chart document (chart_drawing.h) when the office
+// must answer (an automatic scale, the plot area's automatic layout) and when the sheet is
+// flushed.
+//
+// A new chart is a clustered column chart without series and axes. The primary category and
+// value axes exist once the chart has a series; a secondary value axis exists while a series is
+// on the secondary group (the secondary category axis is never shown and cannot be had). A
+// series added to a stock chart that already has all its price series is drawn as a short mark
+// without a line.
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "calc/calc_chart_parts.h"
+#include "calc/calc_series.h"
+#include "calc/chart_drawing.h"
+#include "calc/chart_spec.h"
+#include "frame/chart.h"
+
+namespace orv::calc {
+
+class CalcChart;
+class CalcChartObject;
+
+class CalcAxis final : public Axis {
+ public:
+  CalcAxis(CalcChart& chart, host::AxisType type, host::AxisGroup group);
+  CalcAxis(const CalcAxis&) = delete;
+  CalcAxis& operator=(const CalcAxis&) = delete;
+
+  host::AxisType type() const { return type_; }
+  host::AxisGroup group() const { return group_; }
+
+  void Delete() override { spec().shown = false; }
+  void SetHasTitle(bool on) override;
+  ChartTitle& AxisTitle() override;
+  orv::TickLabels& TickLabels() override { return tickLabels_; }
+  void SetHasMajorGridlines(bool on) override { spec().majorGridlines = on; }
+  void SetHasMinorGridlines(bool on) override { spec().minorGridlines = on; }
+  ChartBorder& Border() override { return border_; }
+  void SetMajorTickMark(host::TickMark mark) override { spec().majorTickMark = mark; }
+  void SetMinimumScale(double value) override { scaleField("MinimumScale", value).minimum = value; }
+  void SetMaximumScale(double value) override { scaleField("MaximumScale", value).maximum = value; }
+  void SetMajorUnit(double value) override;
+  // The maximum set, or the office's automatic maximum for what the axis shows now.
+  double MaximumScale() const override;
+
+  // The axis in the spec, marked changed; a host failure when the chart does not have it now.
+  SpecAxis& spec() const;
+
+ private:
+  SpecAxis& scaleField(std::string_view property, double value);
+  CalcChart* chart_;
+  host::AxisType type_;
+  host::AxisGroup group_;
+  SpecChartTitle title_;
+  SpecTickLabels tickLabels_;
+  SpecBorder border_;
+};
+
+class CalcUpDownBars final : public UpDownBars {
+ public:
+  explicit CalcUpDownBars(CalcChart& chart);
+  ChartBorder& Border() override { return border_; }
+  ChartInterior& Interior() override { return interior_; }
+
+ private:
+  SpecBorder border_;
+  SpecInterior interior_;
+};
+
+class CalcChartGroup final : public ChartGroup {
+ public:
+  CalcChartGroup(CalcChart& chart, host::AxisGroup group) : chart_(&chart), group_(group), upBars_(chart) {}
+  CalcChartGroup(const CalcChartGroup&) = delete;
+  CalcChartGroup& operator=(const CalcChartGroup&) = delete;
+  // Up-down bars and the gap width belong to the primary group; up-down bars to line and stock
+  // groups only.
+  void SetHasUpDownBars(bool on) override;
+  UpDownBars& UpBars() override;
+  void SetGapWidth(std::int32_t percent) override;
+
+ private:
+  CalcChart* chart_;
+  host::AxisGroup group_;
+  CalcUpDownBars upBars_;
+};
+
+class CalcChartArea final : public ChartArea {
+ public:
+  explicit CalcChartArea(CalcChart& chart);
+  void SetAutoScaleFont(bool on) override;
+  ChartInterior& Interior() override { return interior_; }
+  double Width() const override;
+
+ private:
+  CalcChart* chart_;
+  SpecInterior interior_;
+};
+
+class CalcPlotArea final : public PlotArea {
+ public:
+  explicit CalcPlotArea(CalcChart& chart);
+  CalcPlotArea(const CalcPlotArea&) = delete;
+  CalcPlotArea& operator=(const CalcPlotArea&) = delete;
+  ChartFill& Fill() override { return fill_; }
+  ChartBorder& Border() override { return border_; }
+  double Left() const override { return current().left; }
+  double Top() const override { return current().top; }
+  double Width() const override { return current().width; }
+  double Height() const override { return current().height; }
+  // Setting any side fixes the whole rectangle as it stands, then changes that side. Values must
+  // be finite and not negative.
+  void SetLeft(double points) override { *fixed(points).left = points; }
+  void SetTop(double points) override { *fixed(points).top = points; }
+  void SetWidth(double points) override { *fixed(points).width = points; }
+  void SetHeight(double points) override { *fixed(points).height = points; }
+
+ private:
+  PlotRectangle current() const;
+  SpecPlotArea& fixed(double points);
+  CalcChart* chart_;
+  SpecFill fill_;
+  SpecBorder border_;
+};
+
+class CalcChart final : public Chart {
+ public:
+  CalcChart(CalcChartObject& object, std::unique_ptr<ChartDrawing> drawing);
+  CalcChart(const CalcChart&) = delete;
+  CalcChart& operator=(const CalcChart&) = delete;
+
+  std::string Name() const override;
+  orv::SeriesCollection& SeriesCollection() override { return series_; }
+  void SetChartType(host::ChartType type) override;
+  ChartGroup& ChartGroups(std::int32_t index) override;
+  Axis& Axes(host::AxisType type, host::AxisGroup group) override;
+  void SetHasTitle(bool on) override;
+  orv::ChartTitle& ChartTitle() override;
+  void SetHasLegend(bool on) override { edit().legend = on; }
+  orv::ChartArea& ChartArea() override { return chartArea_; }
+  orv::PlotArea& PlotArea() override { return plotArea_; }
+
+  // The spec as it stands, and for changing it (which marks the chart to be drawn again).
+  const ChartSpec& spec() const { return spec_; }
+  ChartSpec& edit() {
+    changed_ = true;
+    return spec_;
+  }
+  CalcChartObject& object() const { return *object_; }
+  CalcSeriesCollection& series() { return series_; }
+  // Brings the spec's axes in line with the series: the primary pair with any series, the
+  // secondary value axis with a series on the secondary group. Axes that stay keep their settings.
+  void syncAxes();
+
+  // Draws the chart into the office when it changed since the last drawing.
+  void draw();
+  // What the office laid out itself, after drawing what changed.
+  double automaticMaximum(host::AxisGroup group);
+  PlotRectangle automaticPlotArea();
+  const ChartDrawing& drawing() const { return *drawing_; }
+
+ private:
+  CalcChartObject* object_;
+  std::unique_ptr<ChartDrawing> drawing_;
+  ChartSpec spec_;
+  bool changed_ = true;
+  CalcSeriesCollection series_;
+  std::vector<std::unique_ptr<CalcAxis>> axes_;
+  std::unique_ptr<CalcChartGroup> primaryGroup_, secondaryGroup_;
+  SpecChartTitle title_;
+  CalcChartArea chartArea_;
+  CalcPlotArea plotArea_;
+};
+
+// The spec's kind for a host chart type; a type the live host does not draw is a host failure.
+SpecKind specKindOf(host::ChartType type);
+
+}  // namespace orv::calc

@@ -1,0 +1,43 @@
+#include "calc/calc_chart_parts.h"
+
+#include "frame/errors.h"
+#include "frame/palette.h"
+
+namespace orv::calc {
+
+void SpecChartFont::SetSize(double points) {
+  if (!(points >= 1 && points <= 409)) raiseHost("Unable to set the Size property of the Font class");
+  font_().size = points;
+}
+
+void SpecBorder::SetLineStyle(host::LineStyle style) {
+  if (!drawn_) raiseHost("Unable to set the LineStyle property of the Border class in this host");
+  // Dashes and dots are drawn lines; the spec knows drawn or not drawn.
+  drawn_() = style != host::LineStyle::None;
+}
+
+void SpecBorder::SetWeight(host::BorderWeight weight) {
+  if (!weight_) raiseHost("Unable to set the Weight property of the Border class in this host");
+  double points = 0.75;
+  switch (weight) {
+    case host::BorderWeight::Hairline: points = 0.25; break;
+    case host::BorderWeight::Thin: points = 0.75; break;
+    case host::BorderWeight::Medium: points = 1.5; break;
+    case host::BorderWeight::Thick: points = 2.25; break;
+  }
+  weight_() = points;
+}
+
+void SpecBorder::SetColorIndex(std::int32_t index) {
+  if (!colorIndex_ || !paletteColor(index)) raiseHost("Unable to set the ColorIndex property of the Border class");
+  colorIndex_() = index;
+}
+
+void SpecInterior::SetColorIndex(std::int32_t index) {
+  if (!paletteColor(index) && index != kColorIndexAutomatic && index != kColorIndexNone) {
+    raiseHost("Unable to set the ColorIndex property of the Interior class");
+  }
+  colorIndex_() = index;
+}
+
+}  // namespace orv::calc

@@ -1,0 +1,199 @@
+#include "calc/calc_worksheet.h"
+
+#include <com/sun/star/awt/Point.hpp>
+#include <com/sun/star/beans/XPropertySet.hpp>
+#include <com/sun/star/table/XCellRange.hpp>
+#include <com/sun/star/table/XColumnRowRange.hpp>
+
+#include <cmath>
+
+#include "calc/calc_application.h"
+#include "calc/calc_chart_objects.h"
+#include "calc/calc_workbook.h"
+#include "frame/conversions.h"
+#include "frame/errors.h"
+
+namespace orv::calc {
+namespace {
+
+using css::uno::UNO_QUERY_THROW;
+
+void checkCell(std::int32_t row, std::int32_t column) {
+  if (row < 1 || row > kMaxRows || column < 1 || column > kMaxColumns) raise(err::kHostFailure);
+}
+
+void checkBlock(const CellBlock& b) {
+  if (b.top < 1 || b.left < 1 || b.bottom > kMaxRows || b.right > kMaxColumns || b.top > b.bottom ||
+      b.left > b.right) {
+    raise(err::kHostFailure);
+  }
+}
+
+bool wholeSheet(const CellBlock& b) { return b.wholeRows() && b.wholeColumns(); }
+
+// A size or position asked of the office once, then kept.
+template <class Compute>
+double cached(std::map<std::int32_t, double>& cache, std::int32_t key, Compute&& compute) {
+  const auto found = cache.find(key);
+  if (found != cache.end()) return found->second;
+  const double v = compute();
+  cache.emplace(key, v);
+  return v;
+}
+
+}  // namespace
+
+CalcWorksheet::CalcWorksheet(CalcWorkbook& parent, Reference<css::sheet::XSpreadsheet> sheet, std::string name)
+    : parent_(&parent),
+      name_(name),
+      cells_(std::move(sheet), parent.factory(), parent.numberFormats(), std::move(name)),
+      values_(cells_),
+      formats_(cells_) {}
+
+CalcWorksheet::~CalcWorksheet() = default;
+
+Workbook& CalcWorksheet::Parent() { return *parent_; }
+
+CellValue CalcWorksheet::cellValue(std::int32_t row, std::int32_t column) const {
+  checkCell(row, column);
+  return values_.get(row, column);
+}
+
+void CalcWorksheet::assignValue(std::int32_t row, std::int32_t column, const CellValue& value) {
+  checkCell(row, column);
+  values_.set(row, column, assignedValue(value, [&] { return formats_.get(row, column).numberFormat; }));
+}
+
+void CalcWorksheet::pasteValue(std::int32_t row, std::int32_t column, const CellValue& value) {
+  checkCell(row, column);
+  values_.set(row, column, value);
+}
+
+void CalcWorksheet::readBlock(const CellBlock& block, ValueArray2D& out) const {
+  checkBlock(block);
+  values_.read(block, out);
+}
+
+CellFormat CalcWorksheet::cellFormat(std::int32_t row, std::int32_t column) const {
+  checkCell(row, column);
+  return formats_.get(row, column);
+}
+
+void CalcWorksheet::setCellFormat(std::int32_t row, std::int32_t column, const CellFormat& format) {
+  checkCell(row, column);
+  formats_.set(row, column, format);
+}
+
+void CalcWorksheet::applyFormat(const CellBlock& block, const FormatPatch& patch) {
+  checkBlock(block);
+  formats_.patch(block, patch);
+}
+
+void CalcWorksheet::clear(const CellBlock& block) {
+  checkBlock(block);
+  values_.flush();
+  formats_.flush();
+  cells_.clear(block);
+  values_.cleared(block);
+  std::optional<CellFormat> standard;
+  if (wholeSheet(block)) standard = cells_.read(CellBlock{1, 1, 1, 1}).front();
+  formats_.cleared(block, standard);
+}
+
+std::optional<CellBlock> CalcWorksheet::usedBlock() const { return values_.usedBlock(); }
+
+double CalcWorksheet::hundredthsToPoints(sal_Int32 hundredths) const {
+  const double twips = std::round(hundredths * 1440.0 / 2540.0);
+  return twips / 20.0;
+}
+
+double CalcWorksheet::cellPosition(std::int32_t row, std::int32_t column, bool vertical) const {
+  return remote("measure the sheet " + name_, [&] {
+    const Reference<css::beans::XPropertySet> cell(sheet()->getCellByPosition(column - 1, row - 1), UNO_QUERY_THROW);
+    css::awt::Point at;
+    cell->getPropertyValue("Position") >>= at;
+    return hundredthsToPoints(vertical ? at.Y : at.X);
+  });
+}
+
+double CalcWorksheet::rowTop(std::int32_t row) const {
+  if (row < 1 || row > kMaxRows + 1) raise(err::kHostFailure);
+  if (row == 1) return 0;
+  if (row == kMaxRows + 1) return rowTop(kMaxRows) + rowHeight(kMaxRows);
+  return cached(rowTops_, row, [&] { return cellPosition(row, 1, true); });
+}
+
+double CalcWorksheet::columnLeft(std::int32_t column) const {
+  if (column < 1 || column > kMaxColumns + 1) raise(err::kHostFailure);
+  if (column == 1) return 0;
+  if (column == kMaxColumns + 1) return columnLeft(kMaxColumns) + columnWidth(kMaxColumns);
+  return cached(columnLefts_, column, [&] { return cellPosition(1, column, false); });
+}
+
+double CalcWorksheet::rowHeight(std::int32_t row) const {
+  checkCell(row, 1);
+  return cached(rowHeights_, row, [&] {
+    return remote("measure the rows of " + name_, [&] {
+      const Reference<css::table::XColumnRowRange> range(sheet(), UNO_QUERY_THROW);
+      const Reference<css::beans::XPropertySet> r(range->getRows()->getByIndex(row - 1), UNO_QUERY_THROW);
+      sal_Int32 height = 0;
+      r->getPropertyValue("Height") >>= height;
+      return hundredthsToPoints(height);
+    });
+  });
+}
+
+double CalcWorksheet::columnWidth(std::int32_t column) const {
+  checkCell(1, column);
+  return cached(columnWidths_, column, [&] {
+    return remote("measure the columns of " + name_, [&] {
+      const Reference<css::table::XColumnRowRange> range(sheet(), UNO_QUERY_THROW);
+      const Reference<css::beans::XPropertySet> c(range->getColumns()->getByIndex(column - 1), UNO_QUERY_THROW);
+      sal_Int32 width = 0;
+      c->getPropertyValue("Width") >>= width;
+      return hundredthsToPoints(width);
+    });
+  });
+}
+
+void CalcWorksheet::Activate() {
+  parent_->activateSheet(*this);
+  parent_->Activate();
+}
+
+void CalcWorksheet::MoveAfter(Worksheet& sheet) {
+  auto* after = dynamic_cast<CalcWorksheet*>(&sheet);
+  if (after == nullptr || after->parent_ != parent_) {
+    raiseHost("Move method of Worksheet class failed: the sheet \"" + name_ +
+              "\" can only be moved within its own workbook");
+  }
+  parent_->moveAfter(*this, *after);
+}
+
+void CalcWorksheet::select(const std::vector<CellBlock>& areas) {
+  for (const CellBlock& b : areas) checkBlock(b);
+  CalcApplication& app = parent_->calcApplication();
+  if (&app.ActiveWorkbook() != parent_ || parent_->activeSheet() != this) {
+    raiseHost("Select method of Range class failed: the sheet \"" + name_ + "\" is not the active sheet");
+  }
+  if (areas.empty()) return;
+  selection_ = areas;
+  parent_->select(*this, areas);
+}
+
+ChartObjects& CalcWorksheet::chartObjects() {
+  if (!charts_) charts_ = std::make_unique<CalcChartObjects>(*this);
+  return *charts_;
+}
+
+Shape& CalcWorksheet::shapes(std::string_view name) { return chartObjects().Item(name); }
+
+void CalcWorksheet::flushValues() { values_.flush(); }
+
+void CalcWorksheet::flush() {
+  values_.flush();
+  formats_.flush();
+  if (charts_) charts_->flush();
+}
+
+}  // namespace orv::calc

@@ -1,0 +1,62 @@
+#pragma once
+// ChartDrawing: draws a ChartSpec (chart_spec.h) into the office's document of one embedded
+// chart with the chart2 API, and reads back what the office laid out by itself.
+//
+// Each draw builds the diagram anew from the spec: one Cartesian coordinate system; a chart type
+// per kind of series (a candlestick type that takes the stock chart's three or four price
+// series as one series of the roles values-first, -max, -min and -last; column, line and
+// scatter types, smoothed lines apart); primary X and Y axes, and a second Y axis while a series
+// is on the secondary group; error bars from cells (ErrorBarStyle FROM_DATA); titles, legend,
+// wall and page fills. The old chart API (com.sun.star.chart) reads the automatic maximum of a
+// value axis and the plot area's automatic rectangle, which the office computes from its layout.
+//
+// Positions are in points here and 1/100 mm in the office (points x 2540 / 72).
+
+#include <com/sun/star/chart2/XChartDocument.hpp>
+#include <com/sun/star/chart2/data/XDataProvider.hpp>
+#include <com/sun/star/lang/XMultiServiceFactory.hpp>
+#include <com/sun/star/uno/XComponentContext.hpp>
+
+#include "calc/cell_format_properties.h"
+#include "calc/chart_spec.h"
+
+namespace orv::calc {
+
+struct PlotRectangle {
+  double left = 0, top = 0, width = 0, height = 0;
+};
+
+class ChartDrawing {
+ public:
+  // `document` is the spreadsheet document that holds the chart and provides its data.
+  ChartDrawing(Reference<css::uno::XComponentContext> context, Reference<css::chart2::XChartDocument> chart,
+               const Reference<css::lang::XMultiServiceFactory>& document);
+
+  // `width` and `height` are the chart's size in points.
+  void draw(const ChartSpec& spec, double width, double height);
+
+  // After a draw: the maximum of a value axis' automatic scale, and the plot area (with its
+  // axes and their labels) in points from the chart area's top-left corner.
+  double automaticMaximum(host::AxisGroup group);
+  PlotRectangle automaticPlotArea();
+
+  const Reference<css::chart2::XChartDocument>& chart() const { return chart_; }
+
+ private:
+  Reference<css::uno::XInterface> make(const char* service) const;
+  Reference<css::uno::XInterface> sequence(const std::string& range, const char* role) const;
+  // One series; the price series of a stock chart together as one.
+  Reference<css::uno::XInterface> series(const std::vector<const SpecSeries*>& members, bool prices) const;
+  Reference<css::uno::XInterface> axis(const ChartSpec& spec, const SpecAxis& axis, bool categories) const;
+  Reference<css::uno::XInterface> title(const SpecTitle& title) const;
+  void drawAxes(const ChartSpec& spec, const Reference<css::uno::XInterface>& system) const;
+  void drawFills(const ChartSpec& spec, const Reference<css::uno::XInterface>& diagram, double width,
+                 double height) const;
+
+  Reference<css::uno::XComponentContext> context_;
+  Reference<css::chart2::XChartDocument> chart_;
+  Reference<css::chart2::data::XDataProvider> data_;
+  mutable NumberFormatTable numbers_;
+};
+
+}  // namespace orv::calc

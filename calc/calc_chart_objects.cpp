@@ -2,7 +2,7 @@
 
 #include <com/sun/star/awt/Rectangle.hpp>
 #include <com/sun/star/container/XIndexAccess.hpp>
-#include <com/sun/star/container/XNamed.hpp>
+#include <com/sun/star/beans/XPropertySet.hpp>
 #include <com/sun/star/document/XEmbeddedObjectSupplier.hpp>
 #include <com/sun/star/drawing/XDrawPageSupplier.hpp>
 #include <com/sun/star/table/XTableCharts.hpp>
@@ -31,7 +31,7 @@ void requireSize(double points, std::string_view property) {
   if (points < 0) raiseHost("Unable to set the " + std::string(property) + " property of the ChartObject class");
 }
 
-// The draw page's shape of an embedded chart: the one named as the chart. The office marks the
+// The draw page's shape of an embedded chart: the one that keeps the chart under its name. The office marks the
 // draw page supplier deprecated, but a sheet offers its shapes no other way.
 Reference<css::drawing::XShape> shapeNamed(const Reference<css::sheet::XSpreadsheet>& sheet, const OUString& name) {
 #pragma GCC diagnostic push
@@ -40,8 +40,11 @@ Reference<css::drawing::XShape> shapeNamed(const Reference<css::sheet::XSpreadsh
       Reference<css::drawing::XDrawPageSupplier>(sheet, UNO_QUERY_THROW)->getDrawPage(), UNO_QUERY_THROW);
 #pragma GCC diagnostic pop
   for (sal_Int32 i = page->getCount() - 1; i >= 0; --i) {
-    const Reference<css::container::XNamed> shape(page->getByIndex(i), UNO_QUERY_THROW);
-    if (shape->getName() == name) return Reference<css::drawing::XShape>(shape, UNO_QUERY_THROW);
+    const Reference<css::beans::XPropertySet> shape(page->getByIndex(i), UNO_QUERY_THROW);
+    if (!shape->getPropertySetInfo()->hasPropertyByName("PersistName")) continue;
+    OUString persistName;
+    shape->getPropertyValue("PersistName") >>= persistName;
+    if (persistName == name) return Reference<css::drawing::XShape>(shape, UNO_QUERY_THROW);
   }
   raiseHost("The office made a chart without a shape on the sheet");
 }

@@ -102,33 +102,39 @@ struct TypeGroup {
   std::vector<const SpecSeries*> members;
 };
 
+// Groups stand in the order of their first series, so that the office lists the series in the
+// order they were added.
 std::vector<TypeGroup> typeGroups(const ChartSpec& spec) {
-  TypeGroup prices{"com.sun.star.chart2.CandleStickChartType", false, true, {}};
-  TypeGroup columns{"com.sun.star.chart2.ColumnChartType", false, false, {}};
-  TypeGroup lines{"com.sun.star.chart2.LineChartType", false, false, {}};
-  TypeGroup curves{"com.sun.star.chart2.LineChartType", true, false, {}};
-  TypeGroup points{"com.sun.star.chart2.ScatterChartType", false, false, {}};
   // The first series of a stock chart are its prices when there are as many as its kind takes;
   // otherwise (a price series was deleted) they are drawn as marks like the rest.
   const std::size_t priceCount = priceSeries(spec.kind);
   std::size_t stockSeries = 0;
   for (const SpecSeries& s : spec.series) stockSeries += s.kind == spec.kind && priceCount > 0 ? 1 : 0;
+  std::vector<TypeGroup> groups;
+  const auto join = [&](TypeGroup group, const SpecSeries& s) {
+    for (TypeGroup& g : groups) {
+      if (std::string_view(g.service) == group.service && g.smooth == group.smooth && g.prices == group.prices) {
+        g.members.push_back(&s);
+        return;
+      }
+    }
+    group.members.push_back(&s);
+    groups.push_back(std::move(group));
+  };
+  std::size_t prices = 0;
   for (const SpecSeries& s : spec.series) {
     const bool price = priceSeries(s.kind) > 0;
-    if (price && stockSeries >= priceCount && prices.members.size() < priceCount && s.kind == spec.kind) {
-      prices.members.push_back(&s);
+    if (price && stockSeries >= priceCount && prices < priceCount && s.kind == spec.kind) {
+      ++prices;
+      join({"com.sun.star.chart2.CandleStickChartType", false, true, {}}, s);
     } else if (price || s.kind == SpecKind::Line) {
       // Series beyond a stock chart's prices are drawn as marks of a line group.
-      (s.smooth ? curves : lines).members.push_back(&s);
+      join({"com.sun.star.chart2.LineChartType", s.smooth, false, {}}, s);
     } else if (s.kind == SpecKind::Column) {
-      columns.members.push_back(&s);
+      join({"com.sun.star.chart2.ColumnChartType", false, false, {}}, s);
     } else {
-      points.members.push_back(&s);
+      join({"com.sun.star.chart2.ScatterChartType", false, false, {}}, s);
     }
-  }
-  std::vector<TypeGroup> groups;
-  for (TypeGroup* g : {&prices, &columns, &lines, &curves, &points}) {
-    if (!g->members.empty()) groups.push_back(std::move(*g));
   }
   return groups;
 }
@@ -310,7 +316,7 @@ void ChartDrawing::draw(const ChartSpec& spec, double width, double height) {
         }
       } else if (std::string_view(group.service).ends_with("ColumnChartType")) {
         const std::vector<sal_Int32> gaps{spec.gapWidth, spec.gapWidth};  // one per axis index
-        props->setPropertyValue("GapWidthSequence", Any(sequenceOf(gaps)));
+        props->setPropertyValue("GapwidthSequence", Any(sequenceOf(gaps)));
       } else if (group.smooth) {
         props->setPropertyValue("CurveStyle", Any(css::chart2::CurveStyle_CUBIC_SPLINES));
       }

@@ -1,0 +1,269 @@
+// What every host must do with the charts the builders make, run against the in-memory host and
+// the live one: the charts are read back (chart_probe.h) from the host's record or the office's
+// chart documents, and must show the same things.
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "frame/errors.h"
+#include "frame/range.h"
+#include "host_under_test.h"
+
+namespace orv::test {
+namespace {
+
+using HostFactory = std::unique_ptr<HostUnderTest> (*)(const std::vector<std::string>&);
+using host::AxisGroup;
+using host::AxisType;
+
+template <class Call>
+std::int32_t errorNumber(Call&& call) {
+  try {
+    call();
+  } catch (const ComponentError& e) {
+    return e.number();
+  }
+  return 0;
+}
+
+class HostCharts : public ::testing::TestWithParam<HostFactory> {
+ protected:
+  void SetUp() override {
+    host = GetParam()({"Data"});
+    // A results block as the descriptive driver pastes it: names, then a statistic per row.
+    const std::vector<std::vector<CellValue>> rows = {
+        {"", "Control", "Treated"}, {"25th", 1.0, 2.0},  {"Min", 0.0, 1.0},   {"Max", 9.0, 12.0},
+        {"75th", 5.0, 6.0},         {"Median", 3.0, 4.0}, {"SE", 0.5, 0.25}};
+    for (std::size_t r = 0; r < rows.size(); ++r)
+      for (std::size_t c = 0; c < rows[r].size(); ++c)
+        data().pasteValue(static_cast<std::int32_t>(r + 1), static_cast<std::int32_t>(c + 1), rows[r][c]);
+  }
+  Worksheet& data() { return host->book().Worksheets("Data"); }
+  Range range(const char* reference) { return host->app().ResolveRange(reference); }
+  ProbedChart only() {
+    const std::vector<ProbedChart> charts = host->charts(data());
+    EXPECT_EQ(charts.size(), 1u);
+    return charts.empty() ? ProbedChart{} : charts.front();
+  }
+  static ProbedAxis axis(const char* which, bool shown, double ticks, std::string format, bool grid) {
+    ProbedAxis a;
+    a.which = which;
+    a.shown = shown;
+    a.tickLabelSize = ticks;
+    a.numberFormat = std::move(format);
+    a.majorGridlines = grid;
+    return a;
+  }
+  std::unique_ptr<HostUnderTest> host;
+};
+
+// The box plot: four price series, the stock type, the median twice on a deleted secondary axis.
+TEST_P(HostCharts, AStockChartWithTheMediansOnAHiddenSecondaryAxis) {
+  ChartObject& object = data().chartObjects().Add(250, 15, 200, 180);
+  object.SetHeight(180);
+  host->app().SetScreenUpdating(false);
+  object.Select();
+  Chart& chart = object.Chart();
+  SeriesCollection& series = chart.SeriesCollection();
+  series.Add(Union(range("B1:C1"), range("B2:C2")), host::RowCol::Columns, false, true, false);
+  series.Add(range("B3:C3"));
+  series.Add(range("B4:C4"));
+  series.Add(range("B5:C5"));
+  chart.SetChartType(host::ChartType::StockOHLC);
+  series.Add(range("B6:C6"));
+  series.Add(range("B6:C6"));
+  series.Item(5).SetAxisGroup(AxisGroup::Secondary);
+  series.Item(6).SetAxisGroup(AxisGroup::Secondary);
+  chart.Axes(AxisType::Value, AxisGroup::Secondary).Delete();
+  chart.ChartGroups(1).SetHasUpDownBars(true);
+  chart.ChartGroups(1).UpBars().Interior().SetColorIndex(15);
+  chart.SetHasTitle(true);
+  chart.ChartTitle().SetText("Heights");
+  chart.SetHasLegend(false);
+  Axis& values = chart.Axes(AxisType::Value, AxisGroup::Primary);
+  values.SetHasTitle(true);
+  values.AxisTitle().SetText("cm");
+  values.TickLabels().Font().SetSize(8);
+  values.SetHasMajorGridlines(false);
+  // The automatic scale covers the largest value plotted.
+  EXPECT_GE(values.MaximumScale(), 12.0);
+  EXPECT_LT(values.MaximumScale(), 20.0);
+  values.TickLabels().SetNumberFormat("0");
+  host->app().ActiveSheet().shapes("chart 1").SetTop(30);
+
+  ProbedChart expected;
+  expected.name = "Chart 1";
+  expected.left = 250;
+  expected.top = 30;
+  expected.width = 200;
+  expected.height = 180;
+  expected.title = "Heights";
+  expected.titleSize = 10;
+  expected.titleBold = true;
+  expected.upDownBars = true;
+  for (const char* cells : {"Data!$B$2:$C$2", "Data!$B$3:$C$3", "Data!$B$4:$C$4", "Data!$B$5:$C$5"}) {
+    expected.series.push_back({"stock", cells, "Data!$B$1:$C$1", "", false, false, "", ""});
+  }
+  for (int i = 0; i < 2; ++i) expected.series.push_back({"line", "Data!$B$6:$C$6", "Data!$B$1:$C$1", "", true, false, "", ""});
+  ProbedAxis valueAxis = axis("value", true, 8, "0", false);
+  valueAxis.title = "cm";
+  valueAxis.titleSize = 10;
+  expected.axes = {axis("category", true, 10, "General", false), valueAxis,
+                   axis("secondary value", false, 10, "General", false)};
+  expectSameChart(expected, only());
+  EXPECT_EQ(chart.Name(), "Data Chart 1");
+}
+
+// The error plot: one series of centres, bars from cells above and from a literal list below.
+TEST_P(HostCharts, ErrorBarsFromCellsAndFromLiteralAmounts) {
+  ChartObject& object = data().chartObjects().Add(0, 200, 150, 200);
+  Chart& chart = object.Chart();
+  chart.SeriesCollection().Add(Union(range("B1:C1"), range("B6:C6")), host::RowCol::Columns, false, true, false);
+  chart.SetChartType(host::ChartType::LineMarkers);
+  Series& centre = chart.SeriesCollection().Item(1);
+  centre.SetHasErrorBars(true);
+  centre.ErrorBars().Delete();
+  EXPECT_EQ(errorNumber([&] { centre.ErrorBars(); }), 1004);
+  centre.ErrorBar(host::ErrorBarDirection::Y, host::ErrorBarInclude::Both, host::ErrorBarType::Custom,
+                  range("B7:C7"), ValueArray1D(std::vector<CellValue>{2.0, 3.5}));
+  centre.ErrorBars().SetEndStyle(host::EndStyle::Cap);
+  centre.Border().SetLineStyle(host::LineStyle::None);
+  chart.SetHasLegend(false);
+
+  ProbedChart expected;
+  expected.name = "Chart 1";
+  expected.top = 200;
+  expected.width = 150;
+  expected.height = 200;
+  expected.series = {{"line", "Data!$B$6:$C$6", "Data!$B$1:$C$1", "", false, false, "Data!$B$7:$C$7", "=2;3.5"}};
+  expected.axes = {axis("category", true, 10, "General", false), axis("value", true, 10, "General", true)};
+  expectSameChart(expected, only());
+
+  const ErrorAmount nothing;
+  EXPECT_EQ(errorNumber([&] {
+              centre.ErrorBar(host::ErrorBarDirection::Y, host::ErrorBarInclude::Both, host::ErrorBarType::Custom,
+                              nothing, nothing);
+            }),
+            1004);
+  EXPECT_EQ(errorNumber([&] {
+              centre.ErrorBar(host::ErrorBarDirection::X, host::ErrorBarInclude::Both, host::ErrorBarType::Custom,
+                              range("B7:C7"), range("B7:C7"));
+            }),
+            1004);
+}
+
+// The histogram: columns from cells with literal labels, a smooth curve of literal values, and
+// a cumulative line on a secondary axis of its own scale.
+TEST_P(HostCharts, ColumnsWithLinesOfLiteralValuesAndASecondaryScale) {
+  Chart& chart = data().chartObjects().Add(10, 10, 300, 200).Chart();
+  chart.SetChartType(host::ChartType::ColumnClustered);
+  const ValueArray1D labels(std::vector<CellValue>{"0 - 10", "10 - 20"});
+  Series& bars = chart.SeriesCollection().NewSeries();
+  bars.SetValues(range("B2:C2"));
+  bars.SetXValues(labels);
+  bars.SetName("Frequency");
+  chart.ChartGroups(1).SetGapWidth(0);
+  Series& normal = chart.SeriesCollection().NewSeries();
+  normal.SetChartType(host::ChartType::Line);
+  normal.SetValues(ValueArray1D(std::vector<CellValue>{1.25, CellValue{}}));
+  normal.SetXValues(labels);
+  normal.SetName("Normal");
+  normal.SetSmooth(true);
+  normal.Border().SetColorIndex(3);
+  Series& cumulative = chart.SeriesCollection().NewSeries();
+  cumulative.SetChartType(host::ChartType::Line);
+  cumulative.SetValues(range("B5:C5"));
+  cumulative.SetXValues(labels);
+  cumulative.SetName("Cumulative Frequency");
+  cumulative.SetAxisGroup(AxisGroup::Secondary);
+  Axis& percents = chart.Axes(AxisType::Value, AxisGroup::Secondary);
+  percents.SetMinimumScale(0);
+  percents.SetMaximumScale(100);
+  percents.SetHasMajorGridlines(false);
+  percents.TickLabels().SetNumberFormat("0\"%\"");
+  EXPECT_EQ(percents.MaximumScale(), 100);
+  EXPECT_EQ(chart.SeriesCollection().Count(), 3);
+
+  ProbedChart expected;
+  expected.name = "Chart 1";
+  expected.left = expected.top = 10;
+  expected.width = 300;
+  expected.height = 200;
+  expected.legend = true;
+  expected.series = {{"column", "Data!$B$2:$C$2", "=0 - 10;10 - 20", "Frequency", false, true, "", ""},
+                     {"line", "=1.25;", "=0 - 10;10 - 20", "Normal", false, true, "", ""},
+                     {"line", "Data!$B$5:$C$5", "=0 - 10;10 - 20", "Cumulative Frequency", true, true, "", ""}};
+  ProbedAxis secondary = axis("secondary value", true, 10, "0\"%\"", false);
+  secondary.minimum = 0;
+  secondary.maximum = 100;
+  expected.axes = {axis("category", true, 10, "General", false), axis("value", true, 10, "General", true), secondary};
+  expectSameChart(expected, only());
+}
+
+TEST_P(HostCharts, AScatterChartOnFixedScales) {
+  Chart& chart = data().chartObjects().Add(0, 0, 200, 200).Chart();
+  chart.SetChartType(host::ChartType::XYScatter);
+  Series& points = chart.SeriesCollection().NewSeries();
+  points.SetXValues(range("B2:B6"));
+  points.SetValues(range("C2:C6"));
+  points.SetMarkerStyle(host::MarkerStyle::Circle);
+  points.Border().SetLineStyle(host::LineStyle::None);
+  for (AxisType type : {AxisType::Category, AxisType::Value}) {
+    Axis& a = chart.Axes(type, AxisGroup::Primary);
+    a.SetMinimumScale(-1);
+    a.SetMaximumScale(1);
+    a.SetMajorUnit(0.5);
+    a.SetHasMajorGridlines(false);
+  }
+  chart.SetHasLegend(false);
+  chart.PlotArea().SetLeft(20);
+  EXPECT_EQ(chart.PlotArea().Left(), 20);
+  EXPECT_GT(chart.PlotArea().Width(), 0);
+
+  ProbedChart expected;
+  expected.name = "Chart 1";
+  expected.width = expected.height = 200;
+  expected.series = {{"scatter", "Data!$C$2:$C$6", "Data!$B$2:$B$6", "", false, false, "", ""}};
+  ProbedAxis x = axis("category", true, 10, "General", false), y = axis("value", true, 10, "General", false);
+  x.minimum = y.minimum = -1;
+  x.maximum = y.maximum = 1;
+  expected.axes = {x, y};
+  expectSameChart(expected, only());
+}
+
+TEST_P(HostCharts, WhatAChartDoesNotHaveIsAHostFailure) {
+  ChartObjects& objects = data().chartObjects();
+  Chart& chart = objects.Add(0, 0, 100, 100).Chart();
+  EXPECT_EQ(objects.Add(0, 0, 100, 100).Name(), "Chart 2");
+  EXPECT_EQ(objects.Count(), 2);
+  EXPECT_EQ(errorNumber([&] { objects.Item("Chart 9"); }), 1004);
+  EXPECT_EQ(errorNumber([&] { objects.Add(0, 0, -1, 100); }), 1004);
+  EXPECT_EQ(errorNumber([&] { chart.Axes(AxisType::Value, AxisGroup::Primary); }), 1004);  // no series yet
+  EXPECT_EQ(errorNumber([&] { chart.ChartGroups(1); }), 1004);
+  SeriesCollection& series = chart.SeriesCollection();
+  series.Add(range("B2:C2"));
+  series.Add(range("B3:C3"));
+  EXPECT_EQ(errorNumber([&] { chart.SetChartType(host::ChartType::StockOHLC); }), 1004);
+  EXPECT_EQ(errorNumber([&] { chart.Axes(AxisType::Value, AxisGroup::Secondary); }), 1004);
+  EXPECT_EQ(errorNumber([&] { chart.Axes(AxisType::Category, AxisGroup::Secondary); }), 1004);
+  EXPECT_EQ(errorNumber([&] { chart.ChartGroups(1).UpBars(); }), 1004);
+  EXPECT_EQ(errorNumber([&] { chart.ChartTitle(); }), 1004);
+  EXPECT_EQ(errorNumber([&] { series.Add(range("B2:C3")); }), 1004);
+  Series& second = series.Item(2);
+  second.Delete();
+  EXPECT_EQ(series.Count(), 1);
+  EXPECT_EQ(errorNumber([&] { second.SetName("gone"); }), 1004);
+  EXPECT_EQ(errorNumber([&] { series.Item(2); }), 1004);
+  EXPECT_EQ(errorNumber([&] { series.Item(1).SetValues(ValueArray1D(std::vector<CellValue>{"x"})); }), 1004);
+}
+
+}  // namespace
+
+INSTANTIATE_TEST_SUITE_P(Hosts, HostCharts, ::testing::Values(&inMemoryHost, &liveHost),
+                         [](const ::testing::TestParamInfo<HostFactory>& info) {
+                           return info.param == &inMemoryHost ? std::string("InMemory") : std::string("Live");
+                         });
+
+}  // namespace orv::test

@@ -119,17 +119,18 @@ CalcPlotArea::CalcPlotArea(CalcChart& chart)
       fill_([&chart]() -> bool& { return chart.edit().plotArea.filled; }),
       border_([&chart]() -> bool& { return chart.edit().plotArea.border; }, {}) {}
 
-PlotRectangle CalcPlotArea::current() const {
+ChartRectangle CalcPlotArea::current() const {
   const SpecPlotArea& plot = chart_->spec().plotArea;
-  if (plot.left && plot.top && plot.width && plot.height) return PlotRectangle{*plot.left, *plot.top, *plot.width, *plot.height};
-  return chart_->automaticPlotArea();
+  if (plot.left && plot.top && plot.width && plot.height) return ChartRectangle{*plot.left, *plot.top, *plot.width, *plot.height};
+  const CalcChartObject& object = chart_->object();
+  return standardPlotArea(object.Width(), object.Height(), chart_->spec().title.has_value());
 }
 
 SpecPlotArea& CalcPlotArea::fixed(double points) {
   if (!std::isfinite(points) || points < 0) {
     raiseHost("Unable to set a size of the PlotArea class to " + std::to_string(points));
   }
-  const PlotRectangle now = current();
+  const ChartRectangle now = current();
   SpecPlotArea& plot = chart_->edit().plotArea;
   plot.left = now.left;
   plot.top = now.top;
@@ -253,11 +254,6 @@ void CalcChart::draw() {
 double CalcChart::automaticMaximum(host::AxisGroup group) {
   draw();
   return drawing_->automaticMaximum(group);
-}
-
-PlotRectangle CalcChart::automaticPlotArea() {
-  draw();
-  return drawing_->automaticPlotArea();
 }
 
 }  // namespace orv::calc

@@ -21,6 +21,7 @@
 #include "calc/chart_drawing.h"
 #include "calc/chart_spec.h"
 #include "frame/chart.h"
+#include "frame/chart_layout.h"
 
 namespace orv::calc {
 
@@ -110,6 +111,10 @@ class CalcPlotArea final : public PlotArea {
   CalcPlotArea& operator=(const CalcPlotArea&) = delete;
   ChartFill& Fill() override { return fill_; }
   ChartBorder& Border() override { return border_; }
+  // Until a builder sets it, the plot area reads as the standard layout (frame/chart_layout.h),
+  // not as the office would lay it out: the builders compute their rectangle from it with
+  // arithmetic made for that layout, and the office's own automatic plot area reaches nearly to
+  // the chart's edges, which that arithmetic would push past the chart's bottom.
   double Left() const override { return current().left; }
   double Top() const override { return current().top; }
   double Width() const override { return current().width; }
@@ -122,7 +127,7 @@ class CalcPlotArea final : public PlotArea {
   void SetHeight(double points) override { *fixed(points).height = points; }
 
  private:
-  PlotRectangle current() const;
+  ChartRectangle current() const;
   SpecPlotArea& fixed(double points);
   CalcChart* chart_;
   SpecFill fill_;
@@ -160,9 +165,9 @@ class CalcChart final : public Chart {
 
   // Draws the chart into the office when it changed since the last drawing.
   void draw();
-  // What the office laid out itself, after drawing what changed.
+  // The maximum of a value axis' automatic scale as the office draws it, after drawing what
+  // changed.
   double automaticMaximum(host::AxisGroup group);
-  PlotRectangle automaticPlotArea();
   const ChartDrawing& drawing() const { return *drawing_; }
 
  private:

@@ -37,9 +37,11 @@ struct CalcSession::Live {
       : connection(office, timeout), application(connection.context()) {}
 };
 
-bool officeWritable(const std::filesystem::path& file) {
+std::optional<OfficeFormat> officeFormatFor(const std::filesystem::path& file) {
   const std::string ext = lowerExtension(file);
-  return ext == ".xlsx" || ext == ".xlsm" || ext == ".ods";
+  if (ext == ".xlsx" || ext == ".xlsm") return OfficeFormat::Xlsx;
+  if (ext == ".ods") return OfficeFormat::Ods;
+  return std::nullopt;
 }
 
 CalcSession::CalcSession(std::chrono::seconds startTimeout) : office_(std::make_unique<OfficeProcess>()) {
@@ -83,13 +85,11 @@ Workbook& CalcSession::create(const std::string& name) {
 
 void CalcSession::finishCall() { live_->application.finishCall(); }
 
-void CalcSession::save(Workbook& workbook, const std::filesystem::path& file) {
+void CalcSession::save(Workbook& workbook, const std::filesystem::path& file, OfficeFormat format) {
   auto* book = dynamic_cast<CalcWorkbook*>(&workbook);
   if (book == nullptr || book->isAddIn()) throw OfficeError("only a workbook opened in the office can be saved by it");
-  const std::string ext = lowerExtension(file);
-  if (!officeWritable(file)) throw OfficeError("the office cannot write \"" + file.string() + "\": use .xlsx or .ods");
   finishCall();
-  live_->connection.store(book->component(), file, ext == ".ods" ? "calc8" : "Calc MS Excel 2007 XML");
+  live_->connection.store(book->component(), file, format == OfficeFormat::Ods ? "calc8" : "Calc MS Excel 2007 XML");
 }
 
 pid_t CalcSession::officePid() const { return office_->pid(); }

@@ -21,6 +21,12 @@ namespace orv::calc {
 
 class CalcApplication;
 
+enum class OfficeFormat { Xlsx, Ods };
+
+// The format the office's export filters write for a file's extension: .xlsx (and .xlsm, whose
+// macros the office does not write) or .ods, in any case; nothing for any other.
+std::optional<OfficeFormat> officeFormatFor(const std::filesystem::path& file);
+
 class CalcSession {
  public:
   // Starts the office and waits for it at most `startTimeout`.
@@ -39,8 +45,8 @@ class CalcSession {
   // A new workbook of one empty sheet "Sheet1", named `name`, the active one.
   Workbook& create(const std::string& name);
   // Sends what is pending and writes a workbook opened here to `file` with the office's export
-  // filter for the extension: .xlsx (also .xlsm, without macros) or .ods.
-  void save(Workbook& workbook, const std::filesystem::path& file);
+  // filter for the format (the file's own name may be a temporary one).
+  void save(Workbook& workbook, const std::filesystem::path& file, OfficeFormat format);
   // Sends what the component's call left pending (calc_application.h, finishCall).
   void finishCall();
 
@@ -53,8 +59,5 @@ class CalcSession {
   std::unique_ptr<OfficeProcess> office_;
   std::unique_ptr<Live> live_;
 };
-
-// Whether the office's export filters write this extension (.xlsx, .xlsm, .ods; any case).
-bool officeWritable(const std::filesystem::path& file);
 
 }  // namespace orv::calc

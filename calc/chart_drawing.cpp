@@ -1,8 +1,8 @@
 #include "calc/chart_drawing.h"
 
-#include <com/sun/star/awt/Point.hpp>
 #include <com/sun/star/awt/Size.hpp>
 #include <com/sun/star/beans/XPropertySet.hpp>
+#include <com/sun/star/chart/ChartAxisPosition.hpp>
 #include <com/sun/star/chart/ErrorBarStyle.hpp>
 #include <com/sun/star/chart/XAxisYSupplier.hpp>
 #include <com/sun/star/chart/XChartDocument.hpp>
@@ -29,8 +29,8 @@
 #include <com/sun/star/drawing/Alignment.hpp>
 #include <com/sun/star/drawing/FillStyle.hpp>
 #include <com/sun/star/drawing/LineStyle.hpp>
-#include <com/sun/star/drawing/XShape.hpp>
 
+#include <array>
 #include <cmath>
 
 #include "frame/palette.h"
@@ -44,12 +44,15 @@ using css::uno::UNO_QUERY_THROW;
 using Properties = Reference<css::beans::XPropertySet>;
 
 constexpr sal_Int32 kWhite = 0xFFFFFF;
+constexpr sal_Int32 kBlack = 0x000000;
 // The office's standard marker symbols.
 constexpr sal_Int32 kSymbolHorizontalBar = 13;
 constexpr sal_Int32 kSymbolCircle = 8;
+// Automatic markers cycle as the in-memory host's files have them: diamond, square, triangle,
+// x, star, circle, plus.
+constexpr std::array<sal_Int32, 7> kAutomaticSymbols = {1, 0, 3, 10, 9, 8, 11};
 
 sal_Int32 hundredths(double points) { return static_cast<sal_Int32>(std::lround(points * 2540.0 / 72.0)); }
-double points(sal_Int32 hundredths) { return hundredths * 72.0 / 2540.0; }
 
 sal_Int32 colorOr(std::int32_t index, sal_Int32 otherwise) {
   const std::optional<std::uint32_t> rgb = paletteColor(index);
@@ -63,21 +66,17 @@ Sequence<T> sequenceOf(const std::vector<T>& items) {
   return Sequence<T>(items.data(), static_cast<sal_Int32>(items.size()));
 }
 
-css::chart2::Symbol symbolOf(SpecMarker marker, double size) {
+css::chart2::Symbol symbolOf(SpecMarker marker, double size, std::size_t index) {
   css::chart2::Symbol symbol;
-  symbol.Style = css::chart2::SymbolStyle_AUTO;
+  symbol.Style = css::chart2::SymbolStyle_STANDARD;
   symbol.Size = css::awt::Size(hundredths(size), hundredths(size));
   switch (marker) {
-    case SpecMarker::Automatic: break;
+    case SpecMarker::Automatic:
+      symbol.StandardSymbol = kAutomaticSymbols[index % kAutomaticSymbols.size()];
+      break;
     case SpecMarker::None: symbol.Style = css::chart2::SymbolStyle_NONE; break;
-    case SpecMarker::Dash:
-      symbol.Style = css::chart2::SymbolStyle_STANDARD;
-      symbol.StandardSymbol = kSymbolHorizontalBar;
-      break;
-    case SpecMarker::Circle:
-      symbol.Style = css::chart2::SymbolStyle_STANDARD;
-      symbol.StandardSymbol = kSymbolCircle;
-      break;
+    case SpecMarker::Dash: symbol.StandardSymbol = kSymbolHorizontalBar; break;
+    case SpecMarker::Circle: symbol.StandardSymbol = kSymbolCircle; break;
   }
   return symbol;
 }
@@ -178,8 +177,8 @@ Reference<css::uno::XInterface> ChartDrawing::title(const SpecTitle& spec) const
   return title;
 }
 
-Reference<css::uno::XInterface> ChartDrawing::series(const std::vector<const SpecSeries*>& members,
-                                                     bool prices) const {
+Reference<css::uno::XInterface> ChartDrawing::series(const std::vector<const SpecSeries*>& members, bool prices,
+                                                     std::size_t index) const {
   const SpecSeries& first = *members.front();
   std::vector<Reference<css::chart2::data::XLabeledDataSequence>> data;
   const auto add = [&](const std::optional<SpecData>& source, const char* role) {
@@ -202,16 +201,27 @@ Reference<css::uno::XInterface> ChartDrawing::series(const std::vector<const Spe
   Reference<css::chart2::data::XDataSink>(made, UNO_QUERY_THROW)->setData(sequenceOf(data));
 
   const Properties props(made, UNO_QUERY_THROW);
-  props->setPropertyValue("LineStyle", lineStyle(first.line && !prices));
-  props->setPropertyValue("Symbol", Any(symbolOf(prices ? SpecMarker::None : first.marker, first.markerSize)));
+  // A stock chart draws its high-low lines (the whiskers) with its price series' line.
+  props->setPropertyValue("LineStyle", lineStyle(first.line || prices));
+  props->setPropertyValue("Symbol", Any(symbolOf(prices ? SpecMarker::None : first.marker, first.markerSize, index)));
   props->setPropertyValue("AttachedAxisIndex", Any(sal_Int32{first.secondary ? 1 : 0}));
-  if (paletteColor(first.lineColorIndex)) props->setPropertyValue("Color", Any(colorOr(first.lineColorIndex, 0)));
+  // The host's colours: black whiskers and marks, columns and lines from the palette's chart
+  // entries by the series' place, as the in-memory host writes them.
+  sal_Int32 color = colorOr(first.lineColorIndex, colorOr(automaticLineIndex(index), 0));
+  if (prices || first.marker == SpecMarker::Dash) color = kBlack;
+  if (first.kind == SpecKind::Column) {
+    color = colorOr(automaticFillIndex(index), kWhite);
+    props->setPropertyValue("BorderStyle", Any(css::drawing::LineStyle_SOLID));
+    props->setPropertyValue("BorderColor", Any(kBlack));
+  }
+  props->setPropertyValue("Color", Any(color));
   if (first.errorBars && (!first.errorBars->plusRange.empty() || !first.errorBars->minusRange.empty())) {
     const SpecErrorBars& bars = *first.errorBars;
     const Properties errorBar(make("com.sun.star.chart2.ErrorBar"), UNO_QUERY_THROW);
     errorBar->setPropertyValue("ErrorBarStyle", Any(css::chart::ErrorBarStyle::FROM_DATA));
     errorBar->setPropertyValue("ShowPositiveError", Any(bars.plus));
     errorBar->setPropertyValue("ShowNegativeError", Any(bars.minus));
+    errorBar->setPropertyValue("LineColor", Any(kBlack));
     std::vector<Reference<css::chart2::data::XLabeledDataSequence>> amounts;
     if (bars.plus) amounts.emplace_back(sequence(bars.plusRange, "error-bars-y-positive"), UNO_QUERY_THROW);
     if (bars.minus) amounts.emplace_back(sequence(bars.minusRange, "error-bars-y-negative"), UNO_QUERY_THROW);
@@ -229,12 +239,18 @@ Reference<css::uno::XInterface> ChartDrawing::axis(const ChartSpec& spec, const 
   props->setPropertyValue("CharWeight", Any(a.tickLabelFont.bold ? 150.0f : 100.0f));
   props->setPropertyValue("LineStyle", lineStyle(a.line));
   props->setPropertyValue("MajorTickmarks", Any(tickmarks(a.majorTickMark)));
+  // A secondary value axis stands on the right, where the other side's axis ends.
+  if (a.group == host::AxisGroup::Secondary) {
+    props->setPropertyValue("CrossoverPosition", Any(css::chart::ChartAxisPosition_END));
+  }
   if (a.numberFormat != "General") {
     props->setPropertyValue("NumberFormat", Any(numbers_.keyOf(a.numberFormat)));
     props->setPropertyValue("LinkNumberFormatToSource", Any(false));
   }
   css::chart2::ScaleData scale = made->getScaleData();
   scale.AxisType = categories ? css::chart2::AxisType::CATEGORY : css::chart2::AxisType::REALNUMBER;
+  // Points stand in the middle of their category, between the tick marks, as columns do.
+  scale.ShiftedCategoryPosition = categories;
   scale.Minimum = optionalNumber(a.minimum);
   scale.Maximum = optionalNumber(a.maximum);
   if (a.majorUnit) scale.IncrementData.Distance = Any(*a.majorUnit);
@@ -283,6 +299,9 @@ void ChartDrawing::drawFills(const ChartSpec& spec, const Reference<css::uno::XI
   const Properties page = chart_->getPageBackground();
   page->setPropertyValue("FillStyle", Any(css::drawing::FillStyle_SOLID));
   page->setPropertyValue("FillColor", Any(colorOr(spec.chartAreaColorIndex, kWhite)));
+  // The chart area is framed, as the in-memory host draws it.
+  page->setPropertyValue("LineStyle", lineStyle(true));
+  page->setPropertyValue("LineColor", Any(kBlack));
 }
 
 void ChartDrawing::draw(const ChartSpec& spec, double width, double height) {
@@ -298,10 +317,11 @@ void ChartDrawing::draw(const ChartSpec& spec, double width, double height) {
       const Reference<css::chart2::XChartType> type(make(group.service), UNO_QUERY_THROW);
       const Properties props(type, UNO_QUERY_THROW);
       std::vector<Reference<css::chart2::XDataSeries>> members;
+      const auto place = [&](const SpecSeries* s) { return static_cast<std::size_t>(s - spec.series.data()); };
       if (group.prices) {
-        members.emplace_back(series(group.members, true), UNO_QUERY_THROW);
+        members.emplace_back(series(group.members, true, place(group.members.front())), UNO_QUERY_THROW);
       } else {
-        for (const SpecSeries* s : group.members) members.emplace_back(series({s}, false), UNO_QUERY_THROW);
+        for (const SpecSeries* s : group.members) members.emplace_back(series({s}, false, place(s)), UNO_QUERY_THROW);
       }
       if (group.prices) {
         props->setPropertyValue("Japanese", Any(spec.upDownBars));
@@ -350,16 +370,6 @@ double ChartDrawing::automaticMaximum(host::AxisGroup group) {
     double maximum = 0;
     if (!axis.is() || !(axis->getPropertyValue("Max") >>= maximum)) raiseHost("The chart has no such value axis");
     return maximum;
-  });
-}
-
-PlotRectangle ChartDrawing::automaticPlotArea() {
-  return remote("read a chart's layout", [&] {
-    const Reference<css::chart::XChartDocument> old(chart_, UNO_QUERY_THROW);
-    const Reference<css::drawing::XShape> diagram(old->getDiagram(), UNO_QUERY_THROW);
-    const css::awt::Point at = diagram->getPosition();
-    const css::awt::Size size = diagram->getSize();
-    return PlotRectangle{points(at.X), points(at.Y), points(size.Width), points(size.Height)};
   });
 }
 

@@ -8,7 +8,7 @@
 // scatter types, smoothed lines apart); primary X and Y axes, and a second Y axis while a series
 // is on the secondary group; error bars from cells (ErrorBarStyle FROM_DATA); titles, legend,
 // wall and page fills. The old chart API (com.sun.star.chart) reads the automatic maximum of a
-// value axis and the plot area's automatic rectangle, which the office computes from its layout.
+// value axis, which the office computes when it lays the chart out.
 //
 // Positions are in points here and 1/100 mm in the office (points x 2540 / 72).
 
@@ -22,10 +22,6 @@
 
 namespace orv::calc {
 
-struct PlotRectangle {
-  double left = 0, top = 0, width = 0, height = 0;
-};
-
 class ChartDrawing {
  public:
   // `document` is the spreadsheet document that holds the chart and provides its data.
@@ -35,18 +31,18 @@ class ChartDrawing {
   // `width` and `height` are the chart's size in points.
   void draw(const ChartSpec& spec, double width, double height);
 
-  // After a draw: the maximum of a value axis' automatic scale, and the plot area (with its
-  // axes and their labels) in points from the chart area's top-left corner.
+  // After a draw: the maximum of a value axis' automatic scale.
   double automaticMaximum(host::AxisGroup group);
-  PlotRectangle automaticPlotArea();
 
   const Reference<css::chart2::XChartDocument>& chart() const { return chart_; }
 
  private:
   Reference<css::uno::XInterface> make(const char* service) const;
   Reference<css::uno::XInterface> sequence(const std::string& range, const char* role) const;
-  // One series; the price series of a stock chart together as one.
-  Reference<css::uno::XInterface> series(const std::vector<const SpecSeries*>& members, bool prices) const;
+  // One series; the price series of a stock chart together as one. `index` is the (first)
+  // series' place in the spec, which picks its automatic colour.
+  Reference<css::uno::XInterface> series(const std::vector<const SpecSeries*>& members, bool prices,
+                                         std::size_t index) const;
   Reference<css::uno::XInterface> axis(const ChartSpec& spec, const SpecAxis& axis, bool categories) const;
   Reference<css::uno::XInterface> title(const SpecTitle& title) const;
   void drawAxes(const ChartSpec& spec, const Reference<css::uno::XInterface>& system) const;

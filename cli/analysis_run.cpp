@@ -1,17 +1,17 @@
 #include "cli/analysis_run.h"
 
 #include <CLI/CLI.hpp>
-#include <fmt/format.h>
 
 #include <algorithm>
 #include <cstdio>
 #include <iostream>
 #include <vector>
 
-#include "cli/block_report.h"
+#include "cli/calc_run.h"
 #include "cli/file_checks.h"
 #include "cli/input_checks.h"
 #include "cli/progress.h"
+#include "cli/run_report.h"
 #include "frame/errors.h"
 #include "frame/host.h"
 #include "frame/sheet_name.h"
@@ -106,34 +106,6 @@ void writeResults(const FileOptions& files, const LoadedWorkbook& loaded,
   writeIntoPackage(files.input, loaded.book, changes, target);
 }
 
-void printWarnings(const std::vector<std::string>& warnings) {
-  for (const std::string& w : warnings) std::cerr << "orvella: warning: " << w << "\n";
-}
-
-void report(const FileOptions& files, const AnalysisRequest& request, const Range& pasted,
-            const ValueArray2D& block, const std::vector<std::string>& formats,
-            const std::vector<std::string>& warnings, const std::filesystem::path& target) {
-  printWarnings(warnings);
-  const std::string sheetName = pasted.Parent().Name();
-  if (files.json) {
-    nlohmann::json doc;
-    doc["analysis"] = request.analysis;
-    doc["input"] = request.context.input;
-    doc["options"] = request.options;
-    doc["output"] = {{"sheet", sheetName}, {"cell", pasted.Cells(1, 1).Address()}, {"range", pasted.Address()}};
-    doc["written"] = target.empty() ? nlohmann::json(nullptr) : nlohmann::json(target.string());
-    doc["warnings"] = warnings;
-    doc["block"] = blockToJson(block);
-    std::cout << doc.dump(2) << "\n";
-    return;
-  }
-  std::cout << formatTable(block, &formats) << std::flush;
-  if (!target.empty()) {
-    std::cerr << fmt::format("Results written to {}, sheet \"{}\" at {}.\n", target.string(), sheetName,
-                             pasted.Cells(1, 1).Address());
-  }
-}
-
 }  // namespace
 
 void addFileOptions(CLI::App& command, FileOptions& files) {
@@ -143,6 +115,7 @@ void addFileOptions(CLI::App& command, FileOptions& files) {
                      "workbook; the input is never changed)");
   command.add_flag("--in-place", files.inPlace, "write the results into the input workbook itself");
   command.add_flag("--json", files.json, "print one JSON document instead of the table");
+  addHostOption(command, files.host);
 }
 
 void addOutputOptions(CLI::App& command, std::string& output, bool& overwrite, const std::string& what) {
@@ -152,6 +125,7 @@ void addOutputOptions(CLI::App& command, std::string& output, bool& overwrite, c
 }
 
 int runAnalysis(const FileOptions& files, const AnalysisRequest& request) {
+  if (files.host == kCalcHost) return runAnalysisInCalc(files, request);
   if (const int refused = checkFiles(files); refused != kExitOk) return refused;
   Progress progress;
   InMemoryApplication app;
@@ -169,14 +143,11 @@ int runAnalysis(const FileOptions& files, const AnalysisRequest& request) {
     }
 
     Attached attached(app);
-    inspectInputs(app, loaded, request, notes.warnings);
+    inspectInputs(app, &loaded, request, notes.warnings);
     progress.step("Analysing " + request.context.input + " ...");
     const Range pasted = request.run(notes);
     const ValueArray2D block = pasted.Values();
-    std::vector<std::string> formats;  // row by row, for the printed table
-    for (std::int32_t r = 1; r <= pasted.RowsCount(); ++r) {
-      for (std::int32_t c = 1; c <= pasted.ColumnsCount(); ++c) formats.push_back(pasted.Cells(r, c).NumberFormat());
-    }
+    const std::vector<std::string> formats = numberFormatsOf(pasted);
 
     const std::filesystem::path target = files.inPlace ? files.input : files.out;
     if (!target.empty()) {

@@ -36,9 +36,10 @@ struct FileOptions {
   std::filesystem::path out;  // empty: nothing is written unless inPlace
   bool inPlace = false;
   bool json = false;
+  std::string host = "memory";  // or "calc" (cli/calc_run.h)
 };
 
-// Adds FILE, -o/--out, --in-place and --json to a subcommand.
+// Adds FILE, -o/--out, --in-place, --json and --host to a subcommand.
 void addFileOptions(CLI::App& command, FileOptions& files);
 // Adds --output and --overwrite; `what` says what lands there ("the table goes").
 void addOutputOptions(CLI::App& command, std::string& output, bool& overwrite, const std::string& what);

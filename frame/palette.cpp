@@ -18,6 +18,10 @@ constexpr std::array<std::uint32_t, kPaletteSize> kPalette = {
 
 std::int64_t channel(std::uint32_t rgb, int shift) { return (rgb >> shift) & 0xFF; }
 
+constexpr std::int32_t kFirstLine = 25;
+constexpr std::int32_t kFirstFill = 17;
+constexpr std::size_t kCycle = 8;
+
 }  // namespace
 
 std::optional<std::uint32_t> paletteColor(std::int32_t colorIndex) {
@@ -32,6 +36,14 @@ std::optional<std::string> paletteRgb(std::int32_t colorIndex) {
   std::string text(6, '0');
   for (int i = 5, v = static_cast<int>(*rgb); i >= 0; --i, v >>= 4) text[static_cast<std::size_t>(i)] = kHex[v & 0xF];
   return text;
+}
+
+std::int32_t automaticLineIndex(std::size_t seriesIndex) {
+  return kFirstLine + static_cast<std::int32_t>(seriesIndex % kCycle);
+}
+
+std::int32_t automaticFillIndex(std::size_t seriesIndex) {
+  return kFirstFill + static_cast<std::int32_t>(seriesIndex % kCycle);
 }
 
 std::int32_t nearestPaletteIndex(std::uint32_t rgb) {

@@ -4,6 +4,8 @@
 #include <array>
 #include <cmath>
 
+#include "frame/chart_layout.h"
+
 namespace orv {
 namespace {
 
@@ -56,11 +58,12 @@ AxisScale automaticValueScale(const std::vector<double>& values) {
 }
 
 PlotAreaModel automaticPlotArea(double chartWidth, double chartHeight, bool hasTitle) {
+  const ChartRectangle standard = standardPlotArea(chartWidth, chartHeight, hasTitle);
   PlotAreaModel area;
-  area.left = chartWidth * 0.10;
-  area.width = chartWidth * 0.85;
-  area.top = chartHeight * (hasTitle ? 0.20 : 0.12);
-  area.height = chartHeight * (hasTitle ? 0.67 : 0.75);
+  area.left = standard.left;
+  area.width = standard.width;
+  area.top = standard.top;
+  area.height = standard.height;
   return area;
 }
 

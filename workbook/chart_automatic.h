@@ -23,8 +23,8 @@ struct AxisScale {
 // a maximum of 8, 0..9.5 give 10, 0..11 give 12. A single value v > 0 scales as 0..v.
 AxisScale automaticValueScale(const std::vector<double>& values);
 
-// The plot area the host lays out in a chart area of the given size (points): 10 % in from the
-// left, 85 % wide, 12 % down and 75 % high, or 20 % down and 67 % high below a chart title.
+// The plot area the host lays out in a chart area of the given size (points): the standard one
+// (frame/chart_layout.h).
 PlotAreaModel automaticPlotArea(double chartWidth, double chartHeight, bool hasTitle);
 
 }  // namespace orv

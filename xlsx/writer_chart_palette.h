@@ -10,8 +10,8 @@
 
 namespace orv {
 
-// The colours the host gives the n-th series (0-based) of a chart when none is set: the
-// palette's chart-line and chart-fill entries (indices 25..32 and 17..24), cycling.
+// The colours the host gives the n-th series (0-based) of a chart when none is set
+// (automaticLineIndex, automaticFillIndex).
 std::string automaticLineRgb(std::size_t seriesIndex);
 std::string automaticFillRgb(std::size_t seriesIndex);
 

@@ -1,0 +1,22 @@
+// The command built without the Calc host: --host calc is known but refused with the reason.
+
+#include <iostream>
+
+#include "cli/calc_run.h"
+
+#include <CLI/CLI.hpp>
+
+namespace orv::cli {
+
+void addHostOption(CLI::App& command, std::string& host) {
+  command.add_option("--host", host, "where the analysis runs: memory (default) or calc (not in this build)")
+      ->check(CLI::IsMember({"memory", kCalcHost}));
+}
+
+int runAnalysisInCalc(const FileOptions&, const AnalysisRequest&) {
+  std::cerr << "orvella: this orvella was built without the LibreOffice Calc host (ORV_CALC=OFF); "
+               "--host calc is not available\n";
+  return kExitUsage;
+}
+
+}  // namespace orv::cli

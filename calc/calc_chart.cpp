@@ -121,7 +121,8 @@ CalcPlotArea::CalcPlotArea(CalcChart& chart)
 
 ChartRectangle CalcPlotArea::current() const {
   const SpecPlotArea& plot = chart_->spec().plotArea;
-  if (plot.left && plot.top && plot.width && plot.height) return ChartRectangle{*plot.left, *plot.top, *plot.width, *plot.height};
+  if (plot.left && plot.top && plot.width && plot.height)
+    return ChartRectangle{*plot.left, *plot.top, *plot.width, *plot.height};
   const CalcChartObject& object = chart_->object();
   return standardPlotArea(object.Width(), object.Height(), chart_->spec().title.has_value());
 }
@@ -171,8 +172,8 @@ void CalcChart::SetChartType(host::ChartType type) {
 }
 
 ChartGroup& CalcChart::ChartGroups(std::int32_t index) {
-  const bool secondary = std::any_of(spec_.series.begin(), spec_.series.end(),
-                                     [](const SpecSeries& s) { return s.secondary; });
+  const bool secondary =
+      std::any_of(spec_.series.begin(), spec_.series.end(), [](const SpecSeries& s) { return s.secondary; });
   if (index == 1 && !spec_.series.empty()) {
     if (!primaryGroup_) primaryGroup_ = std::make_unique<CalcChartGroup>(*this, host::AxisGroup::Primary);
     return *primaryGroup_;
@@ -213,22 +214,21 @@ orv::ChartTitle& CalcChart::ChartTitle() {
 void CalcChart::syncAxes() {
   ChartSpec& chart = edit();
   const bool anySeries = !chart.series.empty();
-  const bool secondary = std::any_of(chart.series.begin(), chart.series.end(),
-                                     [](const SpecSeries& s) { return s.secondary; });
+  const bool secondary =
+      std::any_of(chart.series.begin(), chart.series.end(), [](const SpecSeries& s) { return s.secondary; });
   const auto wanted = [&](host::AxisType type, host::AxisGroup group) {
     if (group == host::AxisGroup::Primary) return anySeries;
     return secondary && type == host::AxisType::Value;
   };
   std::erase_if(chart.axes, [&](const SpecAxis& a) { return !wanted(a.type, a.group); });
-  const std::pair<host::AxisType, host::AxisGroup> order[] = {
-      {host::AxisType::Category, host::AxisGroup::Primary},
-      {host::AxisType::Value, host::AxisGroup::Primary},
-      {host::AxisType::Value, host::AxisGroup::Secondary}};
+  const std::pair<host::AxisType, host::AxisGroup> order[] = {{host::AxisType::Category, host::AxisGroup::Primary},
+                                                              {host::AxisType::Value, host::AxisGroup::Primary},
+                                                              {host::AxisType::Value, host::AxisGroup::Secondary}};
   std::vector<SpecAxis> axes;
   for (const auto& [type, group] : order) {
-    const auto found = std::find_if(chart.axes.begin(), chart.axes.end(), [type = type, group = group](const SpecAxis& a) {
-      return a.type == type && a.group == group;
-    });
+    const auto found =
+        std::find_if(chart.axes.begin(), chart.axes.end(),
+                     [type = type, group = group](const SpecAxis& a) { return a.type == type && a.group == group; });
     if (found != chart.axes.end()) {
       axes.push_back(*found);
     } else if (wanted(type, group)) {

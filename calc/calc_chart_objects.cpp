@@ -1,8 +1,8 @@
 #include "calc/calc_chart_objects.h"
 
 #include <com/sun/star/awt/Rectangle.hpp>
-#include <com/sun/star/container/XIndexAccess.hpp>
 #include <com/sun/star/beans/XPropertySet.hpp>
+#include <com/sun/star/container/XIndexAccess.hpp>
 #include <com/sun/star/document/XEmbeddedObjectSupplier.hpp>
 #include <com/sun/star/drawing/XDrawPageSupplier.hpp>
 #include <com/sun/star/table/XTableCharts.hpp>
@@ -23,7 +23,8 @@ using css::uno::UNO_QUERY_THROW;
 sal_Int32 hundredths(double points) { return static_cast<sal_Int32>(std::lround(points * 2540.0 / 72.0)); }
 
 void requireFinite(double points, std::string_view property) {
-  if (!std::isfinite(points)) raiseHost("Unable to set the " + std::string(property) + " property of the ChartObject class");
+  if (!std::isfinite(points))
+    raiseHost("Unable to set the " + std::string(property) + " property of the ChartObject class");
 }
 
 void requireSize(double points, std::string_view property) {
@@ -100,7 +101,8 @@ void CalcChartObject::SetHeight(double points) {
 void CalcChartObject::Select() {
   CalcWorkbook& book = sheet_->workbook();
   if (&book.calcApplication().ActiveWorkbook() != &book || book.activeSheet() != sheet_) {
-    raiseHost("Select method of ChartObject class failed: the sheet \"" + sheet_->Name() + "\" is not the active sheet");
+    raiseHost("Select method of ChartObject class failed: the sheet \"" + sheet_->Name() +
+              "\" is not the active sheet");
   }
 }
 
@@ -128,7 +130,8 @@ ChartObject& CalcChartObjects::Add(double left, double top, double width, double
     std::size_t n = objects_.size() + 1;
     while (charts->hasByName(toUno("Chart " + std::to_string(n)))) ++n;
     const std::string name = "Chart " + std::to_string(n);
-    charts->addNewByName(toUno(name), css::awt::Rectangle(hundredths(left), hundredths(top), hundredths(width), hundredths(height)),
+    charts->addNewByName(toUno(name),
+                         css::awt::Rectangle(hundredths(left), hundredths(top), hundredths(width), hundredths(height)),
                          css::uno::Sequence<css::table::CellRangeAddress>(), false, false);
     const Reference<css::document::XEmbeddedObjectSupplier> embedded(charts->getByName(toUno(name)), UNO_QUERY_THROW);
     const Reference<css::chart2::XChartDocument> document(embedded->getEmbeddedObject(), UNO_QUERY_THROW);

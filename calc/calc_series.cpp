@@ -35,7 +35,8 @@ SpecData dataOf(Worksheet& sheet, const CellBlock& area) {
   SpecData data;
   data.range = officeRange(sheet.Name(), area);
   const ValueArray2D values = Range(sheet, area).Values();
-  for (const CellValue& v : values.cells()) data.numbers.push_back(v.isNumber() ? std::optional<double>(v.number()) : std::nullopt);
+  for (const CellValue& v : values.cells())
+    data.numbers.push_back(v.isNumber() ? std::optional<double>(v.number()) : std::nullopt);
   return data;
 }
 
@@ -78,7 +79,8 @@ void CalcErrorBars::SetEndStyle(host::EndStyle style) { spec().endCaps = style =
 CalcSeries::CalcSeries(CalcChart& chart)
     : chart_(&chart),
       errorBars_(*this),
-      border_([this]() -> bool& { return spec().line; }, {}, [this]() -> std::int32_t& { return spec().lineColorIndex; }) {}
+      border_([this]() -> bool& { return spec().line; }, {},
+              [this]() -> std::int32_t& { return spec().lineColorIndex; }) {}
 
 SpecSeries& CalcSeries::spec() {
   if (deleted_) raiseHost("The series was deleted");
@@ -173,8 +175,9 @@ void CalcSeries::SetXValues(const SeriesSource& values) {
   const Range* range = std::get_if<Range>(&values);
   if (range != nullptr) singleLine(*range, kFailure);
   if (series.kind == SpecKind::Scatter) {
-    spec().xValues = range ? dataOf(range->Parent(), range->block())
-                           : literalData(chart_->object().sheet().workbook(), std::get<ValueArray1D>(values), true, kFailure);
+    spec().xValues =
+        range ? dataOf(range->Parent(), range->block())
+              : literalData(chart_->object().sheet().workbook(), std::get<ValueArray1D>(values), true, kFailure);
     return;
   }
   if (range != nullptr) {
@@ -224,7 +227,8 @@ Series& CalcSeriesCollection::Add(const Range& source, host::RowCol /*rowcol*/, 
     CellBlock values = areas[i];
     SpecSeries series;
     if (seriesLabels) {
-      if (values.rows() * values.columns() < 2) raiseHost(std::string(kFailure) + ": a series name needs a cell before the values");
+      if (values.rows() * values.columns() < 2)
+        raiseHost(std::string(kFailure) + ": a series name needs a cell before the values");
       series.name = officeRange(sheet.Name(), CellBlock{values.top, values.left, values.top, values.left});
       (values.rows() == 1 ? values.left : values.top) += 1;
     }

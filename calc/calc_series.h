@@ -73,8 +73,7 @@ class CalcSeriesCollection final : public SeriesCollection {
   Series& Item(std::int32_t index) override;
   // As the in-memory host: every area one row or one column; with `categoryLabels` and two or
   // more areas the first holds the category labels; `rowcol` and `replace` decide nothing more.
-  Series& Add(const Range& source, host::RowCol rowcol, bool seriesLabels, bool categoryLabels,
-              bool replace) override;
+  Series& Add(const Range& source, host::RowCol rowcol, bool seriesLabels, bool categoryLabels, bool replace) override;
   Series& NewSeries() override;
 
   std::size_t indexOf(const CalcSeries& series) const;

@@ -41,8 +41,8 @@ bool sameName(std::string_view a, std::string_view b) {
   });
 }
 
-CalcWorkbook::CalcWorkbook(CalcApplication& application, Reference<css::lang::XComponent> document,
-                           std::string name, bool addIn)
+CalcWorkbook::CalcWorkbook(CalcApplication& application, Reference<css::lang::XComponent> document, std::string name,
+                           bool addIn)
     : application_(&application),
       component_(std::move(document)),
       document_(component_, UNO_QUERY_THROW),
@@ -130,7 +130,8 @@ void CalcWorkbook::moveAfter(CalcWorksheet& moved, CalcWorksheet& after) {
     // The office takes the position to insert before, counted before the sheet leaves its place;
     // the host's own sheets stand after all of the user's.
     const auto position = static_cast<sal_Int16>(find(after) - sheets_.begin() + 1);
-    remote("move the sheet " + moved.Name(), [&] { document_->getSheets()->moveByName(toUno(moved.Name()), position); });
+    remote("move the sheet " + moved.Name(),
+           [&] { document_->getSheets()->moveByName(toUno(moved.Name()), position); });
     std::unique_ptr<CalcWorksheet> owned = std::move(*from);
     sheets_.erase(from);
     sheets_.insert(find(after) + 1, std::move(owned));
@@ -145,16 +146,16 @@ void CalcWorkbook::select(CalcWorksheet& sheet, const std::vector<CellBlock>& ar
     const Reference<css::view::XSelectionSupplier> selection(v, UNO_QUERY_THROW);
     if (areas.size() == 1) {
       const CellBlock& a = areas.front();
-      selection->select(css::uno::Any(sheet.sheet()->getCellRangeByPosition(a.left - 1, a.top - 1, a.right - 1, a.bottom - 1)));
+      selection->select(
+          css::uno::Any(sheet.sheet()->getCellRangeByPosition(a.left - 1, a.top - 1, a.right - 1, a.bottom - 1)));
       return;
     }
     const Reference<css::sheet::XSheetCellRangeContainer> ranges(
         factory()->createInstance("com.sun.star.sheet.SheetCellRanges"), UNO_QUERY_THROW);
     for (const CellBlock& a : areas) {
-      ranges->addRangeAddress(
-          css::table::CellRangeAddress(static_cast<sal_Int16>(find(sheet) - sheets_.begin()), a.left - 1, a.top - 1,
-                                       a.right - 1, a.bottom - 1),
-          false);
+      ranges->addRangeAddress(css::table::CellRangeAddress(static_cast<sal_Int16>(find(sheet) - sheets_.begin()),
+                                                           a.left - 1, a.top - 1, a.right - 1, a.bottom - 1),
+                              false);
     }
     selection->select(css::uno::Any(ranges));
   });

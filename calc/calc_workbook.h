@@ -32,8 +32,7 @@ class ChartDataSheet;
 class CalcWorkbook final : public Workbook {
  public:
   // The document's sheets become the workbook's; the document's active sheet is the active one.
-  CalcWorkbook(CalcApplication& application, Reference<css::lang::XComponent> document, std::string name,
-               bool addIn);
+  CalcWorkbook(CalcApplication& application, Reference<css::lang::XComponent> document, std::string name, bool addIn);
   ~CalcWorkbook() override;
   CalcWorkbook(const CalcWorkbook&) = delete;
   CalcWorkbook& operator=(const CalcWorkbook&) = delete;

@@ -23,8 +23,7 @@ void checkCell(std::int32_t row, std::int32_t column) {
 }
 
 void checkBlock(const CellBlock& b) {
-  if (b.top < 1 || b.left < 1 || b.bottom > kMaxRows || b.right > kMaxColumns || b.top > b.bottom ||
-      b.left > b.right) {
+  if (b.top < 1 || b.left < 1 || b.bottom > kMaxRows || b.right > kMaxColumns || b.top > b.bottom || b.left > b.right) {
     raise(err::kHostFailure);
   }
 }

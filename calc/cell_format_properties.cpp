@@ -134,7 +134,8 @@ CellFormat formatFrom(const css::uno::Sequence<Any>& values, NumberFormatTable& 
   values[4] >>= justify;
   values[5] >>= transparent;
   values[6] >>= key;
-  f.interiorColorIndex = transparent || back < 0 ? kColorIndexNone : nearestPaletteIndex(static_cast<std::uint32_t>(back));
+  f.interiorColorIndex =
+      transparent || back < 0 ? kColorIndexNone : nearestPaletteIndex(static_cast<std::uint32_t>(back));
   f.fontColorIndex = font < 0 ? kColorIndexAutomatic : nearestPaletteIndex(static_cast<std::uint32_t>(font));
   f.fontSize = height;
   f.bold = weight >= kBoldFrom;

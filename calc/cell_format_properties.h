@@ -13,8 +13,8 @@
 // Colours the office holds outside the palette read as the nearest palette index.
 
 #include <com/sun/star/beans/XMultiPropertySet.hpp>
-#include <com/sun/star/util/XNumberFormats.hpp>
 #include <com/sun/star/util/XNumberFormatTypes.hpp>
+#include <com/sun/star/util/XNumberFormats.hpp>
 
 #include <map>
 #include <string>

@@ -2,10 +2,10 @@
 
 #include <com/sun/star/beans/XPropertySet.hpp>
 #include <com/sun/star/container/XIndexAccess.hpp>
+#include <com/sun/star/sheet/XCellRangeAddressable.hpp>
 #include <com/sun/star/sheet/XCellRangeData.hpp>
 #include <com/sun/star/sheet/XSheetCellCursor.hpp>
 #include <com/sun/star/sheet/XUsedAreaCursor.hpp>
-#include <com/sun/star/sheet/XCellRangeAddressable.hpp>
 
 #include "calc/calc_workbook.h"
 #include "calc/office_notation.h"
@@ -25,10 +25,12 @@ void ChartDataSheet::open() {
     sheet_.set(sheets->getByName(name), UNO_QUERY_THROW);
     const Reference<css::sheet::XSheetCellCursor> cursor = sheet_->createCursor();
     Reference<css::sheet::XUsedAreaCursor>(cursor, UNO_QUERY_THROW)->gotoEndOfUsedArea(false);
-    nextColumn_ = Reference<css::sheet::XCellRangeAddressable>(cursor, UNO_QUERY_THROW)->getRangeAddress().EndColumn + 2;
+    nextColumn_ =
+        Reference<css::sheet::XCellRangeAddressable>(cursor, UNO_QUERY_THROW)->getRangeAddress().EndColumn + 2;
     return;
   }
-  const sal_Int16 last = static_cast<sal_Int16>(Reference<css::container::XIndexAccess>(sheets, UNO_QUERY_THROW)->getCount());
+  const sal_Int16 last =
+      static_cast<sal_Int16>(Reference<css::container::XIndexAccess>(sheets, UNO_QUERY_THROW)->getCount());
   sheets->insertNewByName(name, last);
   sheet_.set(sheets->getByName(name), UNO_QUERY_THROW);
   Reference<css::beans::XPropertySet>(sheet_, UNO_QUERY_THROW)->setPropertyValue("IsVisible", Any(false));

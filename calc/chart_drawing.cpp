@@ -71,9 +71,7 @@ css::chart2::Symbol symbolOf(SpecMarker marker, double size, std::size_t index) 
   symbol.Style = css::chart2::SymbolStyle_STANDARD;
   symbol.Size = css::awt::Size(hundredths(size), hundredths(size));
   switch (marker) {
-    case SpecMarker::Automatic:
-      symbol.StandardSymbol = kAutomaticSymbols[index % kAutomaticSymbols.size()];
-      break;
+    case SpecMarker::Automatic: symbol.StandardSymbol = kAutomaticSymbols[index % kAutomaticSymbols.size()]; break;
     case SpecMarker::None: symbol.Style = css::chart2::SymbolStyle_NONE; break;
     case SpecMarker::Dash: symbol.StandardSymbol = kSymbolHorizontalBar; break;
     case SpecMarker::Circle: symbol.StandardSymbol = kSymbolCircle; break;
@@ -140,8 +138,7 @@ std::vector<TypeGroup> typeGroups(const ChartSpec& spec) {
 
 }  // namespace
 
-ChartDrawing::ChartDrawing(Reference<css::uno::XComponentContext> context,
-                           Reference<css::chart2::XChartDocument> chart,
+ChartDrawing::ChartDrawing(Reference<css::uno::XComponentContext> context, Reference<css::chart2::XChartDocument> chart,
                            const Reference<css::lang::XMultiServiceFactory>& document)
     : context_(std::move(context)), chart_(std::move(chart)), numbers_(chart_) {
   remote("give a chart its data", [&] {
@@ -158,10 +155,11 @@ Reference<css::uno::XInterface> ChartDrawing::make(const char* service) const {
 }
 
 Reference<css::uno::XInterface> ChartDrawing::sequence(const std::string& range, const char* role) const {
-  const Reference<css::chart2::data::XDataSequence> values = data_->createDataSequenceByRangeRepresentation(toUno(range));
+  const Reference<css::chart2::data::XDataSequence> values =
+      data_->createDataSequenceByRangeRepresentation(toUno(range));
   Properties(values, UNO_QUERY_THROW)->setPropertyValue("Role", Any(OUString::createFromAscii(role)));
-  const Reference<css::chart2::data::XLabeledDataSequence> labeled(
-      make("com.sun.star.chart2.data.LabeledDataSequence"), UNO_QUERY_THROW);
+  const Reference<css::chart2::data::XLabeledDataSequence> labeled(make("com.sun.star.chart2.data.LabeledDataSequence"),
+                                                                   UNO_QUERY_THROW);
   labeled->setValues(values);
   return labeled;
 }
@@ -188,7 +186,8 @@ Reference<css::uno::XInterface> ChartDrawing::series(const std::vector<const Spe
     // The price series of a stock chart: open, high, low, close in the order they were added.
     static const char* const kFour[] = {"values-first", "values-max", "values-min", "values-last"};
     static const char* const kThree[] = {"values-max", "values-min", "values-last"};
-    for (std::size_t i = 0; i < members.size(); ++i) add(members[i]->values, members.size() == 4 ? kFour[i] : kThree[i]);
+    for (std::size_t i = 0; i < members.size(); ++i)
+      add(members[i]->values, members.size() == 4 ? kFour[i] : kThree[i]);
   } else {
     if (first.kind == SpecKind::Scatter) add(first.xValues, "values-x");
     add(first.values, "values-y");
@@ -265,8 +264,9 @@ Reference<css::uno::XInterface> ChartDrawing::axis(const ChartSpec& spec, const 
   Properties(made->getGridProperties(), UNO_QUERY_THROW)->setPropertyValue("Show", Any(a.majorGridlines));
   const Sequence<Reference<css::beans::XPropertySet>> minor = made->getSubGridProperties();
   if (minor.getLength() > 0) minor[0]->setPropertyValue("Show", Any(a.minorGridlines));
-  if (a.title) Reference<css::chart2::XTitled>(made, UNO_QUERY_THROW)->setTitleObject(
-      Reference<css::chart2::XTitle>(title(*a.title), UNO_QUERY_THROW));
+  if (a.title)
+    Reference<css::chart2::XTitled>(made, UNO_QUERY_THROW)
+        ->setTitleObject(Reference<css::chart2::XTitle>(title(*a.title), UNO_QUERY_THROW));
   return made;
 }
 
@@ -281,8 +281,8 @@ void ChartDrawing::drawAxes(const ChartSpec& spec, const Reference<css::uno::XIn
   }
 }
 
-void ChartDrawing::drawFills(const ChartSpec& spec, const Reference<css::uno::XInterface>& diagramObject,
-                             double width, double height) const {
+void ChartDrawing::drawFills(const ChartSpec& spec, const Reference<css::uno::XInterface>& diagramObject, double width,
+                             double height) const {
   const Reference<css::chart2::XDiagram> diagram(diagramObject, UNO_QUERY_THROW);
   const Properties wall = diagram->getWall();
   if (!spec.plotArea.filled) wall->setPropertyValue("FillStyle", Any(css::drawing::FillStyle_NONE));
@@ -290,9 +290,9 @@ void ChartDrawing::drawFills(const ChartSpec& spec, const Reference<css::uno::XI
   const SpecPlotArea& plot = spec.plotArea;
   if (plot.left && plot.top && plot.width && plot.height && width > 0 && height > 0) {
     const Properties props(diagram, UNO_QUERY_THROW);
-    props->setPropertyValue("RelativePosition", Any(css::chart2::RelativePosition(
-                                                    *plot.left / width, *plot.top / height,
-                                                    css::drawing::Alignment_TOP_LEFT)));
+    props->setPropertyValue(
+        "RelativePosition",
+        Any(css::chart2::RelativePosition(*plot.left / width, *plot.top / height, css::drawing::Alignment_TOP_LEFT)));
     props->setPropertyValue("RelativeSize", Any(css::chart2::RelativeSize(*plot.width / width, *plot.height / height)));
     props->setPropertyValue("PosSizeExcludeAxes", Any(false));
   }

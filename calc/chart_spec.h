@@ -45,7 +45,7 @@ struct SpecErrorBars {
   bool plus = true;
   bool minus = true;
   bool endCaps = true;
-  std::string plusRange;   // distances from the points
+  std::string plusRange;  // distances from the points
   std::string minusRange;
 };
 

@@ -81,8 +81,8 @@ OfficeConnection::OfficeConnection(OfficeProcess& office, std::chrono::seconds t
         office.respawn();
         continue;
       }
-      throw OfficeError(withLog("the office (process " + std::to_string(office.pid()) +
-                                    ") exited with code " + std::to_string(*code) + " before it answered",
+      throw OfficeError(withLog("the office (process " + std::to_string(office.pid()) + ") exited with code " +
+                                    std::to_string(*code) + " before it answered",
                                 office));
     }
     try {
@@ -94,8 +94,8 @@ OfficeConnection::OfficeConnection(OfficeProcess& office, std::chrono::seconds t
       throw OfficeError(withLog("cannot connect to the office: " + fromUno(e.Message), office));
     }
     if (std::chrono::steady_clock::now() > deadline) {
-      throw OfficeError(withLog("the office (process " + std::to_string(office.pid()) +
-                                    ") did not answer within " + std::to_string(timeout.count()) + " s",
+      throw OfficeError(withLog("the office (process " + std::to_string(office.pid()) + ") did not answer within " +
+                                    std::to_string(timeout.count()) + " s",
                                 office));
     }
     std::this_thread::sleep_for(kRetry);
@@ -130,8 +130,8 @@ Reference<css::lang::XComponent> OfficeConnection::load(const std::filesystem::p
   return document;
 }
 
-void OfficeConnection::store(const Reference<css::lang::XComponent>& document,
-                             const std::filesystem::path& file, const std::string& filterName) const {
+void OfficeConnection::store(const Reference<css::lang::XComponent>& document, const std::filesystem::path& file,
+                             const std::string& filterName) const {
   const std::vector<PropertyValue> args = {property("FilterName", Any(toUno(filterName))),
                                            property("Overwrite", Any(true))};
   try {

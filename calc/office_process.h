@@ -34,7 +34,7 @@ class OfficeProcess {
   // Exit code of an office that has made its profile and wants to be started again.
   static constexpr int kRestartCode = 81;
 
-  OfficeProcess();  // starts the office
+  OfficeProcess();   // starts the office
   ~OfficeProcess();  // stop()
   OfficeProcess(const OfficeProcess&) = delete;
   OfficeProcess& operator=(const OfficeProcess&) = delete;

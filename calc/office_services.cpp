@@ -20,11 +20,13 @@ Reference<css::uno::XInterface> createService(const Reference<css::uno::XCompone
 
 Reference<css::lang::XComponent> newHiddenSpreadsheet(const Reference<css::uno::XComponentContext>& context) {
   return remote("make a new spreadsheet document", [&] {
-    const Reference<css::frame::XComponentLoader> loader(css::frame::Desktop::create(context), css::uno::UNO_QUERY_THROW);
+    const Reference<css::frame::XComponentLoader> loader(css::frame::Desktop::create(context),
+                                                         css::uno::UNO_QUERY_THROW);
     css::uno::Sequence<css::beans::PropertyValue> args(1);
     args.getArray()[0].Name = "Hidden";
     args.getArray()[0].Value <<= true;
-    Reference<css::lang::XComponent> document = loader->loadComponentFromURL("private:factory/scalc", "_blank", 0, args);
+    Reference<css::lang::XComponent> document =
+        loader->loadComponentFromURL("private:factory/scalc", "_blank", 0, args);
     if (!document.is()) raiseHost("The office made no spreadsheet document");
     return document;
   });

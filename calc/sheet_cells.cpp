@@ -214,7 +214,8 @@ void SheetCells::set(const std::vector<CellBlock>& blocks, const CellFormat& for
       target.set(rangeOf(blocks.front()), UNO_QUERY_THROW);
     } else {
       // Several rectangles get their format in one call through a list of ranges.
-      const sal_Int16 index = Reference<css::sheet::XCellRangeAddressable>(sheet_, UNO_QUERY_THROW)->getRangeAddress().Sheet;
+      const sal_Int16 index =
+          Reference<css::sheet::XCellRangeAddressable>(sheet_, UNO_QUERY_THROW)->getRangeAddress().Sheet;
       Sequence<css::table::CellRangeAddress> addresses(static_cast<sal_Int32>(blocks.size()));
       for (std::size_t i = 0; i < blocks.size(); ++i) {
         const CellBlock& b = blocks[i];

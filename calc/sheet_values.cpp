@@ -24,9 +24,7 @@ std::optional<CellBlock> intersect(const CellBlock& a, const CellBlock& b) {
 }
 
 std::int32_t tileTop(std::int32_t row) { return (row - 1) / Grid::kTileRows * Grid::kTileRows + 1; }
-std::int32_t tileLeft(std::int32_t column) {
-  return (column - 1) / Grid::kTileColumns * Grid::kTileColumns + 1;
-}
+std::int32_t tileLeft(std::int32_t column) { return (column - 1) / Grid::kTileColumns * Grid::kTileColumns + 1; }
 
 }  // namespace
 

@@ -16,8 +16,7 @@ namespace {
 // The bridge raises DisposedException once the office's end has gone, and a plain
 // RuntimeException naming the bridge while a call was in flight when the socket closed.
 bool isConnectionLoss(const std::string& message) {
-  return message.find("URP bridge") != std::string::npos ||
-         message.find("Connection lost") != std::string::npos ||
+  return message.find("URP bridge") != std::string::npos || message.find("Connection lost") != std::string::npos ||
          message.find("broken pipe") != std::string::npos;
 }
 

@@ -3,10 +3,10 @@
 // turned into the component's host failures, so that nothing the office raises escapes the
 // component's error convention.
 
-#include <rtl/ustring.hxx>
 #include <com/sun/star/lang/DisposedException.hpp>
 #include <com/sun/star/uno/Exception.hpp>
 #include <com/sun/star/uno/RuntimeException.hpp>
+#include <rtl/ustring.hxx>
 
 #include <string>
 #include <string_view>

@@ -1,7 +1,7 @@
 #include "cli/calc_run.h"
 
-#include <CLI/CLI.hpp>
 #include <signal.h>
+#include <CLI/CLI.hpp>
 
 #include <algorithm>
 #include <atomic>
@@ -153,7 +153,8 @@ int runAnalysisInCalc(const FileOptions& files, const AnalysisRequest& request) 
     const PastedBlock block = readPasted(pasted);
     if (!target.empty()) {
       progress.step("Writing " + target.string() + " ...");
-      writeFileAtomically(target, [&](const std::filesystem::path& temporary) { session->save(book, temporary, *format); });
+      writeFileAtomically(target,
+                          [&](const std::filesystem::path& temporary) { session->save(book, temporary, *format); });
     }
     if (signals.caught() != 0) return interrupted();
     progress.clear();

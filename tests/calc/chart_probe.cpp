@@ -96,7 +96,9 @@ std::vector<ProbedChart> probeInMemory(Worksheet& worksheet) {
       // The secondary category axis is never shown; the live host has none.
       if (a.kind == AxisKind::Category && a.group == AxisGroup::Secondary) continue;
       ProbedAxis p;
-      p.which = a.kind == AxisKind::Category ? "category" : a.group == AxisGroup::Secondary ? "secondary value" : "value";
+      p.which = a.kind == AxisKind::Category      ? "category"
+                : a.group == AxisGroup::Secondary ? "secondary value"
+                                                  : "value";
       p.shown = !a.deleted;
       if (a.title) {
         p.title = *a.title;

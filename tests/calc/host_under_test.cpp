@@ -1,7 +1,7 @@
 #include "host_under_test.h"
 
-#include <com/sun/star/container/XNamed.hpp>
 #include <com/sun/star/container/XIndexAccess.hpp>
+#include <com/sun/star/container/XNamed.hpp>
 #include <com/sun/star/util/XCloseable.hpp>
 
 #include "calc/calc_application.h"
@@ -32,11 +32,13 @@ class InMemoryHost final : public HostUnderTest {
 Reference<css::lang::XComponent> documentWith(const std::vector<std::string>& sheets) {
   const Reference<css::uno::XComponentContext>& context = OfficeEnvironment::connection().context();
   Reference<css::lang::XComponent> document = calc::newHiddenSpreadsheet(context);
-  const Reference<css::sheet::XSpreadsheets> all = Reference<css::sheet::XSpreadsheetDocument>(document, UNO_QUERY_THROW)->getSheets();
+  const Reference<css::sheet::XSpreadsheets> all =
+      Reference<css::sheet::XSpreadsheetDocument>(document, UNO_QUERY_THROW)->getSheets();
   Reference<css::container::XNamed>(Reference<css::container::XIndexAccess>(all, UNO_QUERY_THROW)->getByIndex(0),
                                     UNO_QUERY_THROW)
       ->setName(calc::toUno(sheets.front()));
-  for (std::size_t i = 1; i < sheets.size(); ++i) all->insertNewByName(calc::toUno(sheets[i]), static_cast<sal_Int16>(i));
+  for (std::size_t i = 1; i < sheets.size(); ++i)
+    all->insertNewByName(calc::toUno(sheets[i]), static_cast<sal_Int16>(i));
   return document;
 }
 

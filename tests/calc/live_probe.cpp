@@ -96,7 +96,8 @@ Reference<css::chart2::data::XDataSequence> withRole(const Sequence<Labeled>& da
 }
 
 std::string titleOf(const Reference<css::uno::XInterface>& titled, double* size, bool* bold) {
-  const Reference<css::chart2::XTitle> title = Reference<css::chart2::XTitled>(titled, UNO_QUERY_THROW)->getTitleObject();
+  const Reference<css::chart2::XTitle> title =
+      Reference<css::chart2::XTitled>(titled, UNO_QUERY_THROW)->getTitleObject();
   if (!title.is()) return "";
   std::string text;
   for (const Reference<css::chart2::XFormattedString>& part : title->getText()) {
@@ -107,7 +108,8 @@ std::string titleOf(const Reference<css::uno::XInterface>& titled, double* size,
   return text;
 }
 
-ProbedSeries seriesOf(const Reference<css::uno::XInterface>& series, const std::string& kind, const std::string& categories) {
+ProbedSeries seriesOf(const Reference<css::uno::XInterface>& series, const std::string& kind,
+                      const std::string& categories) {
   const Sequence<Labeled> data = Reference<css::chart2::data::XDataSource>(series, UNO_QUERY_THROW)->getDataSequences();
   ProbedSeries p;
   p.kind = kind;
@@ -123,7 +125,8 @@ ProbedSeries seriesOf(const Reference<css::uno::XInterface>& series, const std::
   Properties bars;
   Properties(series, UNO_QUERY_THROW)->getPropertyValue("ErrorBarY") >>= bars;
   if (bars.is()) {
-    const Sequence<Labeled> amounts = Reference<css::chart2::data::XDataSource>(bars, UNO_QUERY_THROW)->getDataSequences();
+    const Sequence<Labeled> amounts =
+        Reference<css::chart2::data::XDataSource>(bars, UNO_QUERY_THROW)->getDataSequences();
     p.plusErrors = sourceOf(withRole(amounts, "error-bars-y-positive"));
     p.minusErrors = sourceOf(withRole(amounts, "error-bars-y-negative"));
   }
@@ -164,7 +167,8 @@ ProbedChart chartOf(CalcChartObject& object) {
   const Reference<css::chart2::XDiagram> diagram = document->getFirstDiagram();
   if (!diagram.is()) return c;
   c.legend = diagram->getLegend().is() && property<bool>(diagram->getLegend(), "Show");
-  const auto systems = Reference<css::chart2::XCoordinateSystemContainer>(diagram, UNO_QUERY_THROW)->getCoordinateSystems();
+  const auto systems =
+      Reference<css::chart2::XCoordinateSystemContainer>(diagram, UNO_QUERY_THROW)->getCoordinateSystems();
   if (systems.getLength() == 0) return c;
   const auto& system = systems[0];
   std::string categories;
@@ -193,7 +197,9 @@ ProbedChart chartOf(CalcChartObject& object) {
       }
       continue;
     }
-    const std::string kind = service.ends_with("ColumnChartType") ? "column" : service.ends_with("ScatterChartType") ? "scatter" : "line";
+    const std::string kind = service.ends_with("ColumnChartType")    ? "column"
+                             : service.ends_with("ScatterChartType") ? "scatter"
+                                                                     : "line";
     for (const auto& s : members) c.series.push_back(seriesOf(s, kind, categories));
   }
   const bool scatter = !c.series.empty() && c.series.front().kind == "scatter";

@@ -35,8 +35,7 @@ pid_t OfficeEnvironment::pid() { return office_ ? office_->pid() : -1; }
 
 namespace {
 // Registered before main runs; gtest owns the environment.
-[[maybe_unused]] ::testing::Environment* const kOffice =
-    ::testing::AddGlobalTestEnvironment(new OfficeEnvironment);
+[[maybe_unused]] ::testing::Environment* const kOffice = ::testing::AddGlobalTestEnvironment(new OfficeEnvironment);
 }  // namespace
 
 }  // namespace orv::test

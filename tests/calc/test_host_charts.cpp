@@ -34,7 +34,7 @@ class HostCharts : public ::testing::TestWithParam<HostFactory> {
     host = GetParam()({"Data"});
     // A results block as the descriptive driver pastes it: names, then a statistic per row.
     const std::vector<std::vector<CellValue>> rows = {
-        {"", "Control", "Treated"}, {"25th", 1.0, 2.0},  {"Min", 0.0, 1.0},   {"Max", 9.0, 12.0},
+        {"", "Control", "Treated"}, {"25th", 1.0, 2.0},   {"Min", 0.0, 1.0}, {"Max", 9.0, 12.0},
         {"75th", 5.0, 6.0},         {"Median", 3.0, 4.0}, {"SE", 0.5, 0.25}};
     for (std::size_t r = 0; r < rows.size(); ++r)
       for (std::size_t c = 0; c < rows[r].size(); ++c)
@@ -106,7 +106,8 @@ TEST_P(HostCharts, AStockChartWithTheMediansOnAHiddenSecondaryAxis) {
   for (const char* cells : {"Data!$B$2:$C$2", "Data!$B$3:$C$3", "Data!$B$4:$C$4", "Data!$B$5:$C$5"}) {
     expected.series.push_back({"stock", cells, "Data!$B$1:$C$1", "", false, false, "", ""});
   }
-  for (int i = 0; i < 2; ++i) expected.series.push_back({"line", "Data!$B$6:$C$6", "Data!$B$1:$C$1", "", true, false, "", ""});
+  for (int i = 0; i < 2; ++i)
+    expected.series.push_back({"line", "Data!$B$6:$C$6", "Data!$B$1:$C$1", "", true, false, "", ""});
   ProbedAxis valueAxis = axis("value", true, 8, "0", false);
   valueAxis.title = "cm";
   valueAxis.titleSize = 10;
@@ -126,8 +127,8 @@ TEST_P(HostCharts, ErrorBarsFromCellsAndFromLiteralAmounts) {
   centre.SetHasErrorBars(true);
   centre.ErrorBars().Delete();
   EXPECT_EQ(errorNumber([&] { centre.ErrorBars(); }), 1004);
-  centre.ErrorBar(host::ErrorBarDirection::Y, host::ErrorBarInclude::Both, host::ErrorBarType::Custom,
-                  range("B7:C7"), ValueArray1D(std::vector<CellValue>{2.0, 3.5}));
+  centre.ErrorBar(host::ErrorBarDirection::Y, host::ErrorBarInclude::Both, host::ErrorBarType::Custom, range("B7:C7"),
+                  ValueArray1D(std::vector<CellValue>{2.0, 3.5}));
   centre.ErrorBars().SetEndStyle(host::EndStyle::Cap);
   centre.Border().SetLineStyle(host::LineStyle::None);
   chart.SetHasLegend(false);

@@ -49,10 +49,24 @@ class HostSuite : public ::testing::TestWithParam<HostFactory> {
 };
 
 TEST_P(HostSuite, ValuesComeBackAsTheyWereStored) {
-  const std::vector<CellValue> values = {
-      1.5, -0.000123, 1e300, 0.0, "text", "=1+1 stays text", "7", "Ünïcödé ✓", true, false,
-      ErrorValue::Div0, ErrorValue::NA, ErrorValue::Value, ErrorValue::Ref, ErrorValue::Name,
-      ErrorValue::Num, ErrorValue::Null, CellValue{}};
+  const std::vector<CellValue> values = {1.5,
+                                         -0.000123,
+                                         1e300,
+                                         0.0,
+                                         "text",
+                                         "=1+1 stays text",
+                                         "7",
+                                         "Ünïcödé ✓",
+                                         true,
+                                         false,
+                                         ErrorValue::Div0,
+                                         ErrorValue::NA,
+                                         ErrorValue::Value,
+                                         ErrorValue::Ref,
+                                         ErrorValue::Name,
+                                         ErrorValue::Num,
+                                         ErrorValue::Null,
+                                         CellValue{}};
   for (std::size_t i = 0; i < values.size(); ++i) sheet().pasteValue(static_cast<std::int32_t>(i + 2), 2, values[i]);
   for (const bool again : {false, true}) {
     Worksheet& data = (again ? host->reread() : host->book()).Worksheets("Data");
@@ -70,7 +84,8 @@ TEST_P(HostSuite, AssignedTextsThatReadAsNumbersBecomeNumbersUnlessTheCellIsText
     CellValue assigned, stored;
   } cases[] = {{"7", 7.0}, {" -2.5e3 ", -2500.0}, {"7x", "7x"}, {"1,5", "1,5"}, {"", CellValue{}}, {3.0, 3.0}};
   for (std::size_t i = 0; i < std::size(cases); ++i) {
-    Range(sheet(), CellBlock{static_cast<std::int32_t>(i + 1), 1, static_cast<std::int32_t>(i + 1), 1}).SetValue(cases[i].assigned);
+    Range(sheet(), CellBlock{static_cast<std::int32_t>(i + 1), 1, static_cast<std::int32_t>(i + 1), 1})
+        .SetValue(cases[i].assigned);
   }
   range("C1").SetNumberFormat("@");
   range("C1").SetValue("7");
@@ -235,8 +250,8 @@ TEST_P(HostSuite, WorksheetFunctionsComputeTheDistributionsAndRefuseBadArguments
                 {"ChiInv", [&] { f.ChiInv(1.5, 1); }}};
   for (const auto& fault : faults) {
     SCOPED_TRACE(fault.name);
-    EXPECT_EQ(errorText(fault.call), "Unable to get the " + std::string(fault.name) +
-                                         " property of the WorksheetFunction class");
+    EXPECT_EQ(errorText(fault.call),
+              "Unable to get the " + std::string(fault.name) + " property of the WorksheetFunction class");
   }
   range("A1").SetValue("angle");
   range("A2").SetValue(350.0);

@@ -57,7 +57,7 @@ CalcApplication::~CalcApplication() {
 
 CalcWorkbook& CalcApplication::Workbooks(std::string_view name) {
   for (const auto& book : workbooks_) {
-    if (sameName(book->Name(), name)) return *book;
+    if (sameSheetName(book->Name(), name)) return *book;
   }
   raise(err::kSubscriptOutOfRange);
 }
@@ -91,7 +91,7 @@ void CalcApplication::SetScreenUpdating(bool on) {
 
 CalcWorkbook& CalcApplication::openWorkbook(Reference<css::lang::XComponent> document, std::string name) {
   for (const auto& book : workbooks_) {
-    if (sameName(book->Name(), name)) raiseHost("A workbook named \"" + name + "\" is already open");
+    if (sameSheetName(book->Name(), name)) raiseHost("A workbook named \"" + name + "\" is already open");
   }
   workbooks_.push_back(std::make_unique<CalcWorkbook>(*this, std::move(document), std::move(name), false));
   active_ = workbooks_.back().get();

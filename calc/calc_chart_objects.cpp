@@ -113,7 +113,7 @@ ChartObject& CalcChartObjects::Item(std::int32_t index) {
 
 ChartObject& CalcChartObjects::Item(std::string_view name) {
   for (const auto& object : objects_) {
-    if (sameName(object->Name(), name)) return *object;
+    if (sameSheetName(object->Name(), name)) return *object;
   }
   raiseHost("The item named \"" + std::string(name) + "\" was not found");
 }

@@ -8,38 +8,15 @@
 #include <com/sun/star/view/XSelectionSupplier.hpp>
 
 #include <algorithm>
-#include <cctype>
 
 #include "calc/calc_application.h"
 #include "calc/chart_data_sheet.h"
 #include "frame/errors.h"
 
 namespace orv::calc {
-namespace {
 
 using css::uno::UNO_QUERY;
 using css::uno::UNO_QUERY_THROW;
-
-// N when the name reads "Sheet" followed by the decimal digits of N > 0 (any case), else 0.
-std::int64_t defaultSheetNumber(std::string_view name) {
-  constexpr std::string_view kPrefix = "sheet";
-  if (name.size() <= kPrefix.size() || name.size() > kPrefix.size() + 15) return 0;
-  if (!sameName(name.substr(0, kPrefix.size()), kPrefix)) return 0;
-  std::int64_t n = 0;
-  for (char c : name.substr(kPrefix.size())) {
-    if (c < '0' || c > '9') return 0;
-    n = n * 10 + (c - '0');
-  }
-  return n;
-}
-
-}  // namespace
-
-bool sameName(std::string_view a, std::string_view b) {
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) {
-    return std::tolower(static_cast<unsigned char>(x)) == std::tolower(static_cast<unsigned char>(y));
-  });
-}
 
 CalcWorkbook::CalcWorkbook(CalcApplication& application, Reference<css::lang::XComponent> document, std::string name,
                            bool addIn)
@@ -85,7 +62,7 @@ CalcWorksheet& CalcWorkbook::Worksheets(std::int32_t index) {
 
 CalcWorksheet& CalcWorkbook::Worksheets(std::string_view name) {
   for (const auto& sheet : sheets_) {
-    if (sameName(sheet->Name(), name)) return *sheet;
+    if (sameSheetName(sheet->Name(), name)) return *sheet;
   }
   raise(err::kSubscriptOutOfRange);
 }
@@ -105,11 +82,9 @@ void CalcWorkbook::activateSheet(CalcWorksheet& sheet) {
 }
 
 CalcWorksheet& CalcWorkbook::addNewSheet() {
-  for (const auto& sheet : sheets_) sheetCounter_ = std::max(sheetCounter_, defaultSheetNumber(sheet->Name()));
-  std::string name;
-  do {
-    name = "Sheet" + std::to_string(++sheetCounter_);
-  } while (std::any_of(sheets_.begin(), sheets_.end(), [&](const auto& s) { return sameName(s->Name(), name); }));
+  std::vector<std::string> names;
+  for (const auto& sheet : sheets_) names.push_back(sheet->Name());
+  const std::string name = nextDefaultSheetName(sheetCounter_, names);
 
   const auto at = active_ != nullptr ? find(*active_) : sheets_.end();
   const auto position = static_cast<sal_Int16>(at - sheets_.begin());

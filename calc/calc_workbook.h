@@ -23,6 +23,7 @@
 #include "calc/calc_worksheet.h"
 #include "calc/cell_format_properties.h"
 #include "frame/host.h"
+#include "frame/sheet_name.h"
 
 namespace orv::calc {
 
@@ -80,9 +81,5 @@ class CalcWorkbook final : public Workbook {
   std::int64_t sheetCounter_ = 0;  // the n of the last default name handed out
   std::unique_ptr<ChartDataSheet> chartData_;
 };
-
-// Names compare without regard to case (ASCII letters folded), as the in-memory host compares
-// sheet and workbook names.
-bool sameName(std::string_view a, std::string_view b);
 
 }  // namespace orv::calc

@@ -16,7 +16,7 @@ namespace orv::calc {
 using css::uno::Any;
 using css::uno::UNO_QUERY_THROW;
 
-bool ChartDataSheet::isChartDataSheet(std::string_view name) { return sameName(name, kName); }
+bool ChartDataSheet::isChartDataSheet(std::string_view name) { return sameSheetName(name, kName); }
 
 void ChartDataSheet::open() {
   const Reference<css::sheet::XSpreadsheets> sheets = book_->document()->getSheets();

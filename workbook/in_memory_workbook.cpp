@@ -62,11 +62,9 @@ InMemoryWorksheet& InMemoryWorkbook::addSheet(std::string name) {
 }
 
 InMemoryWorksheet& InMemoryWorkbook::addNewSheet() {
-  for (const auto& sheet : sheets_) sheetCounter_ = std::max(sheetCounter_, defaultSheetNumber(sheet->Name()));
-  std::string name;
-  do {
-    name = defaultSheetName(++sheetCounter_);
-  } while (std::any_of(sheets_.begin(), sheets_.end(), [&](const auto& s) { return sameSheetName(s->Name(), name); }));
+  std::vector<std::string> names;
+  for (const auto& sheet : sheets_) names.push_back(sheet->Name());
+  std::string name = nextDefaultSheetName(sheetCounter_, names);
 
   auto at = active_ != nullptr ? find(*active_) : sheets_.end();
   auto inserted = sheets_.insert(at, std::make_unique<InMemoryWorksheet>(*this, std::move(name)));

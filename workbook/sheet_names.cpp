@@ -37,19 +37,4 @@ void checkSheetName(std::string_view name) {
   }
 }
 
-std::int64_t defaultSheetNumber(std::string_view name) {
-  constexpr std::string_view kPrefix = "sheet";
-  // Up to 15 digits keeps N well inside 64 bits.
-  if (name.size() <= kPrefix.size() || name.size() > kPrefix.size() + 15) return 0;
-  if (!sameSheetName(name.substr(0, kPrefix.size()), kPrefix)) return 0;
-  std::int64_t n = 0;
-  for (char c : name.substr(kPrefix.size())) {
-    if (c < '0' || c > '9') return 0;
-    n = n * 10 + (c - '0');
-  }
-  return n;
-}
-
-std::string defaultSheetName(std::int64_t n) { return "Sheet" + std::to_string(n); }
-
 }  // namespace orv

@@ -1,6 +1,6 @@
 #pragma once
-// The host's rules for worksheet names: what a name may hold, how names compare, and the
-// "SheetN" names that new sheets get.
+// The host's rules for worksheet names: what a name may hold. How names compare and the "SheetN"
+// names that new sheets get are frame/sheet_name.h.
 
 #include <cstdint>
 #include <string>
@@ -14,11 +14,5 @@ inline constexpr std::int32_t kMaxSheetNameLength = 31;
 // longer than 31 characters (UTF-8 characters, not bytes), holding any of : \ / ? * [ ], or
 // beginning or ending with an apostrophe.
 void checkSheetName(std::string_view name);
-
-// N when the name reads "Sheet" followed by the decimal digits of N > 0 (any case), else 0.
-std::int64_t defaultSheetNumber(std::string_view name);
-
-// "Sheet" + n.
-std::string defaultSheetName(std::int64_t n);
 
 }  // namespace orv

@@ -1,0 +1,391 @@
+// The same analysis on both hosts gives the same result: the block pasted (values, formats,
+// place), the workbook's sheets, and the charts (kinds, sources, axes, error bars, titles,
+// sizes, and places: the same anchor cell and the same offset in points from the block's top),
+// or the same error. Every analysis and chart kind runs here on one shared workbook file.
+//
+// Numbers compare to 12 significant digits: the office's TINV, NORMDIST and CHIINV are not
+// bit for bit those of the in-memory host (Boost.Math), and statistics built on them (the
+// confidence limits, the probabilities) may differ in the last bits. Texts, empty cells, error
+// values and formats compare exactly.
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <filesystem>
+#include <functional>
+#include <random>
+#include <string>
+#include <vector>
+
+#include <com/sun/star/util/XCloseable.hpp>
+
+#include "calc/calc_application.h"
+#include "chart_probe.h"
+#include "circular/clsDSCirc.h"
+#include "descriptive/clsDS.h"
+#include "frame/conversions.h"
+#include "frequency/clsFreq.h"
+#include "office_environment.h"
+#include "support/host_session.h"
+#include "workbook/in_memory_application.h"
+#include "xlsx/reader_workbook.h"
+#include "xlsx/writer_workbook.h"
+
+namespace orv::test {
+namespace {
+
+using Analysis = std::function<std::optional<Range>()>;
+
+// What one run left behind on its host.
+struct Outcome {
+  std::string sheet, address;
+  ValueArray2D values;
+  std::vector<CellFormat> formats;
+  std::vector<std::string> sheets;
+  std::vector<ProbedChart> charts;  // left: the anchor column; top: points below the block's top
+  std::int32_t error = 0;
+  std::string source, description;
+};
+
+// The column whose left edge the chart stands on, found in the host's own geometry: the hosts'
+// default column widths differ, the cell does not.
+double anchorColumn(Worksheet& sheet, double left) {
+  for (std::int32_t c = 1; c <= 200; ++c) {
+    if (std::fabs(sheet.columnLeft(c) - left) < 0.05) return c;
+  }
+  return -left;
+}
+
+Outcome collect(const std::optional<Range>& pasted, Workbook& book,
+                const std::function<std::vector<ProbedChart>(Worksheet&)>& probe,
+                const std::function<Worksheet&(const std::string&)>& reread) {
+  Outcome o;
+  for (std::int32_t i = 1; i <= book.WorksheetsCount(); ++i) o.sheets.push_back(book.Worksheets(i).Name());
+  if (!pasted) return o;
+  o.sheet = pasted->Parent().Name();
+  o.address = pasted->Address();
+  o.charts = probe(pasted->Parent());
+  Worksheet& sheet = reread(o.sheet);
+  const CellBlock& b = pasted->block();
+  o.values = Range(sheet, b).Values();
+  for (std::int32_t r = b.top; r <= b.bottom; ++r)
+    for (std::int32_t c = b.left; c <= b.right; ++c) o.formats.push_back(sheet.cellFormat(r, c));
+  for (ProbedChart& chart : o.charts) {
+    chart.left = anchorColumn(sheet, chart.left);
+    chart.top -= sheet.rowTop(b.top);
+  }
+  return o;
+}
+
+template <class Run>
+void runCatching(Outcome& o, Run&& run) {
+  try {
+    run();
+  } catch (const ComponentError& e) {
+    o.error = e.number();
+    o.source = e.source();
+    o.description = e.description();
+  }
+}
+
+Outcome inMemory(const std::filesystem::path& file, const Analysis& analysis) {
+  InMemoryApplication app;
+  Workbook& book = loadWorkbook(app, file);
+  HostSession::Attach(&app);
+  Outcome o;
+  runCatching(o, [&] {
+    const std::optional<Range> pasted = analysis();
+    o = collect(pasted, book, probeInMemory,
+                [&](const std::string& name) -> Worksheet& { return book.Worksheets(name); });
+  });
+  HostSession::Attach(nullptr);
+  return o;
+}
+
+Outcome live(const std::filesystem::path& file, const Analysis& analysis) {
+  const calc::OfficeConnection& office = OfficeEnvironment::connection();
+  const auto document = office.load(file, "", "");
+  Outcome o;
+  {
+    calc::CalcApplication app(office.context());
+    Workbook& book = app.openWorkbook(document, file.filename().string());
+    HostSession::Attach(&app);
+    runCatching(o, [&] {
+      const std::optional<Range> pasted = analysis();
+      app.finishCall();
+      // Cells and formats are read back through new host objects: what the office holds.
+      calc::CalcApplication again(office.context());
+      Workbook& fresh = again.openWorkbook(document, file.filename().string() + " again");
+      o = collect(pasted, book, probeLive,
+                  [&](const std::string& name) -> Worksheet& { return fresh.Worksheets(name); });
+    });
+    HostSession::Attach(nullptr);
+  }
+  css::uno::Reference<css::util::XCloseable>(document, css::uno::UNO_QUERY_THROW)->close(true);
+  return o;
+}
+
+bool sameNumber(double a, double b) { return std::fabs(a - b) <= 1e-12 * std::max({1.0, std::fabs(a), std::fabs(b)}); }
+
+void expectSame(const Outcome& memory, const Outcome& calc) {
+  EXPECT_EQ(calc.error, memory.error);
+  EXPECT_EQ(calc.source, memory.source);
+  EXPECT_EQ(calc.description, memory.description);
+  EXPECT_EQ(calc.sheets, memory.sheets);
+  EXPECT_EQ(calc.sheet, memory.sheet);
+  EXPECT_EQ(calc.address, memory.address);
+  ASSERT_EQ(calc.values.rows(), memory.values.rows());
+  ASSERT_EQ(calc.values.columns(), memory.values.columns());
+  for (std::int32_t r = 1; r <= memory.values.rows(); ++r) {
+    for (std::int32_t c = 1; c <= memory.values.columns(); ++c) {
+      const CellValue& m = memory.values(r, c);
+      const CellValue& l = calc.values(r, c);
+      SCOPED_TRACE("cell (" + std::to_string(r) + ", " + std::to_string(c) + ") " + describe(m));
+      if (m.isNumber() && l.isNumber()) {
+        EXPECT_TRUE(sameNumber(m.number(), l.number())) << describe(l);
+      } else {
+        EXPECT_EQ(l, m);
+      }
+      const std::size_t i = static_cast<std::size_t>((r - 1) * memory.values.columns() + (c - 1));
+      EXPECT_EQ(calc.formats[i], memory.formats[i]);
+    }
+  }
+  ASSERT_EQ(calc.charts.size(), memory.charts.size());
+  for (std::size_t i = 0; i < memory.charts.size(); ++i) expectSameChart(memory.charts[i], calc.charts[i]);
+}
+
+// The shared workbook: heights of three groups, homing angles of two lofts, and a survey of
+// colours and times with bins and pre-counted frequencies.
+std::filesystem::path writeWorkbook(const std::filesystem::path& folder) {
+  InMemoryApplication app;
+  InMemoryWorkbook& book = app.AddWorkbook("shared.xlsx", {"Heights", "Angles", "Survey"});
+  std::mt19937 random(20240601);  // fixed seed: the same data every run
+  std::normal_distribution<double> height(21.5, 1.7);
+  InMemoryWorksheet& heights = book.Worksheets("Heights");
+  const char* groups[] = {"Control", "Fertiliser", "Shade"};
+  for (std::int32_t c = 1; c <= 3; ++c) {
+    heights.storeRaw(1, c, groups[c - 1]);
+    for (std::int32_t r = 2; r <= 13; ++r) heights.storeRaw(r, c, std::round((height(random) + 3 * (c - 1)) * 10) / 10);
+  }
+  InMemoryWorksheet& angles = book.Worksheets("Angles");
+  angles.storeRaw(1, 1, "Kestrel");
+  angles.storeRaw(1, 2, "Millbrook");
+  std::uniform_int_distribution<int> spread(0, 70);
+  for (std::int32_t r = 2; r <= 16; ++r) {
+    angles.storeRaw(r, 1, static_cast<double>((330 + spread(random)) % 360));
+    angles.storeRaw(r, 2, static_cast<double>(100 + spread(random)));
+  }
+  InMemoryWorksheet& survey = book.Worksheets("Survey");
+  const char* colours[] = {"red", "blue", "green", "blue", "red", "blue"};
+  std::exponential_distribution<double> time(1.0 / 120);
+  survey.storeRaw(1, 1, "Colour");
+  survey.storeRaw(1, 2, "Time (ms)");
+  for (std::int32_t r = 2; r <= 31; ++r) {
+    survey.storeRaw(r, 1, colours[(r * 7) % 6]);
+    survey.storeRaw(r, 2, std::round(time(random)));
+  }
+  survey.storeRaw(1, 4, "Bins");
+  survey.storeRaw(1, 5, "Counts");
+  for (std::int32_t r = 2; r <= 8; ++r) {
+    survey.storeRaw(r, 4, (r - 2) * 50.0);
+    survey.storeRaw(r, 5, static_cast<double>((r * 5) % 11));
+  }
+  const auto path = folder / "shared.xlsx";
+  writeNewWorkbook(book, path);
+  return path;
+}
+
+struct Case {
+  const char* what;
+  Analysis analysis;
+};
+
+const std::vector<Case>& cases() {
+  static const std::vector<Case> all = {
+      {"describe: every statistic, headers, a new sheet",
+       [] {
+         clsDS ds;
+         ds.Headers(true);
+         for (auto set :
+              {&clsDS::GetMean, &clsDS::GetMedian, &clsDS::GetMode, &clsDS::GetSE, &clsDS::GetSD, &clsDS::GetVariance,
+               &clsDS::GetCV, &clsDS::GetCL, &clsDS::GetSum, &clsDS::GetSkewness, &clsDS::GetKurtosis, &clsDS::GetMin,
+               &clsDS::GetMax, &clsDS::GetCount, &clsDS::GetRange, &clsDS::GetPercentile})
+           (ds.*set)(true);
+         ds.InputRange("Heights!A1:C13");
+         ds.Results();
+         return ds.pastedBlock();
+       }},
+      {"describe: k-th values, 10th percentiles, 99% limits, two areas without headers",
+       [] {
+         clsDS ds;
+         ds.GetLargest(true);
+         ds.Largest(2);
+         ds.GetSmallest(true);
+         ds.Smallest(3);
+         ds.GetPercentile(true);
+         ds.Percentile(10);
+         ds.GetCL(true);
+         ds.CL(99);
+         ds.InputRange("Heights!A2:A13,C2:C13");
+         ds.OutputRange("Heights!F20");
+         ds.Results();
+         return ds.pastedBlock();
+       }},
+      {"describe: box plot and error plot of standard errors, on the data's sheet",
+       [] {
+         clsDS ds;
+         ds.Headers(true);
+         ds.PlotBox(true);
+         ds.PlotError(true);
+         ds.BoxTitle("Heights");
+         ds.BoxYTitle("cm");
+         ds.ErrorTitle("Means");
+         ds.ErrorCentre("Mean");
+         ds.ErrorError("Standard Error");
+         ds.InputRange("Heights!A1:C13");
+         ds.OutputRange("Heights!F2");
+         ds.Results();
+         return ds.pastedBlock();
+       }},
+      {"describe: error plots of literal amounts (confidence limits, ranges about the median)",
+       [] {
+         clsDS ds;
+         ds.Headers(true);
+         ds.PlotError(true);
+         ds.ErrorCentre("Median");
+         ds.ErrorError("Confidence Limits");
+         ds.InputRange("Heights!A1:C13");
+         ds.Results();
+         ds.ErrorError("Range");
+         ds.ErrorYTitle("cm");
+         ds.Results(true);  // the same output place, overwritten
+         return ds.pastedBlock();
+       }},
+      {"describe: a text among the numbers fails alike",
+       [] {
+         clsDS ds;
+         ds.InputRange("Survey!A1:B31");
+         ds.Results();
+         return ds.pastedBlock();
+       }},
+      {"circular: every statistic with the scatter plots",
+       [] {
+         clsDSCirc circ;
+         circ.Headers(true);
+         for (auto set : {&clsDSCirc::GetMean, &clsDSCirc::GetMeanVector, &clsDSCirc::GetAngularSD,
+                          &clsDSCirc::GetAngularVar, &clsDSCirc::GetCircularSD, &clsDSCirc::GetCircularVar,
+                          &clsDSCirc::GetCL, &clsDSCirc::GetCount, &clsDSCirc::GetRayleigh})
+           (circ.*set)(true);
+         circ.Plot(true);
+         circ.InputRange("Angles!A1:B16");
+         circ.Results();
+         return circ.pastedBlock();
+       }},
+      {"circular: the default rows, no headers, an occupied output refused",
+       [] {
+         clsDSCirc circ;
+         circ.InputRange("Angles!B2:B16");
+         circ.OutputRange("Angles!A5");
+         circ.Results();
+         return circ.pastedBlock();
+       }},
+      {"frequency: raw numbers",
+       [] {
+         clsFreq freq;
+         freq.Headers(true);
+         freq.InputRange("Survey!B1:B31");
+         freq.Results();
+         return freq.pastedBlock();
+       }},
+      {"frequency: nominal items",
+       [] {
+         clsFreq freq;
+         freq.Headers(true);
+         freq.DataType(ORVDescriptivesFreqNominal);
+         freq.InputRange("Survey!A1:A31");
+         freq.Results();
+         return freq.pastedBlock();
+       }},
+      {"frequency: given bins with the raw table and a histogram with both curves",
+       [] {
+         clsFreq freq;
+         freq.Headers(true);
+         freq.InputRange("Survey!B1:B31");
+         freq.BinRange("Survey!D1:D8");
+         freq.ShowRawData(true);
+         freq.PlotHistogram(true);
+         freq.PlotCumulative(true);
+         freq.HistogramTitle("Times");
+         freq.HistogramXTitle("ms");
+         freq.HistogramYTitle("n");
+         freq.Results();
+         return freq.pastedBlock();
+       }},
+      {"frequency: proposed bins, labelled by their start points",
+       [] {
+         clsFreq freq;
+         freq.Headers(true);
+         freq.InputRange("Survey!B1:B31");
+         freq.PlotHistogram(true);
+         freq.PlotNormal(false);
+         freq.CategoryStartPoint(true);
+         freq.OutputRange("Survey!H1");
+         freq.Results();
+         return freq.pastedBlock();
+       }},
+      {"frequency: pre-counted bins",
+       [] {
+         clsFreq freq;
+         freq.Headers(true);
+         freq.BinRange("Survey!D1:D8");
+         freq.FrequencyRange("Survey!E1:E8");
+         freq.PlotHistogram(true);
+         freq.Results();
+         return freq.pastedBlock();
+       }},
+  };
+  return all;
+}
+
+class Equivalence : public ::testing::TestWithParam<std::size_t> {
+ protected:
+  static void SetUpTestSuite() {
+    folder_ = std::filesystem::temp_directory_path() / ("orvella-equivalence-" + std::to_string(::getpid()));
+    std::filesystem::create_directories(folder_);
+    file_ = writeWorkbook(folder_);
+  }
+  static void TearDownTestSuite() { std::filesystem::remove_all(folder_); }
+  static inline std::filesystem::path folder_, file_;
+};
+
+TEST_P(Equivalence, BothHostsGiveTheSameResult) {
+  const Case& c = cases()[GetParam()];
+  SCOPED_TRACE(c.what);
+  const Outcome memory = inMemory(file_, c.analysis);
+  const Outcome calc = live(file_, c.analysis);
+  expectSame(memory, calc);
+}
+
+INSTANTIATE_TEST_SUITE_P(Analyses, Equivalence, ::testing::Range<std::size_t>(0, cases().size()));
+
+// The cases that must fail do, and the others draw what they should, so that agreement is not
+// agreement on nothing.
+TEST(EquivalenceCases, FailAndDrawWhereTheyShould) {
+  const std::filesystem::path folder =
+      std::filesystem::temp_directory_path() / ("orvella-cases-" + std::to_string(::getpid()));
+  std::filesystem::create_directories(folder);
+  const std::filesystem::path file = writeWorkbook(folder);
+  const std::vector<std::size_t> charts = {0, 0, 2, 2, 0, 2, 0, 0, 0, 1, 1, 1};
+  const std::vector<bool> fails = {false, false, false, false, true, false, true, false, false, false, false, false};
+  ASSERT_EQ(charts.size(), cases().size());
+  for (std::size_t i = 0; i < cases().size(); ++i) {
+    SCOPED_TRACE(cases()[i].what);
+    const Outcome o = inMemory(file, cases()[i].analysis);
+    EXPECT_EQ(o.error != 0, fails[i]) << o.description;
+    EXPECT_EQ(o.charts.size(), charts[i]);
+  }
+  std::filesystem::remove_all(folder);
+}
+
+}  // namespace
+}  // namespace orv::test

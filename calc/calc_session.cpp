@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cctype>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "calc/calc_application.h"
@@ -48,7 +49,7 @@ CalcSession::CalcSession(std::chrono::seconds startTimeout) : office_(std::make_
   try {
     live_ = std::make_unique<Live>(*office_, startTimeout);
   } catch (const ComponentError& e) {
-    throw OfficeError("the office started but the host could not be set up: " + e.description());
+    throw OfficeError("LibreOffice started but the host could not be set up: " + e.description());
   }
 }
 
@@ -94,6 +95,13 @@ void CalcSession::save(Workbook& workbook, const std::filesystem::path& file, Of
 
 pid_t CalcSession::officePid() const { return office_->pid(); }
 
-bool CalcSession::officeRunning() { return !office_->exitCode().has_value(); }
+bool CalcSession::officeRunning(std::chrono::milliseconds grace) {
+  const auto deadline = std::chrono::steady_clock::now() + grace;
+  while (!office_->exitCode()) {
+    if (std::chrono::steady_clock::now() >= deadline) return true;
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+  }
+  return false;
+}
 
 }  // namespace orv::calc

@@ -51,8 +51,9 @@ class CalcSession {
   void finishCall();
 
   pid_t officePid() const;
-  // Whether the office still runs.
-  bool officeRunning();
+  // Whether the office still runs, waiting up to `grace` for it to end: an office that was just
+  // killed may still be on its way out when its connection is already gone.
+  bool officeRunning(std::chrono::milliseconds grace = std::chrono::milliseconds(0));
 
  private:
   struct Live;

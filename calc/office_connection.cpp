@@ -81,8 +81,8 @@ OfficeConnection::OfficeConnection(OfficeProcess& office, std::chrono::seconds t
         office.respawn();
         continue;
       }
-      throw OfficeError(withLog("the office (process " + std::to_string(office.pid()) + ") exited with code " +
-                                    std::to_string(*code) + " before it answered",
+      throw OfficeError(withLog("LibreOffice (process " + std::to_string(office.pid()) +
+                                    ") stopped before it answered (exit code " + std::to_string(*code) + ")",
                                 office));
     }
     try {
@@ -91,10 +91,10 @@ OfficeConnection::OfficeConnection(OfficeProcess& office, std::chrono::seconds t
     } catch (const css::connection::NoConnectException&) {
       // Not listening yet.
     } catch (const css::uno::Exception& e) {
-      throw OfficeError(withLog("cannot connect to the office: " + fromUno(e.Message), office));
+      throw OfficeError(withLog("cannot connect to LibreOffice: " + fromUno(e.Message), office));
     }
     if (std::chrono::steady_clock::now() > deadline) {
-      throw OfficeError(withLog("the office (process " + std::to_string(office.pid()) + ") did not answer within " +
+      throw OfficeError(withLog("LibreOffice (process " + std::to_string(office.pid()) + ") did not answer within " +
                                     std::to_string(timeout.count()) + " s",
                                 office));
     }
@@ -103,7 +103,7 @@ OfficeConnection::OfficeConnection(OfficeProcess& office, std::chrono::seconds t
   try {
     desktop_ = css::frame::Desktop::create(context_);
   } catch (const css::uno::Exception& e) {
-    throw OfficeError(withLog("the office answered but cannot be used: " + fromUno(e.Message), office));
+    throw OfficeError(withLog("LibreOffice answered but cannot be used: " + fromUno(e.Message), office));
   }
 }
 
@@ -124,9 +124,9 @@ Reference<css::lang::XComponent> OfficeConnection::load(const std::filesystem::p
     const Reference<css::frame::XComponentLoader> loader(desktop_, UNO_QUERY_THROW);
     document = loader->loadComponentFromURL(fileUrl(file), "_blank", 0, sequenceOf(args));
   } catch (const css::uno::Exception& e) {
-    throw OfficeError("the office cannot open \"" + name + "\": " + failureText("open it", e));
+    throw OfficeError("LibreOffice cannot open \"" + name + "\": " + failureText("open it", e));
   }
-  if (!document.is()) throw OfficeError("the office cannot open \"" + name + "\" as a spreadsheet");
+  if (!document.is()) throw OfficeError("LibreOffice cannot open \"" + name + "\" as a spreadsheet");
   return document;
 }
 
@@ -138,7 +138,7 @@ void OfficeConnection::store(const Reference<css::lang::XComponent>& document, c
     const Reference<css::frame::XStorable> storable(document, UNO_QUERY_THROW);
     storable->storeToURL(fileUrl(file), sequenceOf(args));
   } catch (const css::uno::Exception& e) {
-    throw OfficeError("the office cannot write \"" + file.string() + "\": " + failureText("write it", e));
+    throw OfficeError("LibreOffice cannot write \"" + file.string() + "\": " + failureText("write it", e));
   }
 }
 

@@ -33,7 +33,7 @@ std::string systemMessage(int error) { return std::generic_category().message(er
 std::filesystem::path makeTemporaryFolder() {
   std::string pattern = (std::filesystem::temp_directory_path() / "orvella-office-XXXXXX").string();
   if (::mkdtemp(pattern.data()) == nullptr) {
-    throw OfficeError("cannot make a temporary folder for the office's profile: " + systemMessage(errno));
+    throw OfficeError("cannot make a temporary folder for LibreOffice's profile: " + systemMessage(errno));
   }
   return pattern;
 }
@@ -57,10 +57,26 @@ int freeLocalPort() {
   return ntohs(address.sin_port);
 }
 
+// Settings of the private profile, in place before the office makes the rest of it: no lock
+// files beside the documents it opens (an office stopped mid-run would leave them behind).
+void writeProfileSettings(const std::filesystem::path& profile) {
+  std::filesystem::create_directories(profile / "user");
+  std::ofstream out(profile / "user" / "registrymodifications.xcu");
+  out << "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+         "<oor:items xmlns:oor=\"http://openoffice.org/2001/registry\" "
+         "xmlns:xs=\"http://www.w3.org/2001/XMLSchema\" "
+         "xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\">\n"
+         "<item oor:path=\"/org.openoffice.Office.Common/Misc\"><prop oor:name=\"UseLocking\" "
+         "oor:op=\"fuse\"><value>false</value></prop></item>\n"
+         "</oor:items>\n";
+  if (!out) throw OfficeError("cannot prepare LibreOffice's profile in " + profile.string());
+}
+
 }  // namespace
 
 OfficeProcess::OfficeProcess() : folder_(makeTemporaryFolder()) {
   try {
+    writeProfileSettings(folder_ / "profile");
     port_ = freeLocalPort();
     spawn();
   } catch (...) {
@@ -96,7 +112,7 @@ void OfficeProcess::spawn() {
   const std::string log = (folder_ / "office.log").string();
   const pid_t parent = ::getpid();
   const pid_t child = ::fork();
-  if (child < 0) throw OfficeError("cannot start the office (" + program + "): " + systemMessage(errno));
+  if (child < 0) throw OfficeError("cannot start LibreOffice (" + program + "): " + systemMessage(errno));
   if (child == 0) {
     // Only async-signal-safe calls from here to exec. The office dies with us even when we are
     // killed outright, so that no office outlives the command that started it; it gets a

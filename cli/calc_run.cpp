@@ -121,19 +121,25 @@ void addHostOption(CLI::App& command, std::string& host) {
 
 int runAnalysisInCalc(const FileOptions& files, const AnalysisRequest& request) {
   if (!files.out.empty() && files.inPlace) return usage("give either -o/--out or --in-place, not both");
+  const std::optional<char> delimiter = textDelimiter(files.input);
+  if (files.inPlace && delimiter) {
+    return usage("results cannot be written into a text file; use -o OUT.xlsx instead of --in-place");
+  }
   const std::filesystem::path target = files.inPlace ? files.input : files.out;
   const std::optional<calc::OfficeFormat> format = calc::officeFormatFor(target);
   if (!target.empty() && !format) {
     return usage("with --host calc the output file must end in .xlsx or .ods: " + target.string());
   }
-  const std::optional<char> delimiter = textDelimiter(files.input);
-  if (files.inPlace && delimiter) {
-    return usage("results cannot be written into a text file; use -o OUT.xlsx instead of --in-place");
-  }
 
   OfficeSignals signals;
   Progress progress;
   std::optional<CalcSession> session;
+  // Only asked after a failure: an office killed a moment ago gets two seconds to be gone.
+  const auto officeStopped = [&] { return session && !session->officeRunning(std::chrono::seconds(2)); };
+  const auto stoppedMessage = [&](const std::string& what) {
+    return "LibreOffice (process " + std::to_string(session->officePid()) +
+           ") stopped during the run; nothing was written (" + what + ")";
+  };
   const auto interrupted = [&] {
     progress.clear();
     std::cerr << "orvella: interrupted; LibreOffice was stopped and nothing was written\n";
@@ -163,14 +169,12 @@ int runAnalysisInCalc(const FileOptions& files, const AnalysisRequest& request) 
   } catch (const ComponentError& e) {
     if (signals.caught() != 0) return interrupted();
     progress.clear();
-    if (session && !session->officeRunning()) {
-      return failed("LibreOffice (process " + std::to_string(session->officePid()) +
-                    ") stopped during the run; nothing was written (" + e.description() + ")");
-    }
+    if (officeStopped()) return failed(stoppedMessage(e.description()));
     return failed(messageFor(e, request.context));
   } catch (const OfficeError& e) {
     if (signals.caught() != 0) return interrupted();
     progress.clear();
+    if (officeStopped()) return failed(stoppedMessage(e.what()));
     return failed(e.what());
   }
 }

@@ -1,0 +1,245 @@
+// orvella --host calc: the command on a live, headless LibreOffice that it starts itself. Each
+// run starts an office of its own (a couple of seconds), so these tests run few commands each.
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <spawn.h>
+#include <sys/wait.h>
+
+#include <chrono>
+#include <fstream>
+#include <map>
+#include <thread>
+
+#include "cli_fixture.h"
+#include "xlsx/reader_workbook.h"
+
+extern char** environ;
+
+namespace orv::test {
+namespace {
+
+// The processes whose parent is `parent` and whose command is `name`.
+std::vector<pid_t> childrenNamed(pid_t parent, const std::string& name) {
+  std::vector<pid_t> found;
+  for (const auto& entry : std::filesystem::directory_iterator("/proc")) {
+    const std::string pid = entry.path().filename().string();
+    if (pid.find_first_not_of("0123456789") != std::string::npos) continue;
+    std::ifstream stat(entry.path() / "stat");
+    std::string line;
+    std::getline(stat, line);
+    // pid (comm) state ppid ...
+    const std::size_t open = line.find('('), close = line.rfind(')');
+    if (open == std::string::npos || close == std::string::npos) continue;
+    const std::string comm = line.substr(open + 1, close - open - 1);
+    std::istringstream rest(line.substr(close + 2));
+    char state = 0;
+    pid_t ppid = 0;
+    rest >> state >> ppid;
+    if (ppid == parent && comm == name && state != 'Z') found.push_back(std::stoi(pid));
+  }
+  return found;
+}
+
+bool alive(pid_t pid) {
+  std::ifstream stat("/proc/" + std::to_string(pid) + "/stat");
+  std::string line;
+  std::getline(stat, line);
+  const std::size_t close = line.rfind(')');
+  return !line.empty() && close != std::string::npos && line[close + 2] != 'Z';
+}
+
+class CalcHostTest : public CliTest {
+ protected:
+  // Three columns of 12 heights, as in the README's example.
+  std::filesystem::path heights(const std::string& name) {
+    std::vector<CellValue> a, b, c;
+    for (int i = 0; i < 12; ++i) {
+      a.emplace_back(20.0 + (i * 7) % 10 * 0.4);
+      b.emplace_back(27.0 + (i * 3) % 10 * 0.5);
+      c.emplace_back(16.0 + (i * 9) % 10 * 0.3);
+    }
+    return workbook(name, {{"Control", a}, {"Fertiliser", b}, {"Shade", c}});
+  }
+
+  // Starts orvella without waiting; its output goes to files in the test folder.
+  pid_t start(const std::vector<std::string>& args) {
+    std::vector<std::string> all = {ORVELLA_BINARY};
+    all.insert(all.end(), args.begin(), args.end());
+    std::vector<char*> argv;
+    for (std::string& a : all) argv.push_back(a.data());
+    argv.push_back(nullptr);
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init(&actions);
+    const std::string out = (dir / "stdout.txt").string(), err = (dir / "stderr.txt").string();
+    posix_spawn_file_actions_addopen(&actions, 1, out.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
+    posix_spawn_file_actions_addopen(&actions, 2, err.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
+    pid_t pid = -1;
+    posix_spawn(&pid, argv[0], &actions, nullptr, argv.data(), environ);
+    posix_spawn_file_actions_destroy(&actions);
+    return pid;
+  }
+
+  // The office of a running orvella once it has run for `settled`: the first start in a new
+  // profile ends by itself and is started again, so an office counts once it stays.
+  pid_t officeOf(pid_t orvella, std::chrono::milliseconds settled) {
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(60);
+    std::map<pid_t, std::chrono::steady_clock::time_point> seen;
+    while (std::chrono::steady_clock::now() < deadline) {
+      const auto now = std::chrono::steady_clock::now();
+      for (pid_t office : childrenNamed(orvella, "soffice.bin")) {
+        const auto first = seen.emplace(office, now).first->second;
+        if (now - first >= settled) return office;
+      }
+      std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    }
+    return -1;
+  }
+
+  int finish(pid_t pid) {
+    int status = 0;
+    waitpid(pid, &status, 0);
+    if (WIFSIGNALED(status)) return 128 + WTERMSIG(status);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+  }
+
+  std::vector<std::string> filesIn(const std::filesystem::path& folder) {
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(folder))
+      names.push_back(entry.path().filename().string());
+    std::sort(names.begin(), names.end());
+    return names;
+  }
+};
+
+TEST_F(CalcHostTest, PrintsWhatTheInMemoryHostPrintsAndSavesWhatItPrints) {
+  const auto input = heights("plants.xlsx");
+  const std::vector<std::string> args = {"describe",     input.string(), "-i",         "Data!A1:C13",
+                                         "--headers",    "--all",        "--box-plot", "--error-plot",
+                                         "--error-bars", "Range",        "--json"};
+  std::vector<std::string> calc = args;
+  calc.insert(calc.end(), {"--host", "calc", "-o", (dir / "calc.xlsx").string()});
+  const RunResult memory = run(args);
+  const RunResult live = run(calc);
+  ASSERT_EQ(live.exitCode, 0) << live.err;
+  nlohmann::json a = nlohmann::json::parse(memory.out), b = nlohmann::json::parse(live.out);
+  EXPECT_EQ(b["output"], a["output"]);
+  EXPECT_EQ(b["written"], (dir / "calc.xlsx").string());
+  ASSERT_EQ(b["block"].size(), a["block"].size());
+  for (std::size_t r = 0; r < a["block"].size(); ++r) {
+    for (std::size_t c = 0; c < a["block"][r].size(); ++c) {
+      const nlohmann::json &x = a["block"][r][c], &y = b["block"][r][c];
+      SCOPED_TRACE(testing::Message() << "row " << r + 1 << " column " << c + 1);
+      if (x.is_number() && y.is_number()) {
+        EXPECT_NEAR(y.get<double>(), x.get<double>(), 1e-12 * std::max(1.0, std::fabs(x.get<double>())));
+      } else {
+        EXPECT_EQ(y, x);
+      }
+    }
+  }
+  // The saved workbook holds the printed block, and the charts beside it (the hidden sheet of
+  // chart data holds the error plot's amounts).
+  // The office saves numbers to 15 significant digits, as the spreadsheet shows them.
+  InMemoryApplication app;
+  InMemoryWorkbook& saved = loadWorkbook(app, dir / "calc.xlsx");
+  const Worksheet& sheet = saved.Worksheets(b["output"]["sheet"].get<std::string>());
+  for (std::size_t r = 0; r < b["block"].size(); ++r) {
+    for (std::size_t c = 0; c < b["block"][r].size(); ++c) {
+      const nlohmann::json& printed = b["block"][r][c];
+      const CellValue v = sheet.cellValue(static_cast<std::int32_t>(r + 1), static_cast<std::int32_t>(c + 1));
+      SCOPED_TRACE(testing::Message() << "saved row " << r + 1 << " column " << c + 1);
+      if (printed.is_number()) {
+        ASSERT_TRUE(v.isNumber());
+        EXPECT_NEAR(v.number(), printed.get<double>(), 5e-15 * std::max(1.0, std::fabs(v.number())));
+      } else if (printed.is_string()) {
+        EXPECT_EQ(v, CellValue(printed.get<std::string>()));
+      } else {
+        EXPECT_TRUE(v.isEmpty());
+      }
+    }
+  }
+  EXPECT_NO_THROW(saved.Worksheets("Orvella Chart Data"));
+  const std::string package = readFile(dir / "calc.xlsx");
+  EXPECT_NE(package.find("xl/charts/chart2.xml"), std::string::npos);
+  EXPECT_EQ(filesIn(dir), (std::vector<std::string>{"calc.xlsx", "plants.xlsx", "stderr.txt", "stdout.txt"}));
+}
+
+// A workbook saved as .ods by the office is read by it again, as is delimited text.
+TEST_F(CalcHostTest, ReadsOdsAndTextAndWritesOds) {
+  std::ofstream(dir / "survey.csv") << "Colour;Count\nred;1\nblue;2\nred;3\ngreen;4\nblue;5\n";
+  const RunResult nominal = run({"frequency", (dir / "survey.csv").string(), "-i", "A1:A6", "--headers", "--nominal",
+                                 "--host", "calc", "-o", (dir / "survey.ods").string()});
+  ASSERT_EQ(nominal.exitCode, 0) << nominal.err;
+  const RunResult inMemory = run({"frequency", (dir / "survey.csv").string(), "-i", "A1:A6", "--headers", "--nominal"});
+  EXPECT_EQ(nominal.out, inMemory.out);
+  ASSERT_TRUE(std::filesystem::exists(dir / "survey.ods"));
+
+  const RunResult again = run({"describe", (dir / "survey.ods").string(), "-i", "survey!B1:B6", "--headers", "--sum",
+                               "--count", "--host", "calc", "--json"});
+  ASSERT_EQ(again.exitCode, 0) << again.err;
+  const nlohmann::json block = nlohmann::json::parse(again.out)["block"];
+  EXPECT_EQ(block[4][1], 15);  // Sum
+  EXPECT_EQ(block[5][1], 5);   // Count
+}
+
+TEST_F(CalcHostTest, RefusesWhatItCannotWrite) {
+  const auto input = heights("plants.xlsx");
+  std::ofstream(dir / "data.csv") << "1\n2\n3\n";
+  const struct {
+    std::vector<std::string> args;
+    const char* says;
+  } cases[] = {
+      {{"describe", input.string(), "-i", "Data!A1:A13", "--host", "calc", "-o", (dir / "out.csv").string()},
+       ".xlsx or .ods"},
+      {{"describe", (dir / "data.csv").string(), "-i", "A1:A3", "--host", "calc", "--in-place"}, "text file"},
+      {{"describe", input.string(), "-i", "Data!A1:A13", "--host", "excel"}, "--host"},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.says);
+    const RunResult r = run(c.args);
+    EXPECT_EQ(r.exitCode, 2);
+    EXPECT_NE(r.err.find(c.says), std::string::npos) << r.err;
+  }
+}
+
+// A larger workbook keeps the office busy long enough to be stopped in the middle.
+std::vector<std::pair<std::string, std::vector<CellValue>>> manyColumns() {
+  std::vector<std::pair<std::string, std::vector<CellValue>>> columns;
+  for (int c = 0; c < 20; ++c) {
+    std::vector<CellValue> values;
+    for (int r = 0; r < 20000; ++r) values.emplace_back(static_cast<double>((r * 37 + c * 11) % 1000) / 7);
+    columns.emplace_back("V" + std::to_string(c + 1), std::move(values));
+  }
+  return columns;
+}
+
+TEST_F(CalcHostTest, AnOfficeKilledMidRunLeavesNoOutputAndSaysSo) {
+  const auto input = workbook("large.xlsx", manyColumns());
+  const pid_t orvella = start({"describe", input.string(), "-i", "Data!A1:T20001", "--headers", "--all", "--host",
+                               "calc", "-o", (dir / "out.xlsx").string()});
+  const pid_t office = officeOf(orvella, std::chrono::milliseconds(1500));
+  ASSERT_GT(office, 0);
+  ::kill(office, SIGKILL);
+  EXPECT_EQ(finish(orvella), 1);
+  const std::string err = readFile(dir / "stderr.txt");
+  EXPECT_NE(err.find("LibreOffice ("), std::string::npos) << err;
+  EXPECT_NE(err.find("stopped"), std::string::npos) << err;
+  EXPECT_EQ(filesIn(dir), (std::vector<std::string>{"large.xlsx", "stderr.txt", "stdout.txt"}));
+}
+
+TEST_F(CalcHostTest, ASignalStopsTheOfficeAndLeavesNoOutput) {
+  const auto input = workbook("large.xlsx", manyColumns());
+  const pid_t orvella = start({"describe", input.string(), "-i", "Data!A1:T20001", "--headers", "--all", "--host",
+                               "calc", "-o", (dir / "out.xlsx").string()});
+  const pid_t office = officeOf(orvella, std::chrono::milliseconds(1500));
+  ASSERT_GT(office, 0);
+  ::kill(orvella, SIGTERM);
+  EXPECT_EQ(finish(orvella), 128 + SIGTERM);
+  EXPECT_FALSE(alive(office));
+  EXPECT_NE(readFile(dir / "stderr.txt").find("interrupted"), std::string::npos);
+  EXPECT_EQ(filesIn(dir), (std::vector<std::string>{"large.xlsx", "stderr.txt", "stdout.txt"}));
+}
+
+}  // namespace
+}  // namespace orv::test

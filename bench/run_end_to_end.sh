@@ -10,7 +10,11 @@
 #   written   the same with the results written to a new workbook
 #   tables    frequency --raw of ten columns written to a new workbook: a large result (about
 #             1.6 million output cells) rather than a large input
-# and the peak memory (maximum resident set) of the written run. It ends with a Markdown block
+#   convert   soffice --headless --convert-to xlsx of the workbook: the floor of any run on a live
+#             office (starting it, opening the workbook, saving it)
+#   calc      the written describe with --host calc: the same run on a headless LibreOffice
+# and the peak memory (maximum resident set) of the written run. Both office runs start with a
+# fresh private profile, as orvella --host calc always does. It ends with a Markdown block
 # for the README. On a shared machine the wall times depend on the load, which is printed; the
 # CPU times much less so.
 set -euo pipefail
@@ -54,6 +58,8 @@ timed read "$ORV" sheets "$BOOK"
 timed describe "$ORV" describe "$BOOK" "${INPUT[@]}"
 timed written "$ORV" describe "$BOOK" "${INPUT[@]}" --overwrite -o "$DIR/large-results.xlsx"
 timed tables "$ORV" frequency "$BOOK" --input "Data!A1:J32767" --raw --overwrite -o "$DIR/large-tables.xlsx"
+timed convert bench/convert_with_office.sh "$BOOK" "$DIR/converted"
+timed calc "$ORV" describe "$BOOK" "${INPUT[@]}" --host calc -o "$DIR/large-calc.xlsx"
 load_after=$(cut -d' ' -f1 /proc/loadavg)
 xml_bytes=$(unzip -p "$BOOK" "$SHEET_PART" | wc -c)
 cpu_model=$(awk -F': ' '/model name/ {print $2; exit}' /proc/cpuinfo)
@@ -79,6 +85,18 @@ row "read the workbook" "orvella sheets large.xlsx" read
 row "describe every column" "orvella describe large.xlsx -i Data!A1:CV32767 --all" describe
 row "... and write the results" "... --overwrite -o large-results.xlsx" written
 row "a large result: ten frequency tables" "orvella frequency large.xlsx -i Data!A1:J32767 --raw -o large-tables.xlsx" tables
+
+cat <<EOF
+
+On a live office, where the floor is the office opening and saving the workbook:
+
+| step | command | wall | ratio | CPU of orvella |
+|---|---|---|---|---|
+EOF
+printf '| office floor: open and save | `soffice --headless --convert-to xlsx large.xlsx` | %.2f s | 1.00× | |\n' \
+  "$convert_wall"
+printf '| describe every column on the office, written | `... --all --host calc -o large-calc.xlsx` | %.2f s | %.2f× | %.2f s |\n' \
+  "$calc_wall" "$(ratio "$calc_wall" "$convert_wall")" "$calc_cpu"
 printf '\nPeak memory of the written run: %.0f MiB, %.2f× the sheet XML; of the ten frequency tables: %.0f MiB.\n' \
   "$(echo "$written_peak / 1024" | bc -l)" "$(echo "$written_peak * 1024 / $xml_bytes" | bc -l)" \
   "$(echo "$tables_peak / 1024" | bc -l)"

@@ -40,7 +40,7 @@ struct CalcSession::Live {
 
 std::optional<OfficeFormat> officeFormatFor(const std::filesystem::path& file) {
   const std::string ext = lowerExtension(file);
-  if (ext == ".xlsx" || ext == ".xlsm") return OfficeFormat::Xlsx;
+  if (ext == ".xlsx") return OfficeFormat::Xlsx;
   if (ext == ".ods") return OfficeFormat::Ods;
   return std::nullopt;
 }

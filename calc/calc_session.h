@@ -23,8 +23,8 @@ class CalcApplication;
 
 enum class OfficeFormat { Xlsx, Ods };
 
-// The format the office's export filters write for a file's extension: .xlsx (and .xlsm, whose
-// macros the office does not write) or .ods, in any case; nothing for any other.
+// The format the office's export filters write for a file's extension, .xlsx or .ods in any case;
+// nothing for any other (an .xlsm name would promise a macro project the office does not write).
 std::optional<OfficeFormat> officeFormatFor(const std::filesystem::path& file);
 
 class CalcSession {

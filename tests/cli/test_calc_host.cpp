@@ -192,6 +192,8 @@ TEST_F(CalcHostTest, RefusesWhatItCannotWrite) {
   } cases[] = {
       {{"describe", input.string(), "-i", "Data!A1:A13", "--host", "calc", "-o", (dir / "out.csv").string()},
        ".xlsx or .ods"},
+      {{"describe", input.string(), "-i", "Data!A1:A13", "--host", "calc", "-o", (dir / "out.xlsm").string()},
+       ".xlsx or .ods"},
       {{"describe", (dir / "data.csv").string(), "-i", "A1:A3", "--host", "calc", "--in-place"}, "text file"},
       {{"describe", input.string(), "-i", "Data!A1:A13", "--host", "excel"}, "--host"},
   };

@@ -1,12 +1,13 @@
 #include "calc/calc_chart_parts.h"
 
+#include "frame/chart_layout.h"
 #include "frame/errors.h"
 #include "frame/palette.h"
 
 namespace orv::calc {
 
 void SpecChartFont::SetSize(double points) {
-  if (!(points >= 1 && points <= 409)) raiseHost("Unable to set the Size property of the Font class");
+  if (!isFontSize(points)) raiseHost("Unable to set the Size property of the Font class");
   font_().size = points;
 }
 
@@ -18,14 +19,7 @@ void SpecBorder::SetLineStyle(host::LineStyle style) {
 
 void SpecBorder::SetWeight(host::BorderWeight weight) {
   if (!weight_) raiseHost("Unable to set the Weight property of the Border class in this host");
-  double points = 0.75;
-  switch (weight) {
-    case host::BorderWeight::Hairline: points = 0.25; break;
-    case host::BorderWeight::Thin: points = 0.75; break;
-    case host::BorderWeight::Medium: points = 1.5; break;
-    case host::BorderWeight::Thick: points = 2.25; break;
-  }
-  weight_() = points;
+  weight_() = borderWeightPoints(weight);
 }
 
 void SpecBorder::SetColorIndex(std::int32_t index) {

@@ -18,16 +18,6 @@ namespace {
 
 using css::uno::UNO_QUERY_THROW;
 
-void checkCell(std::int32_t row, std::int32_t column) {
-  if (row < 1 || row > kMaxRows || column < 1 || column > kMaxColumns) raise(err::kHostFailure);
-}
-
-void checkBlock(const CellBlock& b) {
-  if (b.top < 1 || b.left < 1 || b.bottom > kMaxRows || b.right > kMaxColumns || b.top > b.bottom || b.left > b.right) {
-    raise(err::kHostFailure);
-  }
-}
-
 bool wholeSheet(const CellBlock& b) { return b.wholeRows() && b.wholeColumns(); }
 
 // A size or position asked of the office once, then kept.
@@ -54,42 +44,42 @@ CalcWorksheet::~CalcWorksheet() = default;
 Workbook& CalcWorksheet::Parent() { return *parent_; }
 
 CellValue CalcWorksheet::cellValue(std::int32_t row, std::int32_t column) const {
-  checkCell(row, column);
+  requireCellOnSheet(row, column);
   return values_.get(row, column);
 }
 
 void CalcWorksheet::assignValue(std::int32_t row, std::int32_t column, const CellValue& value) {
-  checkCell(row, column);
+  requireCellOnSheet(row, column);
   values_.set(row, column, assignedValue(value, [&] { return formats_.get(row, column).numberFormat; }));
 }
 
 void CalcWorksheet::pasteValue(std::int32_t row, std::int32_t column, const CellValue& value) {
-  checkCell(row, column);
+  requireCellOnSheet(row, column);
   values_.set(row, column, value);
 }
 
 void CalcWorksheet::readBlock(const CellBlock& block, ValueArray2D& out) const {
-  checkBlock(block);
+  requireBlockOnSheet(block);
   values_.read(block, out);
 }
 
 CellFormat CalcWorksheet::cellFormat(std::int32_t row, std::int32_t column) const {
-  checkCell(row, column);
+  requireCellOnSheet(row, column);
   return formats_.get(row, column);
 }
 
 void CalcWorksheet::setCellFormat(std::int32_t row, std::int32_t column, const CellFormat& format) {
-  checkCell(row, column);
+  requireCellOnSheet(row, column);
   formats_.set(row, column, format);
 }
 
 void CalcWorksheet::applyFormat(const CellBlock& block, const FormatPatch& patch) {
-  checkBlock(block);
+  requireBlockOnSheet(block);
   formats_.patch(block, patch);
 }
 
 void CalcWorksheet::clear(const CellBlock& block) {
-  checkBlock(block);
+  requireBlockOnSheet(block);
   values_.flush();
   formats_.flush();
   cells_.clear(block);
@@ -130,28 +120,24 @@ double CalcWorksheet::columnLeft(std::int32_t column) const {
 }
 
 double CalcWorksheet::rowHeight(std::int32_t row) const {
-  checkCell(row, 1);
-  return cached(rowHeights_, row, [&] {
-    return remote("measure the rows of " + name_, [&] {
-      const Reference<css::table::XColumnRowRange> range(sheet(), UNO_QUERY_THROW);
-      const Reference<css::beans::XPropertySet> r(range->getRows()->getByIndex(row - 1), UNO_QUERY_THROW);
-      sal_Int32 height = 0;
-      r->getPropertyValue("Height") >>= height;
-      return hundredthsToPoints(height);
-    });
-  });
+  requireCellOnSheet(row, 1);
+  return cached(rowHeights_, row, [&] { return measuredSize(true, row); });
 }
 
 double CalcWorksheet::columnWidth(std::int32_t column) const {
-  checkCell(1, column);
-  return cached(columnWidths_, column, [&] {
-    return remote("measure the columns of " + name_, [&] {
-      const Reference<css::table::XColumnRowRange> range(sheet(), UNO_QUERY_THROW);
-      const Reference<css::beans::XPropertySet> c(range->getColumns()->getByIndex(column - 1), UNO_QUERY_THROW);
-      sal_Int32 width = 0;
-      c->getPropertyValue("Width") >>= width;
-      return hundredthsToPoints(width);
-    });
+  requireCellOnSheet(1, column);
+  return cached(columnWidths_, column, [&] { return measuredSize(false, column); });
+}
+
+double CalcWorksheet::measuredSize(bool row, std::int32_t index) const {
+  return remote("measure the sheet " + name_, [&] {
+    const Reference<css::table::XColumnRowRange> range(sheet(), UNO_QUERY_THROW);
+    const css::uno::Any line =
+        row ? range->getRows()->getByIndex(index - 1) : range->getColumns()->getByIndex(index - 1);
+    sal_Int32 size = 0;
+    Reference<css::beans::XPropertySet>(line, UNO_QUERY_THROW)
+        ->getPropertyValue(OUString::createFromAscii(row ? "Height" : "Width")) >>= size;
+    return hundredthsToPoints(size);
   });
 }
 
@@ -170,7 +156,7 @@ void CalcWorksheet::MoveAfter(Worksheet& sheet) {
 }
 
 void CalcWorksheet::select(const std::vector<CellBlock>& areas) {
-  for (const CellBlock& b : areas) checkBlock(b);
+  for (const CellBlock& b : areas) requireBlockOnSheet(b);
   CalcApplication& app = parent_->calcApplication();
   if (&app.ActiveWorkbook() != parent_ || parent_->activeSheet() != this) {
     raiseHost("Select method of Range class failed: the sheet \"" + name_ + "\" is not the active sheet");

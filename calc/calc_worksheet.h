@@ -74,6 +74,8 @@ class CalcWorksheet final : public Worksheet {
  private:
   double hundredthsToPoints(sal_Int32 hundredths) const;
   double cellPosition(std::int32_t row, std::int32_t column, bool vertical) const;
+  // The height of a row or the width of a column, asked of the office.
+  double measuredSize(bool row, std::int32_t index) const;
 
   CalcWorkbook* parent_;
   std::string name_;

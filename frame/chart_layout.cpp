@@ -7,4 +7,16 @@ ChartRectangle standardPlotArea(double chartWidth, double chartHeight, bool hasT
                         chartHeight * (hasTitle ? 0.67 : 0.75)};
 }
 
+double borderWeightPoints(host::BorderWeight weight) {
+  switch (weight) {
+    case host::BorderWeight::Hairline: return 0.25;
+    case host::BorderWeight::Thin: return 0.75;
+    case host::BorderWeight::Medium: return 1.5;
+    case host::BorderWeight::Thick: return 2.25;
+  }
+  return 0.75;
+}
+
+bool isFontSize(double points) { return points >= 1 && points <= 409; }
+
 }  // namespace orv

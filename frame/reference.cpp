@@ -264,4 +264,15 @@ std::string quoteSheetName(std::string_view name) {
   return plain ? std::string(name) : quoted(name);
 }
 
+void requireCellOnSheet(std::int32_t row, std::int32_t column) {
+  if (row < 1 || row > kMaxRows || column < 1 || column > kMaxColumns) raise(err::kHostFailure);
+}
+
+void requireBlockOnSheet(const CellBlock& b) {
+  if (b.top < 1 || b.left < 1 || b.bottom > kMaxRows || b.right > kMaxColumns || b.top > b.bottom ||
+      b.left > b.right) {
+    raise(err::kHostFailure);
+  }
+}
+
 }  // namespace orv

@@ -35,6 +35,11 @@ struct CellBlock {
   friend bool operator==(const CellBlock&, const CellBlock&) = default;
 };
 
+// Every host's cell primitives refuse a cell or block that does not lie on the sheet (or a
+// block whose corners are crossed) with a host failure (1004) of the generic description.
+void requireCellOnSheet(std::int32_t row, std::int32_t column);
+void requireBlockOnSheet(const CellBlock& block);
+
 struct ParsedReference {
   std::optional<std::string> sheet;  // unquoted sheet name, when the text names one
   std::vector<CellBlock> areas;      // at least one

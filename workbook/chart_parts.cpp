@@ -3,12 +3,13 @@
 #include <cmath>
 
 #include "frame/cell_format.h"
+#include "frame/chart_layout.h"
 #include "frame/errors.h"
 
 namespace orv {
 
 void RecordedFont::SetSize(double points) {
-  if (!(points >= 1 && points <= 409)) raiseHost("Unable to set the Size property of the Font class");
+  if (!isFontSize(points)) raiseHost("Unable to set the Size property of the Font class");
   font_().size = points;
 }
 
@@ -20,14 +21,7 @@ void RecordedBorder::SetLineStyle(host::LineStyle style) {
 
 void RecordedBorder::SetWeight(host::BorderWeight weight) {
   if (!weight_) raiseHost("Unable to set the Weight property of the Border class in this host");
-  double points = 0.75;
-  switch (weight) {
-    case host::BorderWeight::Hairline: points = 0.25; break;
-    case host::BorderWeight::Thin: points = 0.75; break;
-    case host::BorderWeight::Medium: points = 1.5; break;
-    case host::BorderWeight::Thick: points = 2.25; break;
-  }
-  weight_() = points;
+  weight_() = borderWeightPoints(weight);
 }
 
 void RecordedBorder::SetColorIndex(std::int32_t index) {

@@ -6,63 +6,48 @@
 #include "workbook/in_memory_workbook.h"
 
 namespace orv {
-namespace {
-
-void checkCell(std::int32_t row, std::int32_t column) {
-  if (row < 1 || row > kMaxRows || column < 1 || column > kMaxColumns) raise(err::kHostFailure);
-}
-
-void checkBlock(const CellBlock& b) {
-  if (b.top < 1 || b.left < 1 || b.bottom > kMaxRows || b.right > kMaxColumns || b.top > b.bottom ||
-      b.left > b.right) {
-    raise(err::kHostFailure);
-  }
-}
-
-}  // namespace
-
 InMemoryWorksheet::InMemoryWorksheet(InMemoryWorkbook& parent, std::string name)
     : parent_(&parent), name_(std::move(name)) {}
 
 Workbook& InMemoryWorksheet::Parent() { return *parent_; }
 
 CellValue InMemoryWorksheet::cellValue(std::int32_t row, std::int32_t column) const {
-  checkCell(row, column);
+  requireCellOnSheet(row, column);
   return cells_.get(row, column);
 }
 
 void InMemoryWorksheet::assignValue(std::int32_t row, std::int32_t column, const CellValue& value) {
-  checkCell(row, column);
+  requireCellOnSheet(row, column);
   cells_.set(row, column, assignedValue(value, [&] { return formats_.format(row, column).numberFormat; }));
 }
 
 void InMemoryWorksheet::storeRaw(std::int32_t row, std::int32_t column, CellValue value) {
-  checkCell(row, column);
+  requireCellOnSheet(row, column);
   cells_.set(row, column, std::move(value));
 }
 
 void InMemoryWorksheet::readBlock(const CellBlock& block, ValueArray2D& out) const {
-  checkBlock(block);
+  requireBlockOnSheet(block);
   cells_.read(block, out);
 }
 
 CellFormat InMemoryWorksheet::cellFormat(std::int32_t row, std::int32_t column) const {
-  checkCell(row, column);
+  requireCellOnSheet(row, column);
   return formats_.format(row, column);
 }
 
 void InMemoryWorksheet::setCellFormat(std::int32_t row, std::int32_t column, const CellFormat& format) {
-  checkCell(row, column);
+  requireCellOnSheet(row, column);
   formats_.set(row, column, format);
 }
 
 void InMemoryWorksheet::applyFormat(const CellBlock& block, const FormatPatch& patch) {
-  checkBlock(block);
+  requireBlockOnSheet(block);
   formats_.apply(block, patch);
 }
 
 void InMemoryWorksheet::clear(const CellBlock& block) {
-  checkBlock(block);
+  requireBlockOnSheet(block);
   if (block.wholeColumns() && block.wholeRows()) {
     cells_.clearAll();
   } else {
@@ -82,12 +67,12 @@ double InMemoryWorksheet::columnLeft(std::int32_t column) const {
 }
 
 double InMemoryWorksheet::rowHeight(std::int32_t row) const {
-  checkCell(row, 1);
+  requireCellOnSheet(row, 1);
   return geometry_.rowHeight(row);
 }
 
 double InMemoryWorksheet::columnWidth(std::int32_t column) const {
-  checkCell(1, column);
+  requireCellOnSheet(1, column);
   return geometry_.columnWidth(column);
 }
 
@@ -106,7 +91,7 @@ void InMemoryWorksheet::MoveAfter(Worksheet& sheet) {
 }
 
 void InMemoryWorksheet::select(const std::vector<CellBlock>& areas) {
-  for (const CellBlock& b : areas) checkBlock(b);
+  for (const CellBlock& b : areas) requireBlockOnSheet(b);
   InMemoryApplication& app = parent_->inMemoryApplication();
   if (&app.ActiveWorkbook() != parent_ || parent_->activeSheet() != this) {
     raiseHost("Select method of Range class failed: the sheet \"" + name_ + "\" is not the active sheet");

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "../frame/raised_number.h"
 #include "frame/errors.h"
 #include "frame/range.h"
 #include "host_under_test.h"
@@ -17,16 +18,6 @@ namespace {
 using HostFactory = std::unique_ptr<HostUnderTest> (*)(const std::vector<std::string>&);
 using host::AxisGroup;
 using host::AxisType;
-
-template <class Call>
-std::int32_t errorNumber(Call&& call) {
-  try {
-    call();
-  } catch (const ComponentError& e) {
-    return e.number();
-  }
-  return 0;
-}
 
 class HostCharts : public ::testing::TestWithParam<HostFactory> {
  protected:
@@ -126,7 +117,7 @@ TEST_P(HostCharts, ErrorBarsFromCellsAndFromLiteralAmounts) {
   Series& centre = chart.SeriesCollection().Item(1);
   centre.SetHasErrorBars(true);
   centre.ErrorBars().Delete();
-  EXPECT_EQ(errorNumber([&] { centre.ErrorBars(); }), 1004);
+  EXPECT_EQ(raisedNumber([&] { centre.ErrorBars(); }), 1004);
   centre.ErrorBar(host::ErrorBarDirection::Y, host::ErrorBarInclude::Both, host::ErrorBarType::Custom, range("B7:C7"),
                   ValueArray1D(std::vector<CellValue>{2.0, 3.5}));
   centre.ErrorBars().SetEndStyle(host::EndStyle::Cap);
@@ -143,12 +134,12 @@ TEST_P(HostCharts, ErrorBarsFromCellsAndFromLiteralAmounts) {
   expectSameChart(expected, only());
 
   const ErrorAmount nothing;
-  EXPECT_EQ(errorNumber([&] {
+  EXPECT_EQ(raisedNumber([&] {
               centre.ErrorBar(host::ErrorBarDirection::Y, host::ErrorBarInclude::Both, host::ErrorBarType::Custom,
                               nothing, nothing);
             }),
             1004);
-  EXPECT_EQ(errorNumber([&] {
+  EXPECT_EQ(raisedNumber([&] {
               centre.ErrorBar(host::ErrorBarDirection::X, host::ErrorBarInclude::Both, host::ErrorBarType::Custom,
                               range("B7:C7"), range("B7:C7"));
             }),
@@ -239,25 +230,25 @@ TEST_P(HostCharts, WhatAChartDoesNotHaveIsAHostFailure) {
   Chart& chart = objects.Add(0, 0, 100, 100).Chart();
   EXPECT_EQ(objects.Add(0, 0, 100, 100).Name(), "Chart 2");
   EXPECT_EQ(objects.Count(), 2);
-  EXPECT_EQ(errorNumber([&] { objects.Item("Chart 9"); }), 1004);
-  EXPECT_EQ(errorNumber([&] { objects.Add(0, 0, -1, 100); }), 1004);
-  EXPECT_EQ(errorNumber([&] { chart.Axes(AxisType::Value, AxisGroup::Primary); }), 1004);  // no series yet
-  EXPECT_EQ(errorNumber([&] { chart.ChartGroups(1); }), 1004);
+  EXPECT_EQ(raisedNumber([&] { objects.Item("Chart 9"); }), 1004);
+  EXPECT_EQ(raisedNumber([&] { objects.Add(0, 0, -1, 100); }), 1004);
+  EXPECT_EQ(raisedNumber([&] { chart.Axes(AxisType::Value, AxisGroup::Primary); }), 1004);  // no series yet
+  EXPECT_EQ(raisedNumber([&] { chart.ChartGroups(1); }), 1004);
   SeriesCollection& series = chart.SeriesCollection();
   series.Add(range("B2:C2"));
   series.Add(range("B3:C3"));
-  EXPECT_EQ(errorNumber([&] { chart.SetChartType(host::ChartType::StockOHLC); }), 1004);
-  EXPECT_EQ(errorNumber([&] { chart.Axes(AxisType::Value, AxisGroup::Secondary); }), 1004);
-  EXPECT_EQ(errorNumber([&] { chart.Axes(AxisType::Category, AxisGroup::Secondary); }), 1004);
-  EXPECT_EQ(errorNumber([&] { chart.ChartGroups(1).UpBars(); }), 1004);
-  EXPECT_EQ(errorNumber([&] { chart.ChartTitle(); }), 1004);
-  EXPECT_EQ(errorNumber([&] { series.Add(range("B2:C3")); }), 1004);
+  EXPECT_EQ(raisedNumber([&] { chart.SetChartType(host::ChartType::StockOHLC); }), 1004);
+  EXPECT_EQ(raisedNumber([&] { chart.Axes(AxisType::Value, AxisGroup::Secondary); }), 1004);
+  EXPECT_EQ(raisedNumber([&] { chart.Axes(AxisType::Category, AxisGroup::Secondary); }), 1004);
+  EXPECT_EQ(raisedNumber([&] { chart.ChartGroups(1).UpBars(); }), 1004);
+  EXPECT_EQ(raisedNumber([&] { chart.ChartTitle(); }), 1004);
+  EXPECT_EQ(raisedNumber([&] { series.Add(range("B2:C3")); }), 1004);
   Series& second = series.Item(2);
   second.Delete();
   EXPECT_EQ(series.Count(), 1);
-  EXPECT_EQ(errorNumber([&] { second.SetName("gone"); }), 1004);
-  EXPECT_EQ(errorNumber([&] { series.Item(2); }), 1004);
-  EXPECT_EQ(errorNumber([&] { series.Item(1).SetValues(ValueArray1D(std::vector<CellValue>{"x"})); }), 1004);
+  EXPECT_EQ(raisedNumber([&] { second.SetName("gone"); }), 1004);
+  EXPECT_EQ(raisedNumber([&] { series.Item(2); }), 1004);
+  EXPECT_EQ(raisedNumber([&] { series.Item(1).SetValues(ValueArray1D(std::vector<CellValue>{"x"})); }), 1004);
 }
 
 }  // namespace

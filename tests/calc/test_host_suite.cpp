@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "../frame/raised_number.h"
 #include "frame/conversions.h"
 #include "frame/errors.h"
 #include "frame/range.h"
@@ -19,16 +20,6 @@ namespace orv::test {
 namespace {
 
 using HostFactory = std::unique_ptr<HostUnderTest> (*)(const std::vector<std::string>&);
-
-template <class Call>
-std::int32_t errorNumber(Call&& call) {
-  try {
-    call();
-  } catch (const ComponentError& e) {
-    return e.number();
-  }
-  return 0;
-}
 
 template <class Call>
 std::string errorText(Call&& call) {
@@ -89,8 +80,8 @@ TEST_P(HostSuite, AssignedTextsThatReadAsNumbersBecomeNumbersUnlessTheCellIsText
   }
   range("C1").SetNumberFormat("@");
   range("C1").SetValue("7");
-  EXPECT_EQ(errorNumber([&] { range("D1").SetValue(std::numeric_limits<double>::quiet_NaN()); }), 1004);
-  EXPECT_EQ(errorNumber([&] { range("D2").SetValue(HUGE_VAL); }), 1004);
+  EXPECT_EQ(raisedNumber([&] { range("D1").SetValue(std::numeric_limits<double>::quiet_NaN()); }), 1004);
+  EXPECT_EQ(raisedNumber([&] { range("D2").SetValue(HUGE_VAL); }), 1004);
   Worksheet& data = host->reread().Worksheets("Data");
   for (std::size_t i = 0; i < std::size(cases); ++i) {
     SCOPED_TRACE(describe(cases[i].assigned));
@@ -216,18 +207,18 @@ TEST_P(HostSuite, NewSheetsStandBeforeTheActiveOneAndMoveToTheEnd) {
   for (std::int32_t i = 1; i <= again.WorksheetsCount(); ++i) names.push_back(again.Worksheets(i).Name());
   EXPECT_EQ(names, (std::vector<std::string>{"Data", "My data", "Sheet2", "Sheet1"}));
   EXPECT_EQ(&again.Worksheets("sheet2"), &again.Worksheets(3));
-  EXPECT_EQ(errorNumber([&] { again.Worksheets("Sheet9"); }), 9);
-  EXPECT_EQ(errorNumber([&] { again.Worksheets(5); }), 9);
-  EXPECT_EQ(errorNumber([&] { host->app().Workbooks("Book2.xlsx"); }), 9);
+  EXPECT_EQ(raisedNumber([&] { again.Worksheets("Sheet9"); }), 9);
+  EXPECT_EQ(raisedNumber([&] { again.Worksheets(5); }), 9);
+  EXPECT_EQ(raisedNumber([&] { host->app().Workbooks("Book2.xlsx"); }), 9);
   EXPECT_EQ(host->app().Workbooks("orvella.xla").Worksheets(1).Name(), "Results");
 }
 
 TEST_P(HostSuite, OnlyTheActiveSheetTakesASelection) {
-  EXPECT_EQ(errorNumber([&] { range("'My data'!A1").Select(); }), 1004);
+  EXPECT_EQ(raisedNumber([&] { range("'My data'!A1").Select(); }), 1004);
   sheet("My data").Activate();
   EXPECT_EQ(&host->app().ActiveSheet(), &sheet("My data"));
-  EXPECT_EQ(errorNumber([&] { range("'My data'!B2:C3,E5").Select(); }), 0);
-  EXPECT_EQ(errorNumber([&] { range("Data!A1").Select(); }), 1004);
+  EXPECT_EQ(raisedNumber([&] { range("'My data'!B2:C3,E5").Select(); }), 0);
+  EXPECT_EQ(raisedNumber([&] { range("Data!A1").Select(); }), 1004);
   // The add-in workbook never becomes the active workbook while a user workbook is open.
   host->app().Workbooks("Orvella.xla").Activate();
   EXPECT_EQ(&host->app().ActiveWorkbook(), &host->book());
@@ -261,7 +252,7 @@ TEST_P(HostSuite, WorksheetFunctionsComputeTheDistributionsAndRefuseBadArguments
   EXPECT_EQ(f.Max(range("A1:A5,C1")), 350.0);
   EXPECT_EQ(f.Max(range("B1:B9")), 0.0);
   sheet().pasteValue(4, 1, ErrorValue::Div0);
-  EXPECT_EQ(errorNumber([&] { f.Min(range("A1:A5")); }), 1004);
+  EXPECT_EQ(raisedNumber([&] { f.Min(range("A1:A5")); }), 1004);
 }
 
 TEST_P(HostSuite, GeometryAddsUpRowsAndColumns) {
@@ -272,7 +263,7 @@ TEST_P(HostSuite, GeometryAddsUpRowsAndColumns) {
   EXPECT_DOUBLE_EQ(block.Width(), data.columnWidth(3) + data.columnWidth(4));
   EXPECT_DOUBLE_EQ(range("A1048576").Top(), data.rowTop(1048576));
   EXPECT_GT(data.rowTop(1048576), 1048575 * 10.0);
-  EXPECT_EQ(errorNumber([&] { range("XFD1").Cells(1, 2); }), 1004);
+  EXPECT_EQ(raisedNumber([&] { range("XFD1").Cells(1, 2); }), 1004);
 }
 
 }  // namespace

@@ -104,6 +104,21 @@ class CalcHostTest : public CliTest {
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
   }
 
+  // Describes a workbook of 20 columns of 20,000 numbers, large enough to keep the office busy
+  // for a few seconds; returns orvella's process and, once it has worked for 1.5 s, its office.
+  std::pair<pid_t, pid_t> startLargeRun() {
+    std::vector<std::pair<std::string, std::vector<CellValue>>> columns;
+    for (int c = 0; c < 20; ++c) {
+      std::vector<CellValue> values;
+      for (int r = 0; r < 20000; ++r) values.emplace_back(static_cast<double>((r * 37 + c * 11) % 1000) / 7);
+      columns.emplace_back("V" + std::to_string(c + 1), std::move(values));
+    }
+    const auto input = workbook("large.xlsx", columns);
+    const pid_t orvella = start({"describe", input.string(), "-i", "Data!A1:T20001", "--headers", "--all", "--host",
+                                 "calc", "-o", (dir / "out.xlsx").string()});
+    return {orvella, officeOf(orvella, std::chrono::milliseconds(1500))};
+  }
+
   std::vector<std::string> filesIn(const std::filesystem::path& folder) {
     std::vector<std::string> names;
     for (const auto& entry : std::filesystem::directory_iterator(folder))
@@ -205,22 +220,8 @@ TEST_F(CalcHostTest, RefusesWhatItCannotWrite) {
   }
 }
 
-// A larger workbook keeps the office busy long enough to be stopped in the middle.
-std::vector<std::pair<std::string, std::vector<CellValue>>> manyColumns() {
-  std::vector<std::pair<std::string, std::vector<CellValue>>> columns;
-  for (int c = 0; c < 20; ++c) {
-    std::vector<CellValue> values;
-    for (int r = 0; r < 20000; ++r) values.emplace_back(static_cast<double>((r * 37 + c * 11) % 1000) / 7);
-    columns.emplace_back("V" + std::to_string(c + 1), std::move(values));
-  }
-  return columns;
-}
-
 TEST_F(CalcHostTest, AnOfficeKilledMidRunLeavesNoOutputAndSaysSo) {
-  const auto input = workbook("large.xlsx", manyColumns());
-  const pid_t orvella = start({"describe", input.string(), "-i", "Data!A1:T20001", "--headers", "--all", "--host",
-                               "calc", "-o", (dir / "out.xlsx").string()});
-  const pid_t office = officeOf(orvella, std::chrono::milliseconds(1500));
+  const auto [orvella, office] = startLargeRun();
   ASSERT_GT(office, 0);
   ::kill(office, SIGKILL);
   EXPECT_EQ(finish(orvella), 1);
@@ -231,10 +232,7 @@ TEST_F(CalcHostTest, AnOfficeKilledMidRunLeavesNoOutputAndSaysSo) {
 }
 
 TEST_F(CalcHostTest, ASignalStopsTheOfficeAndLeavesNoOutput) {
-  const auto input = workbook("large.xlsx", manyColumns());
-  const pid_t orvella = start({"describe", input.string(), "-i", "Data!A1:T20001", "--headers", "--all", "--host",
-                               "calc", "-o", (dir / "out.xlsx").string()});
-  const pid_t office = officeOf(orvella, std::chrono::milliseconds(1500));
+  const auto [orvella, office] = startLargeRun();
   ASSERT_GT(office, 0);
   ::kill(orvella, SIGTERM);
   EXPECT_EQ(finish(orvella), 128 + SIGTERM);

@@ -19,28 +19,30 @@ using css::uno::Any;
 }  // namespace
 
 CalcWorksheetFunctions::CalcWorksheetFunctions(Reference<css::sheet::XFunctionAccess> functions)
-    : functions_(std::move(functions)) {}
+    : functions_(std::move(functions)), owner_(std::this_thread::get_id()) {}
 
 double CalcWorksheetFunctions::call(std::string_view name, std::string_view officeName,
                                     const std::vector<Any>& arguments) {
+  if (std::this_thread::get_id() != owner_) {
+    raiseHost("The office's " + std::string(officeName) +
+              " was called from a thread other than the one that called Results; the office's objects "
+              "belong to that thread alone");
+  }
   double result = 0;
   bool number = false;
-  {
-    const std::lock_guard<std::mutex> lock(mutex_);
-    try {
-      const Any value = functions_->callFunction(
-          toUno(officeName), css::uno::Sequence<Any>(arguments.data(), static_cast<sal_Int32>(arguments.size())));
-      number = value >>= result;
-    } catch (const css::lang::DisposedException& e) {
-      raiseHost(failureText("compute " + std::string(officeName), e, true));
-    } catch (const css::uno::RuntimeException& e) {
-      // A lost connection is no fault of the arguments: say so rather than blame the function.
-      const std::string text = failureText("compute " + std::string(officeName), e);
-      if (text.rfind("Lost the connection", 0) == 0) raiseHost(text);
-      fail(name);
-    } catch (const css::uno::Exception&) {
-      fail(name);
-    }
+  try {
+    const Any value = functions_->callFunction(
+        toUno(officeName), css::uno::Sequence<Any>(arguments.data(), static_cast<sal_Int32>(arguments.size())));
+    number = value >>= result;
+  } catch (const css::lang::DisposedException& e) {
+    raiseHost(failureText("compute " + std::string(officeName), e, true));
+  } catch (const css::uno::RuntimeException& e) {
+    // A lost connection is no fault of the arguments: say so rather than blame the function.
+    const std::string text = failureText("compute " + std::string(officeName), e);
+    if (text.rfind("Lost the connection", 0) == 0) raiseHost(text);
+    fail(name);
+  } catch (const css::uno::Exception&) {
+    fail(name);
   }
   if (!number || !std::isfinite(result)) fail(name);
   return result;

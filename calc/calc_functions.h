@@ -8,14 +8,15 @@
 // sheet's pending values, so that texts, Booleans and empty cells are ignored and an error value
 // fails exactly as the office's MIN and MAX decide.
 //
-// Threads: the office's object model belongs to the thread that called Results. The calculation
-// objects may still call TInv, NormDist and ChiInv from helper threads; those calls are
-// serialised here, one remote call at a time.
+// Threads: the office's object model belongs to the thread that called Results, so the
+// functions may not be called from any other (callableFromAnyThread is false, and the drivers
+// then compute on the calling thread). A call from another thread is refused with a host failure
+// naming the fault, rather than racing the component's own calls to the office.
 
 #include <com/sun/star/sheet/XFunctionAccess.hpp>
 
-#include <mutex>
 #include <string_view>
+#include <thread>
 #include <vector>
 
 #include "calc/uno_support.h"
@@ -27,6 +28,7 @@ using css::uno::Reference;
 
 class CalcWorksheetFunctions final : public WorksheetFunction {
  public:
+  // The thread that constructs the service is the one whose calls it takes.
   explicit CalcWorksheetFunctions(Reference<css::sheet::XFunctionAccess> functions);
 
   double TInv(double probability, double degreesOfFreedom) override;
@@ -34,12 +36,13 @@ class CalcWorksheetFunctions final : public WorksheetFunction {
   double ChiInv(double probability, double degreesOfFreedom) override;
   double Min(const Range& range) override;
   double Max(const Range& range) override;
+  bool callableFromAnyThread() const override { return false; }
 
  private:
   double call(std::string_view name, std::string_view officeName, const std::vector<css::uno::Any>& arguments);
 
   Reference<css::sheet::XFunctionAccess> functions_;
-  std::mutex mutex_;
+  std::thread::id owner_;
 };
 
 }  // namespace orv::calc

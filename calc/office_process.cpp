@@ -15,6 +15,7 @@
 #include <cstring>
 #include <fstream>
 #include <iterator>
+#include <mutex>
 #include <system_error>
 #include <thread>
 #include <vector>
@@ -55,6 +56,40 @@ int freeLocalPort() {
   ::close(fd);
   if (!ok) throw OfficeError("cannot find a free local port: " + systemMessage(error));
   return ntohs(address.sin_port);
+}
+
+// The offices of this process that run, for stopAll: the process id and the temporary folder of
+// each, by owner.
+struct Running {
+  const OfficeProcess* owner;
+  pid_t pid;
+  std::filesystem::path folder;
+};
+
+std::mutex& runningLock() {
+  static std::mutex lock;
+  return lock;
+}
+
+std::vector<Running>& running() {
+  static std::vector<Running> list;
+  return list;
+}
+
+void enlist(const OfficeProcess* owner, pid_t pid, const std::filesystem::path& folder) {
+  const std::lock_guard<std::mutex> hold(runningLock());
+  for (Running& r : running()) {
+    if (r.owner == owner) {
+      r.pid = pid;
+      return;
+    }
+  }
+  running().push_back(Running{owner, pid, folder});
+}
+
+void delist(const OfficeProcess* owner) {
+  const std::lock_guard<std::mutex> hold(runningLock());
+  std::erase_if(running(), [&](const Running& r) { return r.owner == owner; });
 }
 
 // Settings of the private profile, in place before the office makes the rest of it: no lock
@@ -136,6 +171,7 @@ void OfficeProcess::spawn() {
   }
   pid_ = child;
   exitCode_.reset();
+  enlist(this, pid_, folder_);
 }
 
 std::optional<int> OfficeProcess::exitCode() {
@@ -153,6 +189,7 @@ void OfficeProcess::respawn() {
 }
 
 void OfficeProcess::stop() {
+  delist(this);
   if (pid_ > 0 && !exitCode()) {
     ::kill(pid_, SIGTERM);
     const auto deadline = std::chrono::steady_clock::now() + kGracefulStop;
@@ -169,6 +206,18 @@ void OfficeProcess::stop() {
     std::filesystem::remove_all(folder_, ignored);
     folder_.clear();
   }
+}
+
+void OfficeProcess::stopAll() {
+  const std::lock_guard<std::mutex> hold(runningLock());
+  for (const Running& r : running()) {
+    ::kill(r.pid, SIGKILL);
+    int status = 0;
+    ::waitpid(r.pid, &status, 0);
+    std::error_code ignored;
+    std::filesystem::remove_all(r.folder, ignored);
+  }
+  running().clear();
 }
 
 std::string OfficeProcess::logTail() const {

@@ -12,7 +12,8 @@
 // asks to be started again; OfficeConnection (office_connection.h) does that through respawn().
 // What the office prints goes to a log file in the temporary folder, quoted by failures.
 //
-// Failures to start raise OfficeError.
+// Failures to start raise OfficeError. stopAll() stops every running office at once, for a
+// program ended by an interrupt.
 
 #include <sys/types.h>
 
@@ -53,6 +54,11 @@ class OfficeProcess {
 
   // The last lines the office wrote to its log, for messages.
   std::string logTail() const;
+
+  // Kills every office of this process that is not stopped yet, by its process id, and removes
+  // its temporary folder; for a program that is about to end on an interrupt. Thread-safe: it may
+  // run while the offices are in use; their owners then find them gone.
+  static void stopAll();
 
  private:
   void spawn();

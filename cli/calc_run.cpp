@@ -1,18 +1,15 @@
 #include "cli/calc_run.h"
 
-#include <signal.h>
 #include <CLI/CLI.hpp>
 
-#include <algorithm>
-#include <atomic>
-#include <cctype>
 #include <fstream>
 #include <iostream>
-#include <iterator>
 #include <optional>
-#include <thread>
 
 #include "calc/calc_session.h"
+#include "cli/file_checks.h"
+#include "cli/input_checks.h"
+#include "cli/interrupts.h"
 #include "cli/progress.h"
 #include "cli/run_report.h"
 #include "frame/errors.h"
@@ -29,51 +26,6 @@ using calc::OfficeError;
 // What the delimiter is guessed from: the opening lines of the file.
 constexpr std::size_t kDelimiterSample = 1 << 16;
 
-// SIGINT, SIGTERM and SIGHUP are blocked for the run (threads made later inherit that) and taken
-// by a thread of their own, which stops the office by its process id at once. The run's pending
-// call to the office then fails, and the run unwinds, removing its temporary files.
-class OfficeSignals {
- public:
-  OfficeSignals() {
-    sigemptyset(&set_);
-    for (int s : {SIGINT, SIGTERM, SIGHUP}) sigaddset(&set_, s);
-    pthread_sigmask(SIG_BLOCK, &set_, &previous_);
-    waiter_ = std::thread([this] { wait(); });
-  }
-  ~OfficeSignals() {
-    stop_ = true;
-    waiter_.join();
-    pthread_sigmask(SIG_SETMASK, &previous_, nullptr);
-  }
-  OfficeSignals(const OfficeSignals&) = delete;
-  OfficeSignals& operator=(const OfficeSignals&) = delete;
-
-  void watch(pid_t office) {
-    office_ = office;
-    if (caught_ != 0) ::kill(office, SIGKILL);
-  }
-  int caught() const { return caught_; }
-
- private:
-  void wait() {
-    const timespec poll{0, 100'000'000};
-    while (!stop_) {
-      const int s = sigtimedwait(&set_, nullptr, &poll);
-      if (s <= 0) continue;
-      caught_ = s;
-      const pid_t office = office_;
-      if (office > 0) ::kill(office, SIGKILL);
-      return;
-    }
-  }
-
-  sigset_t set_{}, previous_{};
-  std::atomic<bool> stop_{false};
-  std::atomic<int> caught_{0};
-  std::atomic<pid_t> office_{0};
-  std::thread waiter_;
-};
-
 // Detaches the host however the run ends.
 struct Attached {
   explicit Attached(Application& app) { HostSession::Attach(&app); }
@@ -82,15 +34,10 @@ struct Attached {
   Attached& operator=(const Attached&) = delete;
 };
 
-std::string lower(std::string text) {
-  std::transform(text.begin(), text.end(), text.begin(), [](unsigned char c) { return std::tolower(c); });
-  return text;
-}
-
 // Delimited text needs its delimiter named to the office; it is guessed as the command's own
 // reader guesses it.
 std::optional<char> textDelimiter(const std::filesystem::path& file) {
-  const std::string ext = lower(file.extension().string());
+  const std::string ext = lowerExtension(file);
   if (ext != ".csv" && ext != ".tsv" && ext != ".txt") return std::nullopt;
   std::ifstream in(file, std::ios::binary);
   std::string sample(kDelimiterSample, '\0');
@@ -98,6 +45,8 @@ std::optional<char> textDelimiter(const std::filesystem::path& file) {
   sample.resize(static_cast<std::size_t>(in.gcount()));
   return detectDelimiter(sample, ext == ".tsv" ? '\t' : ',');
 }
+
+std::string quotedPath(const std::filesystem::path& p) { return "\"" + p.string() + "\""; }
 
 int usage(const std::string& message) {
   std::cerr << "orvella: " << message << "\n";
@@ -109,70 +58,92 @@ int failed(const std::string& message) {
   return kExitFailed;
 }
 
+// The checks that need no office, as the default host makes them, for what the office reads and
+// writes. A failure is said here; 0 means go on.
+int checkFiles(const FileOptions& files, const std::optional<char>& delimiter) {
+  if (!files.out.empty() && files.inPlace) return usage("give either -o/--out or --in-place, not both");
+  if (files.inPlace && delimiter) {
+    return usage("results cannot be written into a text file; use -o OUT.xlsx instead of --in-place");
+  }
+  const std::filesystem::path target = files.inPlace ? files.input : files.out;
+  if (!target.empty() && !calc::officeFormatFor(target)) {
+    return usage("with --host calc the output file must end in .xlsx or .ods, not " + quotedPath(target));
+  }
+  if (const auto why = cannotOpen(files.input)) return failed("cannot open " + quotedPath(files.input) + ": " + *why);
+  if (!files.out.empty() && sameFile(files.out, files.input)) {
+    return usage("-o " + quotedPath(files.out) +
+                 " is the input workbook itself; use --in-place to write the results into it");
+  }
+  if (!target.empty()) {
+    if (const auto why = refusalToWrite(target)) return failed("cannot write " + quotedPath(target) + ": " + *why);
+  }
+  return kExitOk;
+}
+
+// Runs the analysis on an office of its own; every failure leaves as an exception.
+int runOnOffice(const FileOptions& files, const AnalysisRequest& request, std::optional<CalcSession>& session,
+                RunNotes& notes, Progress& progress) {
+  const std::optional<char> delimiter = textDelimiter(files.input);
+  progress.step("Starting LibreOffice ...");
+  session.emplace();
+  progress.step("Reading " + files.input.string() + " ...");
+  Workbook& book = session->open(files.input, delimiter);
+
+  Attached attached(session->application());
+  inspectInputs(session->application(), nullptr, request, notes.warnings);
+  progress.step("Analysing " + request.context.input + " ...");
+  const Range pasted = request.run(notes);
+  session->finishCall();
+  const ValueArray2D block = pasted.Values();
+  const std::vector<std::string> formats = numberFormatsOf(pasted);
+  const std::filesystem::path target = files.inPlace ? files.input : files.out;
+  if (!target.empty()) {
+    progress.step("Writing " + target.string() + " ...");
+    const calc::OfficeFormat format = *calc::officeFormatFor(target);
+    writeFileAtomically(target,
+                        [&](const std::filesystem::path& temporary) { session->save(book, temporary, format); });
+  }
+  progress.clear();
+  report(files, request, pasted, block, formats, notes.warnings, target);
+  return kExitOk;
+}
+
 }  // namespace
 
 void addHostOption(CLI::App& command, std::string& host) {
   command
       .add_option("--host", host,
-                  "where the analysis runs: memory (default; the built-in workbook model) or calc "
-                  "(a headless LibreOffice Calc started for this run; reads .ods too and writes .xlsx or .ods)")
+                  "where the analysis runs: memory (default; the built-in workbook model) or calc (a headless "
+                  "LibreOffice Calc started for this run; reads .ods too and writes .xlsx or .ods)")
       ->check(CLI::IsMember({"memory", kCalcHost}));
 }
 
 int runAnalysisInCalc(const FileOptions& files, const AnalysisRequest& request) {
-  if (!files.out.empty() && files.inPlace) return usage("give either -o/--out or --in-place, not both");
-  const std::optional<char> delimiter = textDelimiter(files.input);
-  if (files.inPlace && delimiter) {
-    return usage("results cannot be written into a text file; use -o OUT.xlsx instead of --in-place");
-  }
-  const std::filesystem::path target = files.inPlace ? files.input : files.out;
-  const std::optional<calc::OfficeFormat> format = calc::officeFormatFor(target);
-  if (!target.empty() && !format) {
-    return usage("with --host calc the output file must end in .xlsx or .ods: " + target.string());
-  }
+  if (const int refused = checkFiles(files, textDelimiter(files.input)); refused != kExitOk) return refused;
+  // An interrupt stops the office by its process id before the command ends.
+  atInterrupt(&calc::OfficeProcess::stopAll);
 
-  OfficeSignals signals;
   Progress progress;
   std::optional<CalcSession> session;
+  RunNotes notes;
   // Only asked after a failure: an office killed a moment ago gets two seconds to be gone.
   const auto officeStopped = [&] { return session && !session->officeRunning(std::chrono::seconds(2)); };
   const auto stoppedMessage = [&](const std::string& what) {
     return "LibreOffice (process " + std::to_string(session->officePid()) +
            ") stopped during the run; nothing was written (" + what + ")";
   };
-  const auto interrupted = [&] {
-    progress.clear();
-    std::cerr << "orvella: interrupted; LibreOffice was stopped and nothing was written\n";
-    return 128 + signals.caught();
-  };
   try {
-    progress.step("Starting LibreOffice ...");
-    session.emplace();
-    signals.watch(session->officePid());
-    progress.step("Reading " + files.input.string() + " ...");
-    Workbook& book = session->open(files.input, delimiter);
-
-    Attached attached(session->application());
-    progress.step("Analysing " + request.context.input + " ...");
-    const Range pasted = request.run();
-    session->finishCall();
-    const PastedBlock block = readPasted(pasted);
-    if (!target.empty()) {
-      progress.step("Writing " + target.string() + " ...");
-      writeFileAtomically(target,
-                          [&](const std::filesystem::path& temporary) { session->save(book, temporary, *format); });
-    }
-    if (signals.caught() != 0) return interrupted();
+    return runOnOffice(files, request, session, notes, progress);
+  } catch (const InputRefused& e) {
     progress.clear();
-    printReport(files, request, block, target);
-    return kExitOk;
+    printWarnings(notes.warnings);
+    return failed(e.what());
   } catch (const ComponentError& e) {
-    if (signals.caught() != 0) return interrupted();
     progress.clear();
+    printWarnings(notes.warnings);
     if (officeStopped()) return failed(stoppedMessage(e.description()));
-    return failed(messageFor(e, request.context));
+    return failed(messageFor(e, request.context, notes.failure, notes.cause));
   } catch (const OfficeError& e) {
-    if (signals.caught() != 0) return interrupted();
     progress.clear();
     if (officeStopped()) return failed(stoppedMessage(e.what()));
     return failed(e.what());

@@ -4,9 +4,9 @@
 // delimited text (.csv, .tsv, .txt); the output is saved with the office's own filters to an
 // .xlsx or .ods file, atomically, or into the input itself with --in-place.
 //
-// SIGINT, SIGTERM and SIGHUP stop the office by its process id; the run then ends without an
-// output file, removes its temporary files and exits with 128 + the signal's number. An office
-// that stops during the run ends it with a message saying so and no output file.
+// An interrupt (cli/interrupts.h) stops the office by its process id and removes its profile
+// before the command ends; an office that stops during the run ends it with a message saying so,
+// and no output file.
 
 #include <string>
 

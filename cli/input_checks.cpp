@@ -113,7 +113,7 @@ std::string cellName(const Range& range, std::int32_t row, std::int32_t column) 
   return quoteSheetName(range.Parent().Name()) + "!" + absoluteAddress(CellBlock{row, column, row, column});
 }
 
-void inspectInputs(Application& app, const LoadedWorkbook& loaded, const AnalysisRequest& request,
+void inspectInputs(Application& app, const LoadedWorkbook* loaded, const AnalysisRequest& request,
                    std::vector<std::string>& warnings) {
   for (const DataRange& given : request.ranges) {
     if (given.reference.empty()) continue;
@@ -123,7 +123,7 @@ void inspectInputs(Application& app, const LoadedWorkbook& loaded, const Analysi
       refuseHeaderOnly(*range, given, request.rows);
       noteNumericHeaders(*range, request.rows, warnings);
     }
-    noteReadCells(loaded, *range, request, warnings);
+    if (loaded != nullptr) noteReadCells(*loaded, *range, request, warnings);
   }
 }
 

@@ -30,7 +30,9 @@ class InputRefused : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-void inspectInputs(Application& app, const LoadedWorkbook& loaded, const AnalysisRequest& request,
+// `loaded` gives what the file reader noted (formulas without values, date cells); a host that
+// reads the cells itself (the live one, whose formulas always carry values) gives nullptr.
+void inspectInputs(Application& app, const LoadedWorkbook* loaded, const AnalysisRequest& request,
                    std::vector<std::string>& warnings);
 
 // "Data!$B$7": a cell of the range's sheet, for sentences.

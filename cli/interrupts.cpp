@@ -4,8 +4,11 @@
 #include <signal.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <mutex>
 #include <string_view>
 #include <thread>
+#include <vector>
 
 #include "xlsx/package_atomic_write.h"
 
@@ -24,10 +27,24 @@ sigset_t interrupts() {
   return set;
 }
 
+std::mutex& actionsLock() {
+  static std::mutex lock;
+  return lock;
+}
+
+std::vector<void (*)()>& actions() {
+  static std::vector<void (*)()> list;
+  return list;
+}
+
 // Runs as an ordinary thread, not in a signal handler, so it may take locks and walk folders.
 [[noreturn]] void awaitInterrupt(sigset_t set) {
   int signal = 0;
   while (sigwait(&set, &signal) != 0) {
+  }
+  {
+    const std::lock_guard<std::mutex> hold(actionsLock());
+    for (void (*action)() : actions()) action();
   }
   removeTemporaryFiles();
   constexpr std::string_view kSaid = "orvella: interrupted\n";
@@ -38,6 +55,11 @@ sigset_t interrupts() {
 }
 
 }  // namespace
+
+void atInterrupt(void (*action)()) {
+  const std::lock_guard<std::mutex> hold(actionsLock());
+  if (std::find(actions().begin(), actions().end(), action) == actions().end()) actions().push_back(action);
+}
 
 void installInterruptHandling() {
   const sigset_t set = interrupts();

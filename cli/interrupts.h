@@ -15,4 +15,10 @@ namespace orv::cli {
 
 void installInterruptHandling();
 
+// Adds work to do when an interrupt ends the command, before the temporary files are removed:
+// stopping the helper processes a run started (the Calc host's office). Actions run on the
+// interrupt thread while the rest of the program may still run: they must be thread-safe.
+// Adding the same action twice keeps one.
+void atInterrupt(void (*action)());
+
 }  // namespace orv::cli

@@ -21,9 +21,9 @@ void printWarnings(const std::vector<std::string>& warnings) {
   for (const std::string& w : warnings) std::cerr << "orvella: warning: " << w << "\n";
 }
 
-void report(const FileOptions& files, const AnalysisRequest& request, const Range& pasted,
-            const ValueArray2D& block, const std::vector<std::string>& formats,
-            const std::vector<std::string>& warnings, const std::filesystem::path& target) {
+void report(const FileOptions& files, const AnalysisRequest& request, const Range& pasted, const ValueArray2D& block,
+            const std::vector<std::string>& formats, const std::vector<std::string>& warnings,
+            const std::filesystem::path& target) {
   printWarnings(warnings);
   const std::string sheetName = pasted.Parent().Name();
   if (files.json) {

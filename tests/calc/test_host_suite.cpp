@@ -8,6 +8,7 @@
 #include <functional>
 #include <limits>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "../frame/raised_number.h"
@@ -253,6 +254,10 @@ TEST_P(HostSuite, WorksheetFunctionsComputeTheDistributionsAndRefuseBadArguments
   EXPECT_EQ(f.Max(range("B1:B9")), 0.0);
   sheet().pasteValue(4, 1, ErrorValue::Div0);
   EXPECT_EQ(raisedNumber([&] { f.Min(range("A1:A5")); }), 1004);
+  // From another thread the functions answer exactly when the host says they may be called there.
+  std::int32_t fromThread = -1;
+  std::thread([&] { fromThread = raisedNumber([&] { f.TInv(0.05, 10); }); }).join();
+  EXPECT_EQ(fromThread, f.callableFromAnyThread() ? 0 : 1004);
 }
 
 TEST_P(HostSuite, GeometryAddsUpRowsAndColumns) {

@@ -10,14 +10,14 @@
 
 namespace orv::calc {
 
-SpecKind specKindOf(host::ChartType type) {
+PlanKind planKindOf(host::ChartType type) {
   switch (type) {
     case host::ChartType::Line:  // a line without markers: the series' marker says so
-    case host::ChartType::LineMarkers: return SpecKind::Line;
-    case host::ChartType::ColumnClustered: return SpecKind::Column;
-    case host::ChartType::StockHLC: return SpecKind::StockHLC;
-    case host::ChartType::StockOHLC: return SpecKind::StockOHLC;
-    case host::ChartType::XYScatter: return SpecKind::Scatter;
+    case host::ChartType::LineMarkers: return PlanKind::Line;
+    case host::ChartType::ColumnClustered: return PlanKind::Column;
+    case host::ChartType::StockHLC: return PlanKind::StockHLC;
+    case host::ChartType::StockOHLC: return PlanKind::StockOHLC;
+    case host::ChartType::XYScatter: return PlanKind::Scatter;
   }
   raiseHost("Unable to set the ChartType property of the Chart class: type " +
             std::to_string(static_cast<std::int32_t>(type)) + " is not drawn by this host");
@@ -29,28 +29,28 @@ CalcAxis::CalcAxis(CalcChart& chart, host::AxisType type, host::AxisGroup group)
     : chart_(&chart),
       type_(type),
       group_(group),
-      title_([this]() -> std::optional<SpecTitle>& { return spec().title; }),
-      tickLabels_([this]() -> SpecAxis& { return spec(); }),
-      border_([this]() -> bool& { return spec().line; }, {}) {}
+      title_([this]() -> std::optional<PlanTitle>& { return plan().title; }),
+      tickLabels_([this]() -> PlanAxis& { return plan(); }),
+      border_([this]() -> bool& { return plan().line; }, {}) {}
 
-SpecAxis& CalcAxis::spec() const {
-  for (SpecAxis& axis : chart_->edit().axes) {
+PlanAxis& CalcAxis::plan() const {
+  for (PlanAxis& axis : chart_->edit().axes) {
     if (axis.type == type_ && axis.group == group_ && axis.shown) return axis;
   }
   raiseHost("Unable to get the Axes property of the Chart class");
 }
 
 void CalcAxis::SetHasTitle(bool on) {
-  SpecAxis& axis = spec();
+  PlanAxis& axis = plan();
   if (!on) {
     axis.title.reset();
   } else if (!axis.title) {
-    axis.title = SpecTitle{"Axis Title", SpecFont{10, false}};
+    axis.title = PlanTitle{"Axis Title", PlanFont{10, false}};
   }
 }
 
 ChartTitle& CalcAxis::AxisTitle() {
-  if (!spec().title) raiseHost("Unable to get the AxisTitle property of the Axis class");
+  if (!plan().title) raiseHost("Unable to get the AxisTitle property of the Axis class");
   return title_;
 }
 
@@ -61,9 +61,9 @@ void CalcAxis::SetMajorUnit(double value) {
 
 // Scale settings belong to value axes, and to both axes of a scatter chart, whose X axis is a
 // value axis too.
-SpecAxis& CalcAxis::scaleField(std::string_view property, double value) {
-  SpecAxis& axis = spec();
-  const bool scatter = chart_->spec().kind == SpecKind::Scatter;
+PlanAxis& CalcAxis::scaleField(std::string_view property, double value) {
+  PlanAxis& axis = plan();
+  const bool scatter = chart_->plan().kind == PlanKind::Scatter;
   if (!std::isfinite(value) || (axis.type != host::AxisType::Value && !scatter)) {
     raiseHost("Unable to set the " + std::string(property) + " property of the Axis class");
   }
@@ -71,7 +71,7 @@ SpecAxis& CalcAxis::scaleField(std::string_view property, double value) {
 }
 
 double CalcAxis::MaximumScale() const {
-  const SpecAxis& axis = spec();
+  const PlanAxis& axis = plan();
   if (axis.type != host::AxisType::Value) raiseHost("Unable to get the MaximumScale property of the Axis class");
   if (axis.maximum) return *axis.maximum;
   return chart_->automaticMaximum(group_);
@@ -85,8 +85,8 @@ CalcUpDownBars::CalcUpDownBars(CalcChart& chart)
       interior_([&chart]() -> std::int32_t& { return chart.edit().upBarsColorIndex; }) {}
 
 void CalcChartGroup::SetHasUpDownBars(bool on) {
-  const ChartSpec& spec = chart_->spec();
-  const bool lineOrStock = spec.kind == SpecKind::Line || priceSeries(spec.kind) > 0;
+  const ChartPlan& plan = chart_->plan();
+  const bool lineOrStock = plan.kind == PlanKind::Line || priceSeries(plan.kind) > 0;
   if (group_ != host::AxisGroup::Primary || !lineOrStock) {
     raiseHost("Unable to set the HasUpDownBars property of the ChartGroup class");
   }
@@ -94,7 +94,7 @@ void CalcChartGroup::SetHasUpDownBars(bool on) {
 }
 
 UpDownBars& CalcChartGroup::UpBars() {
-  if (group_ != host::AxisGroup::Primary || !chart_->spec().upDownBars) {
+  if (group_ != host::AxisGroup::Primary || !chart_->plan().upDownBars) {
     raiseHost("Unable to get the UpBars property of the ChartGroup class");
   }
   return upBars_;
@@ -120,19 +120,19 @@ CalcPlotArea::CalcPlotArea(CalcChart& chart)
       border_([&chart]() -> bool& { return chart.edit().plotArea.border; }, {}) {}
 
 ChartRectangle CalcPlotArea::current() const {
-  const SpecPlotArea& plot = chart_->spec().plotArea;
+  const PlanPlotArea& plot = chart_->plan().plotArea;
   if (plot.left && plot.top && plot.width && plot.height)
     return ChartRectangle{*plot.left, *plot.top, *plot.width, *plot.height};
   const CalcChartObject& object = chart_->object();
-  return standardPlotArea(object.Width(), object.Height(), chart_->spec().title.has_value());
+  return standardPlotArea(object.Width(), object.Height(), chart_->plan().title.has_value());
 }
 
-SpecPlotArea& CalcPlotArea::fixed(double points) {
+PlanPlotArea& CalcPlotArea::fixed(double points) {
   if (!std::isfinite(points) || points < 0) {
     raiseHost("Unable to set a size of the PlotArea class to " + std::to_string(points));
   }
   const ChartRectangle now = current();
-  SpecPlotArea& plot = chart_->edit().plotArea;
+  PlanPlotArea& plot = chart_->edit().plotArea;
   plot.left = now.left;
   plot.top = now.top;
   plot.width = now.width;
@@ -146,15 +146,15 @@ CalcChart::CalcChart(CalcChartObject& object, std::unique_ptr<ChartDrawing> draw
     : object_(&object),
       drawing_(std::move(drawing)),
       series_(*this),
-      title_([this]() -> std::optional<SpecTitle>& { return edit().title; }),
+      title_([this]() -> std::optional<PlanTitle>& { return edit().title; }),
       chartArea_(*this),
       plotArea_(*this) {}
 
 std::string CalcChart::Name() const { return object_->sheet().Name() + " " + object_->Name(); }
 
 void CalcChart::SetChartType(host::ChartType type) {
-  const SpecKind kind = specKindOf(type);
-  ChartSpec& chart = edit();
+  const PlanKind kind = planKindOf(type);
+  ChartPlan& chart = edit();
   const std::size_t prices = priceSeries(kind);
   if (prices > 0 && chart.series.size() != prices) {
     raiseHost("Unable to set the ChartType property of the Chart class: a stock chart of this type needs " +
@@ -163,18 +163,18 @@ void CalcChart::SetChartType(host::ChartType type) {
   chart.kind = kind;
   // Stock charts draw their prices as whiskers and boxes, not as lines or markers.
   chart.highLowLines = prices > 0;
-  chart.upDownBars = kind == SpecKind::StockOHLC;
-  for (SpecSeries& s : chart.series) {
+  chart.upDownBars = kind == PlanKind::StockOHLC;
+  for (PlanSeries& s : chart.series) {
     s.kind = kind;
-    s.line = prices == 0 && kind != SpecKind::Scatter;
-    s.marker = prices > 0 || type == host::ChartType::Line ? SpecMarker::None : SpecMarker::Automatic;
+    s.line = prices == 0 && kind != PlanKind::Scatter;
+    s.marker = prices > 0 || type == host::ChartType::Line ? PlanMarker::None : PlanMarker::Automatic;
   }
 }
 
 ChartGroup& CalcChart::ChartGroups(std::int32_t index) {
   const bool secondary =
-      std::any_of(spec_.series.begin(), spec_.series.end(), [](const SpecSeries& s) { return s.secondary; });
-  if (index == 1 && !spec_.series.empty()) {
+      std::any_of(plan_.series.begin(), plan_.series.end(), [](const PlanSeries& s) { return s.secondary; });
+  if (index == 1 && !plan_.series.empty()) {
     if (!primaryGroup_) primaryGroup_ = std::make_unique<CalcChartGroup>(*this, host::AxisGroup::Primary);
     return *primaryGroup_;
   }
@@ -188,51 +188,51 @@ ChartGroup& CalcChart::ChartGroups(std::int32_t index) {
 Axis& CalcChart::Axes(host::AxisType type, host::AxisGroup group) {
   for (const auto& axis : axes_) {
     if (axis->type() == type && axis->group() == group) {
-      axis->spec();  // fails when the chart has no such axis now
+      axis->plan();  // fails when the chart has no such axis now
       return *axis;
     }
   }
   axes_.push_back(std::make_unique<CalcAxis>(*this, type, group));
-  axes_.back()->spec();
+  axes_.back()->plan();
   return *axes_.back();
 }
 
 void CalcChart::SetHasTitle(bool on) {
-  ChartSpec& chart = edit();
+  ChartPlan& chart = edit();
   if (!on) {
     chart.title.reset();
   } else if (!chart.title) {
-    chart.title = SpecTitle{"Chart Title", SpecFont{10, true}};
+    chart.title = PlanTitle{"Chart Title", PlanFont{10, true}};
   }
 }
 
 orv::ChartTitle& CalcChart::ChartTitle() {
-  if (!spec_.title) raiseHost("Unable to get the ChartTitle property of the Chart class");
+  if (!plan_.title) raiseHost("Unable to get the ChartTitle property of the Chart class");
   return title_;
 }
 
 void CalcChart::syncAxes() {
-  ChartSpec& chart = edit();
+  ChartPlan& chart = edit();
   const bool anySeries = !chart.series.empty();
   const bool secondary =
-      std::any_of(chart.series.begin(), chart.series.end(), [](const SpecSeries& s) { return s.secondary; });
+      std::any_of(chart.series.begin(), chart.series.end(), [](const PlanSeries& s) { return s.secondary; });
   const auto wanted = [&](host::AxisType type, host::AxisGroup group) {
     if (group == host::AxisGroup::Primary) return anySeries;
     return secondary && type == host::AxisType::Value;
   };
-  std::erase_if(chart.axes, [&](const SpecAxis& a) { return !wanted(a.type, a.group); });
+  std::erase_if(chart.axes, [&](const PlanAxis& a) { return !wanted(a.type, a.group); });
   const std::pair<host::AxisType, host::AxisGroup> order[] = {{host::AxisType::Category, host::AxisGroup::Primary},
                                                               {host::AxisType::Value, host::AxisGroup::Primary},
                                                               {host::AxisType::Value, host::AxisGroup::Secondary}};
-  std::vector<SpecAxis> axes;
+  std::vector<PlanAxis> axes;
   for (const auto& [type, group] : order) {
     const auto found =
         std::find_if(chart.axes.begin(), chart.axes.end(),
-                     [type = type, group = group](const SpecAxis& a) { return a.type == type && a.group == group; });
+                     [type = type, group = group](const PlanAxis& a) { return a.type == type && a.group == group; });
     if (found != chart.axes.end()) {
       axes.push_back(*found);
     } else if (wanted(type, group)) {
-      SpecAxis axis;
+      PlanAxis axis;
       axis.type = type;
       axis.group = group;
       // The host's default: value axes of the primary group carry major gridlines.
@@ -247,7 +247,7 @@ void CalcChart::draw() {
   if (!changed_) return;
   // The office reads the cells behind the series: what is still pending must be there first.
   object_->sheet().workbook().flushValues();
-  drawing_->draw(spec_, object_->Width(), object_->Height());
+  drawing_->draw(plan_, object_->Width(), object_->Height());
   changed_ = false;
 }
 

@@ -1,8 +1,8 @@
 #pragma once
-// A chart of the live host: what the builders set is kept in a ChartSpec (chart_spec.h) with the
+// A chart of the live host: what the builders set is kept in a ChartPlan (chart_plan.h) with the
 // in-memory host's rules for it (which axes exist, how series are added, what a stock type does
 // to its series), and drawn into the office's chart document (chart_drawing.h) when the office
-// must answer (an automatic scale, the plot area's automatic layout) and when the sheet is
+// must answer (the automatic scale of a value axis) and when the sheet is
 // flushed.
 //
 // A new chart is a clustered column chart without series and axes. The primary category and
@@ -19,7 +19,7 @@
 #include "calc/calc_chart_parts.h"
 #include "calc/calc_series.h"
 #include "calc/chart_drawing.h"
-#include "calc/chart_spec.h"
+#include "calc/chart_plan.h"
 #include "frame/chart.h"
 #include "frame/chart_layout.h"
 
@@ -37,31 +37,31 @@ class CalcAxis final : public Axis {
   host::AxisType type() const { return type_; }
   host::AxisGroup group() const { return group_; }
 
-  void Delete() override { spec().shown = false; }
+  void Delete() override { plan().shown = false; }
   void SetHasTitle(bool on) override;
   ChartTitle& AxisTitle() override;
   orv::TickLabels& TickLabels() override { return tickLabels_; }
-  void SetHasMajorGridlines(bool on) override { spec().majorGridlines = on; }
-  void SetHasMinorGridlines(bool on) override { spec().minorGridlines = on; }
+  void SetHasMajorGridlines(bool on) override { plan().majorGridlines = on; }
+  void SetHasMinorGridlines(bool on) override { plan().minorGridlines = on; }
   ChartBorder& Border() override { return border_; }
-  void SetMajorTickMark(host::TickMark mark) override { spec().majorTickMark = mark; }
+  void SetMajorTickMark(host::TickMark mark) override { plan().majorTickMark = mark; }
   void SetMinimumScale(double value) override { scaleField("MinimumScale", value).minimum = value; }
   void SetMaximumScale(double value) override { scaleField("MaximumScale", value).maximum = value; }
   void SetMajorUnit(double value) override;
   // The maximum set, or the office's automatic maximum for what the axis shows now.
   double MaximumScale() const override;
 
-  // The axis in the spec, marked changed; a host failure when the chart does not have it now.
-  SpecAxis& spec() const;
+  // The axis in the plan, marked changed; a host failure when the chart does not have it now.
+  PlanAxis& plan() const;
 
  private:
-  SpecAxis& scaleField(std::string_view property, double value);
+  PlanAxis& scaleField(std::string_view property, double value);
   CalcChart* chart_;
   host::AxisType type_;
   host::AxisGroup group_;
-  SpecChartTitle title_;
-  SpecTickLabels tickLabels_;
-  SpecBorder border_;
+  PlanChartTitle title_;
+  PlanTickLabels tickLabels_;
+  PlanBorder border_;
 };
 
 class CalcUpDownBars final : public UpDownBars {
@@ -71,8 +71,8 @@ class CalcUpDownBars final : public UpDownBars {
   ChartInterior& Interior() override { return interior_; }
 
  private:
-  SpecBorder border_;
-  SpecInterior interior_;
+  PlanBorder border_;
+  PlanInterior interior_;
 };
 
 class CalcChartGroup final : public ChartGroup {
@@ -101,7 +101,7 @@ class CalcChartArea final : public ChartArea {
 
  private:
   CalcChart* chart_;
-  SpecInterior interior_;
+  PlanInterior interior_;
 };
 
 class CalcPlotArea final : public PlotArea {
@@ -128,10 +128,10 @@ class CalcPlotArea final : public PlotArea {
 
  private:
   ChartRectangle current() const;
-  SpecPlotArea& fixed(double points);
+  PlanPlotArea& fixed(double points);
   CalcChart* chart_;
-  SpecFill fill_;
-  SpecBorder border_;
+  PlanFill fill_;
+  PlanBorder border_;
 };
 
 class CalcChart final : public Chart {
@@ -151,15 +151,15 @@ class CalcChart final : public Chart {
   orv::ChartArea& ChartArea() override { return chartArea_; }
   orv::PlotArea& PlotArea() override { return plotArea_; }
 
-  // The spec as it stands, and for changing it (which marks the chart to be drawn again).
-  const ChartSpec& spec() const { return spec_; }
-  ChartSpec& edit() {
+  // The plan as it stands, and for changing it (which marks the chart to be drawn again).
+  const ChartPlan& plan() const { return plan_; }
+  ChartPlan& edit() {
     changed_ = true;
-    return spec_;
+    return plan_;
   }
   CalcChartObject& object() const { return *object_; }
   CalcSeriesCollection& series() { return series_; }
-  // Brings the spec's axes in line with the series: the primary pair with any series, the
+  // Brings the plan's axes in line with the series: the primary pair with any series, the
   // secondary value axis with a series on the secondary group. Axes that stay keep their settings.
   void syncAxes();
 
@@ -173,17 +173,17 @@ class CalcChart final : public Chart {
  private:
   CalcChartObject* object_;
   std::unique_ptr<ChartDrawing> drawing_;
-  ChartSpec spec_;
+  ChartPlan plan_;
   bool changed_ = true;
   CalcSeriesCollection series_;
   std::vector<std::unique_ptr<CalcAxis>> axes_;
   std::unique_ptr<CalcChartGroup> primaryGroup_, secondaryGroup_;
-  SpecChartTitle title_;
+  PlanChartTitle title_;
   CalcChartArea chartArea_;
   CalcPlotArea plotArea_;
 };
 
-// The spec's kind for a host chart type; a type the live host does not draw is a host failure.
-SpecKind specKindOf(host::ChartType type);
+// The plan's kind for a host chart type; a type the live host does not draw is a host failure.
+PlanKind planKindOf(host::ChartType type);
 
 }  // namespace orv::calc

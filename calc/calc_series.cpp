@@ -31,8 +31,8 @@ const Range& singleLine(const Range& range, std::string_view failure) {
   return range;
 }
 
-SpecData dataOf(Worksheet& sheet, const CellBlock& area) {
-  SpecData data;
+PlanData dataOf(Worksheet& sheet, const CellBlock& area) {
+  PlanData data;
   data.range = officeRange(sheet.Name(), area);
   const ValueArray2D values = Range(sheet, area).Values();
   for (const CellValue& v : values.cells())
@@ -41,9 +41,9 @@ SpecData dataOf(Worksheet& sheet, const CellBlock& area) {
 }
 
 // Literal numbers, kept in the chart data sheet; an empty element is a point without value.
-SpecData literalData(CalcWorkbook& book, const ValueArray1D& array, bool emptyAllowed, std::string_view failure) {
+PlanData literalData(CalcWorkbook& book, const ValueArray1D& array, bool emptyAllowed, std::string_view failure) {
   if (array.size() == 0) raiseHost(std::string(failure) + ": an empty list");
-  SpecData data;
+  PlanData data;
   for (const CellValue& v : array.items()) {
     if (v.isNumber()) {
       data.numbers.emplace_back(v.number());
@@ -61,54 +61,54 @@ SpecData literalData(CalcWorkbook& book, const ValueArray1D& array, bool emptyAl
 
 // --- error bars -----------------------------------------------------------------------------
 
-SpecErrorBars& CalcErrorBars::spec() {
-  std::optional<SpecErrorBars>& bars = series_->spec().errorBars;
+PlanErrorBars& CalcErrorBars::plan() {
+  std::optional<PlanErrorBars>& bars = series_->plan().errorBars;
   if (!bars) raiseHost("Unable to get the ErrorBars property of the Series class");
   return *bars;
 }
 
 void CalcErrorBars::Delete() {
-  spec();
-  series_->spec().errorBars.reset();
+  plan();
+  series_->plan().errorBars.reset();
 }
 
-void CalcErrorBars::SetEndStyle(host::EndStyle style) { spec().endCaps = style == host::EndStyle::Cap; }
+void CalcErrorBars::SetEndStyle(host::EndStyle style) { plan().endCaps = style == host::EndStyle::Cap; }
 
 // --- series ---------------------------------------------------------------------------------
 
 CalcSeries::CalcSeries(CalcChart& chart)
     : chart_(&chart),
       errorBars_(*this),
-      border_([this]() -> bool& { return spec().line; }, {},
-              [this]() -> std::int32_t& { return spec().lineColorIndex; }) {}
+      border_([this]() -> bool& { return plan().line; }, {},
+              [this]() -> std::int32_t& { return plan().lineColorIndex; }) {}
 
-SpecSeries& CalcSeries::spec() {
+PlanSeries& CalcSeries::plan() {
   if (deleted_) raiseHost("The series was deleted");
   return chart_->edit().series[chart_->series().indexOf(*this)];
 }
 
-const SpecSeries& CalcSeries::spec() const {
+const PlanSeries& CalcSeries::plan() const {
   if (deleted_) raiseHost("The series was deleted");
-  return chart_->spec().series[chart_->series().indexOf(*this)];
+  return chart_->plan().series[chart_->series().indexOf(*this)];
 }
 
 void CalcSeries::Delete() {
-  spec();
+  plan();
   chart_->series().remove(*this);
   chart_->syncAxes();
 }
 
 host::AxisGroup CalcSeries::AxisGroup() const {
-  return spec().secondary ? host::AxisGroup::Secondary : host::AxisGroup::Primary;
+  return plan().secondary ? host::AxisGroup::Secondary : host::AxisGroup::Primary;
 }
 
 void CalcSeries::SetAxisGroup(host::AxisGroup group) {
-  spec().secondary = group == host::AxisGroup::Secondary;
+  plan().secondary = group == host::AxisGroup::Secondary;
   chart_->syncAxes();
 }
 
 void CalcSeries::SetHasErrorBars(bool on) {
-  std::optional<SpecErrorBars>& bars = spec().errorBars;
+  std::optional<PlanErrorBars>& bars = plan().errorBars;
   if (!on) {
     bars.reset();
   } else if (!bars) {
@@ -117,14 +117,14 @@ void CalcSeries::SetHasErrorBars(bool on) {
 }
 
 orv::ErrorBars& CalcSeries::ErrorBars() {
-  if (!spec().errorBars) raiseHost("Unable to get the ErrorBars property of the Series class");
+  if (!plan().errorBars) raiseHost("Unable to get the ErrorBars property of the Series class");
   return errorBars_;
 }
 
 void CalcSeries::ErrorBar(host::ErrorBarDirection direction, host::ErrorBarInclude include, host::ErrorBarType type,
                           const ErrorAmount& amount, const ErrorAmount& minusValues) {
   constexpr std::string_view kFailure = "Unable to set the ErrorBar method of the Series class";
-  spec();
+  plan();
   if (direction != host::ErrorBarDirection::Y || type != host::ErrorBarType::Custom) {
     raiseHost(std::string(kFailure) + ": this host draws vertical bars of custom amounts only");
   }
@@ -137,65 +137,65 @@ void CalcSeries::ErrorBar(host::ErrorBarDirection direction, host::ErrorBarInclu
     if (const auto* array = std::get_if<ValueArray1D>(&a)) return literalData(book, *array, false, kFailure).range;
     raiseHost(std::string(kFailure) + ": no amounts given");
   };
-  SpecErrorBars bars;
+  PlanErrorBars bars;
   bars.plus = include == host::ErrorBarInclude::Both || include == host::ErrorBarInclude::PlusValues;
   bars.minus = include == host::ErrorBarInclude::Both || include == host::ErrorBarInclude::MinusValues;
   if (bars.plus) bars.plusRange = amountRange(amount);
   if (bars.minus) bars.minusRange = amountRange(minusValues);
-  spec().errorBars = std::move(bars);
+  plan().errorBars = std::move(bars);
 }
 
-void CalcSeries::SetName(const std::string& name) { spec().name = officeText(name); }
+void CalcSeries::SetName(const std::string& name) { plan().name = officeText(name); }
 
 void CalcSeries::SetChartType(host::ChartType type) {
-  const SpecKind kind = specKindOf(type);
+  const PlanKind kind = planKindOf(type);
   if (priceSeries(kind) > 0) {
     raiseHost("Unable to set the ChartType property of the Series class: a stock type needs the whole chart");
   }
-  SpecSeries& series = spec();
+  PlanSeries& series = plan();
   series.kind = kind;
-  series.line = kind != SpecKind::Scatter;
-  series.marker = type == host::ChartType::Line ? SpecMarker::None : SpecMarker::Automatic;
+  series.line = kind != PlanKind::Scatter;
+  series.marker = type == host::ChartType::Line ? PlanMarker::None : PlanMarker::Automatic;
 }
 
 void CalcSeries::SetValues(const SeriesSource& values) {
   constexpr std::string_view kFailure = "Unable to set the Values property of the Series class";
-  spec();
+  plan();
   if (const auto* range = std::get_if<Range>(&values)) {
     const Range& line = singleLine(*range, kFailure);
-    spec().values = dataOf(line.Parent(), line.block());
+    plan().values = dataOf(line.Parent(), line.block());
     return;
   }
-  spec().values = literalData(chart_->object().sheet().workbook(), std::get<ValueArray1D>(values), true, kFailure);
+  plan().values = literalData(chart_->object().sheet().workbook(), std::get<ValueArray1D>(values), true, kFailure);
 }
 
 void CalcSeries::SetXValues(const SeriesSource& values) {
   constexpr std::string_view kFailure = "Unable to set the XValues property of the Series class";
-  SpecSeries& series = spec();
+  PlanSeries& series = plan();
   const Range* range = std::get_if<Range>(&values);
   if (range != nullptr) singleLine(*range, kFailure);
-  if (series.kind == SpecKind::Scatter) {
-    spec().xValues =
+  if (series.kind == PlanKind::Scatter) {
+    plan().xValues =
         range ? dataOf(range->Parent(), range->block())
               : literalData(chart_->object().sheet().workbook(), std::get<ValueArray1D>(values), true, kFailure);
     return;
   }
   if (range != nullptr) {
-    spec().categories = officeRange(range->Parent().Name(), range->block());
+    plan().categories = officeRange(range->Parent().Name(), range->block());
     return;
   }
   // Literal labels: numbers shown as text.
   std::vector<CellValue> labels;
   for (const CellValue& v : std::get<ValueArray1D>(values).items()) labels.emplace_back(toText(v));
-  spec().categories = chart_->object().sheet().workbook().chartData().store(labels);
+  plan().categories = chart_->object().sheet().workbook().chartData().store(labels);
 }
 
 void CalcSeries::SetMarkerStyle(host::MarkerStyle style) {
-  SpecSeries& series = spec();
+  PlanSeries& series = plan();
   switch (style) {
-    case host::MarkerStyle::Automatic: series.marker = SpecMarker::Automatic; break;
-    case host::MarkerStyle::None: series.marker = SpecMarker::None; break;
-    case host::MarkerStyle::Circle: series.marker = SpecMarker::Circle; break;
+    case host::MarkerStyle::Automatic: series.marker = PlanMarker::Automatic; break;
+    case host::MarkerStyle::None: series.marker = PlanMarker::None; break;
+    case host::MarkerStyle::Circle: series.marker = PlanMarker::Circle; break;
   }
 }
 
@@ -212,7 +212,7 @@ Series& CalcSeriesCollection::Add(const Range& source, host::RowCol /*rowcol*/, 
   const std::vector<CellBlock>& areas = source.areas();
   for (const CellBlock& area : areas) requireLine(area, kFailure);
   Worksheet& sheet = source.Parent();
-  ChartSpec& chart = chart_->edit();
+  ChartPlan& chart = chart_->edit();
 
   std::size_t first = 0;
   std::optional<std::string> categories;
@@ -225,7 +225,7 @@ Series& CalcSeriesCollection::Add(const Range& source, host::RowCol /*rowcol*/, 
 
   for (std::size_t i = first; i < areas.size(); ++i) {
     CellBlock values = areas[i];
-    SpecSeries series;
+    PlanSeries series;
     if (seriesLabels) {
       if (values.rows() * values.columns() < 2)
         raiseHost(std::string(kFailure) + ": a series name needs a cell before the values");
@@ -239,9 +239,9 @@ Series& CalcSeriesCollection::Add(const Range& source, host::RowCol /*rowcol*/, 
     if (prices > 0) {
       series.line = false;
       const bool mark = chart.series.size() >= prices;
-      series.marker = mark ? SpecMarker::Dash : SpecMarker::None;
+      series.marker = mark ? PlanMarker::Dash : PlanMarker::None;
       if (mark) series.markerSize = 12;
-    } else if (chart.kind == SpecKind::Scatter) {
+    } else if (chart.kind == PlanKind::Scatter) {
       series.line = false;
     }
     chart.series.push_back(std::move(series));
@@ -252,11 +252,11 @@ Series& CalcSeriesCollection::Add(const Range& source, host::RowCol /*rowcol*/, 
 }
 
 Series& CalcSeriesCollection::NewSeries() {
-  ChartSpec& chart = chart_->edit();
-  SpecSeries series;
+  ChartPlan& chart = chart_->edit();
+  PlanSeries series;
   series.kind = chart.kind;
   if (!chart.series.empty()) series.categories = chart.series.front().categories;
-  series.line = chart.kind != SpecKind::Scatter && priceSeries(chart.kind) == 0;
+  series.line = chart.kind != PlanKind::Scatter && priceSeries(chart.kind) == 0;
   chart.series.push_back(std::move(series));
   live_.push_back(std::make_unique<CalcSeries>(*chart_));
   chart_->syncAxes();
@@ -270,7 +270,7 @@ std::size_t CalcSeriesCollection::indexOf(const CalcSeries& series) const {
 
 void CalcSeriesCollection::remove(CalcSeries& series) {
   const std::size_t index = indexOf(series);
-  ChartSpec& chart = chart_->edit();
+  ChartPlan& chart = chart_->edit();
   chart.series.erase(chart.series.begin() + static_cast<std::ptrdiff_t>(index));
   series.markDeleted();
   deleted_.push_back(std::move(live_[index]));

@@ -1,6 +1,6 @@
 #pragma once
-// The series of a live chart and their error bars, kept in the chart's ChartSpec series list
-// (chart_spec.h) with the in-memory host's rules: sources are single rows or columns of cells or
+// The series of a live chart and their error bars, kept in the chart's ChartPlan series list
+// (chart_plan.h) with the in-memory host's rules: sources are single rows or columns of cells or
 // literal lists; literal numbers and labels go to the workbook's chart data sheet, since the
 // office's charts take their data from cells.
 //
@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "calc/calc_chart_parts.h"
-#include "calc/chart_spec.h"
+#include "calc/chart_plan.h"
 #include "frame/chart.h"
 
 namespace orv::calc {
@@ -27,7 +27,7 @@ class CalcErrorBars final : public ErrorBars {
   void SetEndStyle(host::EndStyle style) override;
 
  private:
-  SpecErrorBars& spec();
+  PlanErrorBars& plan();
   CalcSeries* series_;
 };
 
@@ -50,19 +50,19 @@ class CalcSeries final : public Series {
   void SetChartType(host::ChartType type) override;
   void SetValues(const SeriesSource& values) override;
   void SetXValues(const SeriesSource& values) override;
-  void SetSmooth(bool on) override { spec().smooth = on; }
+  void SetSmooth(bool on) override { plan().smooth = on; }
   void SetMarkerStyle(host::MarkerStyle style) override;
 
-  // The series in the spec, marked changed; a host failure once deleted.
-  SpecSeries& spec();
-  const SpecSeries& spec() const;
+  // The series in the plan, marked changed; a host failure once deleted.
+  PlanSeries& plan();
+  const PlanSeries& plan() const;
   void markDeleted() { deleted_ = true; }
 
  private:
   CalcChart* chart_;
   bool deleted_ = false;
   CalcErrorBars errorBars_;
-  SpecBorder border_;
+  PlanBorder border_;
 };
 
 class CalcSeriesCollection final : public SeriesCollection {

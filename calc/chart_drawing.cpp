@@ -66,15 +66,15 @@ Sequence<T> sequenceOf(const std::vector<T>& items) {
   return Sequence<T>(items.data(), static_cast<sal_Int32>(items.size()));
 }
 
-css::chart2::Symbol symbolOf(SpecMarker marker, double size, std::size_t index) {
+css::chart2::Symbol symbolOf(PlanMarker marker, double size, std::size_t index) {
   css::chart2::Symbol symbol;
   symbol.Style = css::chart2::SymbolStyle_STANDARD;
   symbol.Size = css::awt::Size(hundredths(size), hundredths(size));
   switch (marker) {
-    case SpecMarker::Automatic: symbol.StandardSymbol = kAutomaticSymbols[index % kAutomaticSymbols.size()]; break;
-    case SpecMarker::None: symbol.Style = css::chart2::SymbolStyle_NONE; break;
-    case SpecMarker::Dash: symbol.StandardSymbol = kSymbolHorizontalBar; break;
-    case SpecMarker::Circle: symbol.StandardSymbol = kSymbolCircle; break;
+    case PlanMarker::Automatic: symbol.StandardSymbol = kAutomaticSymbols[index % kAutomaticSymbols.size()]; break;
+    case PlanMarker::None: symbol.Style = css::chart2::SymbolStyle_NONE; break;
+    case PlanMarker::Dash: symbol.StandardSymbol = kSymbolHorizontalBar; break;
+    case PlanMarker::Circle: symbol.StandardSymbol = kSymbolCircle; break;
   }
   return symbol;
 }
@@ -96,19 +96,19 @@ struct TypeGroup {
   const char* service;
   bool smooth = false;
   bool prices = false;  // the price series of a stock chart, drawn as one series
-  std::vector<const SpecSeries*> members;
+  std::vector<const PlanSeries*> members;
 };
 
 // Groups stand in the order of their first series, so that the office lists the series in the
 // order they were added.
-std::vector<TypeGroup> typeGroups(const ChartSpec& spec) {
+std::vector<TypeGroup> typeGroups(const ChartPlan& plan) {
   // The first series of a stock chart are its prices when there are as many as its kind takes;
   // otherwise (a price series was deleted) they are drawn as marks like the rest.
-  const std::size_t priceCount = priceSeries(spec.kind);
+  const std::size_t priceCount = priceSeries(plan.kind);
   std::size_t stockSeries = 0;
-  for (const SpecSeries& s : spec.series) stockSeries += s.kind == spec.kind && priceCount > 0 ? 1 : 0;
+  for (const PlanSeries& s : plan.series) stockSeries += s.kind == plan.kind && priceCount > 0 ? 1 : 0;
   std::vector<TypeGroup> groups;
-  const auto join = [&](TypeGroup group, const SpecSeries& s) {
+  const auto join = [&](TypeGroup group, const PlanSeries& s) {
     for (TypeGroup& g : groups) {
       if (std::string_view(g.service) == group.service && g.smooth == group.smooth && g.prices == group.prices) {
         g.members.push_back(&s);
@@ -119,15 +119,15 @@ std::vector<TypeGroup> typeGroups(const ChartSpec& spec) {
     groups.push_back(std::move(group));
   };
   std::size_t prices = 0;
-  for (const SpecSeries& s : spec.series) {
+  for (const PlanSeries& s : plan.series) {
     const bool price = priceSeries(s.kind) > 0;
-    if (price && stockSeries >= priceCount && prices < priceCount && s.kind == spec.kind) {
+    if (price && stockSeries >= priceCount && prices < priceCount && s.kind == plan.kind) {
       ++prices;
       join({"com.sun.star.chart2.CandleStickChartType", false, true, {}}, s);
-    } else if (price || s.kind == SpecKind::Line) {
+    } else if (price || s.kind == PlanKind::Line) {
       // Series beyond a stock chart's prices are drawn as marks of a line group.
       join({"com.sun.star.chart2.LineChartType", s.smooth, false, {}}, s);
-    } else if (s.kind == SpecKind::Column) {
+    } else if (s.kind == PlanKind::Column) {
       join({"com.sun.star.chart2.ColumnChartType", false, false, {}}, s);
     } else {
       join({"com.sun.star.chart2.ScatterChartType", false, false, {}}, s);
@@ -164,22 +164,22 @@ Reference<css::uno::XInterface> ChartDrawing::sequence(const std::string& range,
   return labeled;
 }
 
-Reference<css::uno::XInterface> ChartDrawing::title(const SpecTitle& spec) const {
+Reference<css::uno::XInterface> ChartDrawing::title(const PlanTitle& plan) const {
   const Reference<css::chart2::XFormattedString> text(make("com.sun.star.chart2.FormattedString"), UNO_QUERY_THROW);
-  text->setString(toUno(spec.text));
+  text->setString(toUno(plan.text));
   const Properties font(text, UNO_QUERY_THROW);
-  font->setPropertyValue("CharHeight", Any(static_cast<float>(spec.font.size)));
-  font->setPropertyValue("CharWeight", Any(spec.font.bold ? 150.0f : 100.0f));
+  font->setPropertyValue("CharHeight", Any(static_cast<float>(plan.font.size)));
+  font->setPropertyValue("CharWeight", Any(plan.font.bold ? 150.0f : 100.0f));
   const Reference<css::chart2::XTitle> title(make("com.sun.star.chart2.Title"), UNO_QUERY_THROW);
   title->setText(Sequence<Reference<css::chart2::XFormattedString>>(&text, 1));
   return title;
 }
 
-Reference<css::uno::XInterface> ChartDrawing::series(const std::vector<const SpecSeries*>& members, bool prices,
+Reference<css::uno::XInterface> ChartDrawing::series(const std::vector<const PlanSeries*>& members, bool prices,
                                                      std::size_t index) const {
-  const SpecSeries& first = *members.front();
+  const PlanSeries& first = *members.front();
   std::vector<Reference<css::chart2::data::XLabeledDataSequence>> data;
-  const auto add = [&](const std::optional<SpecData>& source, const char* role) {
+  const auto add = [&](const std::optional<PlanData>& source, const char* role) {
     if (source) data.emplace_back(sequence(source->range, role), UNO_QUERY_THROW);
   };
   if (prices) {
@@ -189,7 +189,7 @@ Reference<css::uno::XInterface> ChartDrawing::series(const std::vector<const Spe
     for (std::size_t i = 0; i < members.size(); ++i)
       add(members[i]->values, members.size() == 4 ? kFour[i] : kThree[i]);
   } else {
-    if (first.kind == SpecKind::Scatter) add(first.xValues, "values-x");
+    if (first.kind == PlanKind::Scatter) add(first.xValues, "values-x");
     add(first.values, "values-y");
     if (!first.name.empty() && !data.empty()) {
       const Reference<css::chart2::data::XLabeledDataSequence> label(sequence(first.name, "label"), UNO_QUERY_THROW);
@@ -202,20 +202,20 @@ Reference<css::uno::XInterface> ChartDrawing::series(const std::vector<const Spe
   const Properties props(made, UNO_QUERY_THROW);
   // A stock chart draws its high-low lines (the whiskers) with its price series' line.
   props->setPropertyValue("LineStyle", lineStyle(first.line || prices));
-  props->setPropertyValue("Symbol", Any(symbolOf(prices ? SpecMarker::None : first.marker, first.markerSize, index)));
+  props->setPropertyValue("Symbol", Any(symbolOf(prices ? PlanMarker::None : first.marker, first.markerSize, index)));
   props->setPropertyValue("AttachedAxisIndex", Any(sal_Int32{first.secondary ? 1 : 0}));
   // The host's colours: black whiskers and marks, columns and lines from the palette's chart
   // entries by the series' place, as the in-memory host writes them.
   sal_Int32 color = colorOr(first.lineColorIndex, colorOr(automaticLineIndex(index), 0));
-  if (prices || first.marker == SpecMarker::Dash) color = kBlack;
-  if (first.kind == SpecKind::Column) {
+  if (prices || first.marker == PlanMarker::Dash) color = kBlack;
+  if (first.kind == PlanKind::Column) {
     color = colorOr(automaticFillIndex(index), kWhite);
     props->setPropertyValue("BorderStyle", Any(css::drawing::LineStyle_SOLID));
     props->setPropertyValue("BorderColor", Any(kBlack));
   }
   props->setPropertyValue("Color", Any(color));
   if (first.errorBars && (!first.errorBars->plusRange.empty() || !first.errorBars->minusRange.empty())) {
-    const SpecErrorBars& bars = *first.errorBars;
+    const PlanErrorBars& bars = *first.errorBars;
     const Properties errorBar(make("com.sun.star.chart2.ErrorBar"), UNO_QUERY_THROW);
     errorBar->setPropertyValue("ErrorBarStyle", Any(css::chart::ErrorBarStyle::FROM_DATA));
     errorBar->setPropertyValue("ShowPositiveError", Any(bars.plus));
@@ -230,7 +230,7 @@ Reference<css::uno::XInterface> ChartDrawing::series(const std::vector<const Spe
   return made;
 }
 
-Reference<css::uno::XInterface> ChartDrawing::axis(const ChartSpec& spec, const SpecAxis& a, bool categories) const {
+Reference<css::uno::XInterface> ChartDrawing::axis(const ChartPlan& plan, const PlanAxis& a, bool categories) const {
   const Reference<css::chart2::XAxis> made(make("com.sun.star.chart2.Axis"), UNO_QUERY_THROW);
   const Properties props(made, UNO_QUERY_THROW);
   props->setPropertyValue("Show", Any(a.shown));
@@ -254,7 +254,7 @@ Reference<css::uno::XInterface> ChartDrawing::axis(const ChartSpec& spec, const 
   scale.Maximum = optionalNumber(a.maximum);
   if (a.majorUnit) scale.IncrementData.Distance = Any(*a.majorUnit);
   if (categories) {
-    for (const SpecSeries& s : spec.series) {
+    for (const PlanSeries& s : plan.series) {
       if (!s.categories) continue;
       scale.Categories.set(sequence(*s.categories, "categories"), UNO_QUERY_THROW);
       break;
@@ -270,24 +270,24 @@ Reference<css::uno::XInterface> ChartDrawing::axis(const ChartSpec& spec, const 
   return made;
 }
 
-void ChartDrawing::drawAxes(const ChartSpec& spec, const Reference<css::uno::XInterface>& system) const {
+void ChartDrawing::drawAxes(const ChartPlan& plan, const Reference<css::uno::XInterface>& system) const {
   const Reference<css::chart2::XCoordinateSystem> cs(system, UNO_QUERY_THROW);
-  const bool scatter = spec.kind == SpecKind::Scatter;
-  for (const SpecAxis& a : spec.axes) {
+  const bool scatter = plan.kind == PlanKind::Scatter;
+  for (const PlanAxis& a : plan.axes) {
     const sal_Int32 dimension = a.type == host::AxisType::Category ? 0 : 1;
     const sal_Int32 index = a.group == host::AxisGroup::Secondary ? 1 : 0;
     const bool categories = dimension == 0 && !scatter;
-    cs->setAxisByDimension(dimension, Reference<css::chart2::XAxis>(axis(spec, a, categories), UNO_QUERY_THROW), index);
+    cs->setAxisByDimension(dimension, Reference<css::chart2::XAxis>(axis(plan, a, categories), UNO_QUERY_THROW), index);
   }
 }
 
-void ChartDrawing::drawFills(const ChartSpec& spec, const Reference<css::uno::XInterface>& diagramObject, double width,
+void ChartDrawing::drawFills(const ChartPlan& plan, const Reference<css::uno::XInterface>& diagramObject, double width,
                              double height) const {
   const Reference<css::chart2::XDiagram> diagram(diagramObject, UNO_QUERY_THROW);
   const Properties wall = diagram->getWall();
-  if (!spec.plotArea.filled) wall->setPropertyValue("FillStyle", Any(css::drawing::FillStyle_NONE));
-  wall->setPropertyValue("LineStyle", lineStyle(spec.plotArea.border));
-  const SpecPlotArea& plot = spec.plotArea;
+  if (!plan.plotArea.filled) wall->setPropertyValue("FillStyle", Any(css::drawing::FillStyle_NONE));
+  wall->setPropertyValue("LineStyle", lineStyle(plan.plotArea.border));
+  const PlanPlotArea& plot = plan.plotArea;
   if (plot.left && plot.top && plot.width && plot.height && width > 0 && height > 0) {
     const Properties props(diagram, UNO_QUERY_THROW);
     props->setPropertyValue(
@@ -298,13 +298,13 @@ void ChartDrawing::drawFills(const ChartSpec& spec, const Reference<css::uno::XI
   }
   const Properties page = chart_->getPageBackground();
   page->setPropertyValue("FillStyle", Any(css::drawing::FillStyle_SOLID));
-  page->setPropertyValue("FillColor", Any(colorOr(spec.chartAreaColorIndex, kWhite)));
+  page->setPropertyValue("FillColor", Any(colorOr(plan.chartAreaColorIndex, kWhite)));
   // The chart area is framed, as the in-memory host draws it.
   page->setPropertyValue("LineStyle", lineStyle(true));
   page->setPropertyValue("LineColor", Any(kBlack));
 }
 
-void ChartDrawing::draw(const ChartSpec& spec, double width, double height) {
+void ChartDrawing::draw(const ChartPlan& plan, double width, double height) {
   remote("draw a chart", [&] {
     const Reference<css::chart2::XDiagram> diagram(make("com.sun.star.chart2.Diagram"), UNO_QUERY_THROW);
     const Reference<css::chart2::XCoordinateSystem> system(make("com.sun.star.chart2.CartesianCoordinateSystem2d"),
@@ -313,29 +313,29 @@ void ChartDrawing::draw(const ChartSpec& spec, double width, double height) {
         ->setCoordinateSystems(Sequence<Reference<css::chart2::XCoordinateSystem>>(&system, 1));
 
     std::vector<Reference<css::chart2::XChartType>> types;
-    for (const TypeGroup& group : typeGroups(spec)) {
+    for (const TypeGroup& group : typeGroups(plan)) {
       const Reference<css::chart2::XChartType> type(make(group.service), UNO_QUERY_THROW);
       const Properties props(type, UNO_QUERY_THROW);
       std::vector<Reference<css::chart2::XDataSeries>> members;
-      const auto place = [&](const SpecSeries* s) { return static_cast<std::size_t>(s - spec.series.data()); };
+      const auto place = [&](const PlanSeries* s) { return static_cast<std::size_t>(s - plan.series.data()); };
       if (group.prices) {
         members.emplace_back(series(group.members, true, place(group.members.front())), UNO_QUERY_THROW);
       } else {
-        for (const SpecSeries* s : group.members) members.emplace_back(series({s}, false, place(s)), UNO_QUERY_THROW);
+        for (const PlanSeries* s : group.members) members.emplace_back(series({s}, false, place(s)), UNO_QUERY_THROW);
       }
       if (group.prices) {
-        props->setPropertyValue("Japanese", Any(spec.upDownBars));
-        props->setPropertyValue("ShowFirst", Any(spec.kind == SpecKind::StockOHLC));
-        props->setPropertyValue("ShowHighLow", Any(spec.highLowLines));
+        props->setPropertyValue("Japanese", Any(plan.upDownBars));
+        props->setPropertyValue("ShowFirst", Any(plan.kind == PlanKind::StockOHLC));
+        props->setPropertyValue("ShowHighLow", Any(plan.highLowLines));
         for (const char* day : {"WhiteDay", "BlackDay"}) {
           Properties bars;
           props->getPropertyValue(OUString::createFromAscii(day)) >>= bars;
           if (!bars.is()) continue;
-          bars->setPropertyValue("FillColor", Any(colorOr(spec.upBarsColorIndex, kWhite)));
-          bars->setPropertyValue("LineWidth", Any(hundredths(spec.upBarsBorderWeight)));
+          bars->setPropertyValue("FillColor", Any(colorOr(plan.upBarsColorIndex, kWhite)));
+          bars->setPropertyValue("LineWidth", Any(hundredths(plan.upBarsBorderWeight)));
         }
       } else if (std::string_view(group.service).ends_with("ColumnChartType")) {
-        const std::vector<sal_Int32> gaps{spec.gapWidth, spec.gapWidth};  // one per axis index
+        const std::vector<sal_Int32> gaps{plan.gapWidth, plan.gapWidth};  // one per axis index
         props->setPropertyValue("GapwidthSequence", Any(sequenceOf(gaps)));
       } else if (group.smooth) {
         props->setPropertyValue("CurveStyle", Any(css::chart2::CurveStyle_CUBIC_SPLINES));
@@ -344,16 +344,16 @@ void ChartDrawing::draw(const ChartSpec& spec, double width, double height) {
       types.push_back(type);
     }
     Reference<css::chart2::XChartTypeContainer>(system, UNO_QUERY_THROW)->setChartTypes(sequenceOf(types));
-    drawAxes(spec, system);
-    if (spec.legend) {
+    drawAxes(plan, system);
+    if (plan.legend) {
       const Properties legend(make("com.sun.star.chart2.Legend"), UNO_QUERY_THROW);
       legend->setPropertyValue("Show", Any(true));
       diagram->setLegend(Reference<css::chart2::XLegend>(legend, UNO_QUERY_THROW));
     }
-    drawFills(spec, diagram, width, height);
+    drawFills(plan, diagram, width, height);
     chart_->setFirstDiagram(diagram);
     const Reference<css::chart2::XTitled> titled(chart_, UNO_QUERY_THROW);
-    titled->setTitleObject(spec.title ? Reference<css::chart2::XTitle>(title(*spec.title), UNO_QUERY_THROW)
+    titled->setTitleObject(plan.title ? Reference<css::chart2::XTitle>(title(*plan.title), UNO_QUERY_THROW)
                                       : Reference<css::chart2::XTitle>());
   });
 }

@@ -1,8 +1,8 @@
 #pragma once
-// ChartDrawing: draws a ChartSpec (chart_spec.h) into the office's document of one embedded
+// ChartDrawing: draws a ChartPlan (chart_plan.h) into the office's document of one embedded
 // chart with the chart2 API, and reads back what the office laid out by itself.
 //
-// Each draw builds the diagram anew from the spec: one Cartesian coordinate system; a chart type
+// Each draw builds the diagram anew from the plan: one Cartesian coordinate system; a chart type
 // per kind of series (a candlestick type that takes the stock chart's three or four price
 // series as one series of the roles values-first, -max, -min and -last; column, line and
 // scatter types, smoothed lines apart); primary X and Y axes, and a second Y axis while a series
@@ -18,7 +18,7 @@
 #include <com/sun/star/uno/XComponentContext.hpp>
 
 #include "calc/cell_format_properties.h"
-#include "calc/chart_spec.h"
+#include "calc/chart_plan.h"
 
 namespace orv::calc {
 
@@ -29,7 +29,7 @@ class ChartDrawing {
                const Reference<css::lang::XMultiServiceFactory>& document);
 
   // `width` and `height` are the chart's size in points.
-  void draw(const ChartSpec& spec, double width, double height);
+  void draw(const ChartPlan& plan, double width, double height);
 
   // After a draw: the maximum of a value axis' automatic scale.
   double automaticMaximum(host::AxisGroup group);
@@ -40,13 +40,13 @@ class ChartDrawing {
   Reference<css::uno::XInterface> make(const char* service) const;
   Reference<css::uno::XInterface> sequence(const std::string& range, const char* role) const;
   // One series; the price series of a stock chart together as one. `index` is the (first)
-  // series' place in the spec, which picks its automatic colour.
-  Reference<css::uno::XInterface> series(const std::vector<const SpecSeries*>& members, bool prices,
+  // series' place in the plan, which picks its automatic colour.
+  Reference<css::uno::XInterface> series(const std::vector<const PlanSeries*>& members, bool prices,
                                          std::size_t index) const;
-  Reference<css::uno::XInterface> axis(const ChartSpec& spec, const SpecAxis& axis, bool categories) const;
-  Reference<css::uno::XInterface> title(const SpecTitle& title) const;
-  void drawAxes(const ChartSpec& spec, const Reference<css::uno::XInterface>& system) const;
-  void drawFills(const ChartSpec& spec, const Reference<css::uno::XInterface>& diagram, double width,
+  Reference<css::uno::XInterface> axis(const ChartPlan& plan, const PlanAxis& axis, bool categories) const;
+  Reference<css::uno::XInterface> title(const PlanTitle& title) const;
+  void drawAxes(const ChartPlan& plan, const Reference<css::uno::XInterface>& system) const;
+  void drawFills(const ChartPlan& plan, const Reference<css::uno::XInterface>& diagram, double width,
                  double height) const;
 
   Reference<css::uno::XComponentContext> context_;

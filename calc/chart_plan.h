@@ -1,8 +1,8 @@
 #pragma once
-// ChartSpec: what a chart of the live host shows, as the chart builders set it through the
+// ChartPlan: what a chart of the live host shows, as the chart builders set it through the
 // frame's chart interface (calc_chart.h). The office's chart document is drawn from it whole
-// (chart_drawing.h) whenever the office must answer something (an automatic scale, the plot
-// area's automatic layout) and when the component's call ends, so that the order in which the
+// (chart_drawing.h) whenever the office must answer something (the automatic scale of a value
+// axis) and when the component's call ends, so that the order in which the
 // builders set things (four price series first, the stock type after) never has to be replayed
 // into the office's own model step by step.
 //
@@ -21,27 +21,27 @@
 
 namespace orv::calc {
 
-enum class SpecKind : std::uint8_t { Line, Column, Scatter, StockHLC, StockOHLC };
-enum class SpecMarker : std::uint8_t { Automatic, None, Dash, Circle };
+enum class PlanKind : std::uint8_t { Line, Column, Scatter, StockHLC, StockOHLC };
+enum class PlanMarker : std::uint8_t { Automatic, None, Dash, Circle };
 
 // A range of cells in the office's notation, with the values it held when it was set (for the
 // automatic scale and for tests).
-struct SpecData {
+struct PlanData {
   std::string range;
   std::vector<std::optional<double>> numbers;
 };
 
-struct SpecFont {
+struct PlanFont {
   double size = 10;
   bool bold = false;
 };
 
-struct SpecTitle {
+struct PlanTitle {
   std::string text;
-  SpecFont font{10, false};
+  PlanFont font{10, false};
 };
 
-struct SpecErrorBars {
+struct PlanErrorBars {
   bool plus = true;
   bool minus = true;
   bool endCaps = true;
@@ -49,27 +49,27 @@ struct SpecErrorBars {
   std::string minusRange;
 };
 
-struct SpecSeries {
-  SpecKind kind = SpecKind::Column;
+struct PlanSeries {
+  PlanKind kind = PlanKind::Column;
   bool secondary = false;
-  std::optional<SpecData> values;
+  std::optional<PlanData> values;
   std::optional<std::string> categories;  // labels of a category axis
-  std::optional<SpecData> xValues;        // scatter charts
+  std::optional<PlanData> xValues;        // scatter charts
   std::string name;                       // a cell's range, or a quoted literal ("\"Frequency\"")
   bool line = true;
   bool smooth = false;
-  SpecMarker marker = SpecMarker::Automatic;
+  PlanMarker marker = PlanMarker::Automatic;
   double markerSize = 7;
-  std::optional<SpecErrorBars> errorBars;
+  std::optional<PlanErrorBars> errorBars;
   std::int32_t lineColorIndex = kColorIndexAutomatic;
 };
 
-struct SpecAxis {
+struct PlanAxis {
   host::AxisType type = host::AxisType::Value;
   host::AxisGroup group = host::AxisGroup::Primary;
   bool shown = true;
-  std::optional<SpecTitle> title;
-  SpecFont tickLabelFont;
+  std::optional<PlanTitle> title;
+  PlanFont tickLabelFont;
   std::string numberFormat = "General";
   bool majorGridlines = false;
   bool minorGridlines = false;
@@ -79,16 +79,16 @@ struct SpecAxis {
 };
 
 // A rectangle inside the chart area, points from its top-left corner; automatic until set.
-struct SpecPlotArea {
+struct PlanPlotArea {
   std::optional<double> left, top, width, height;
   bool filled = true;
   bool border = true;
 };
 
-struct ChartSpec {
-  SpecKind kind = SpecKind::Column;  // a new chart is a clustered column chart
-  std::vector<SpecSeries> series;
-  std::optional<SpecTitle> title;
+struct ChartPlan {
+  PlanKind kind = PlanKind::Column;  // a new chart is a clustered column chart
+  std::vector<PlanSeries> series;
+  std::optional<PlanTitle> title;
   bool legend = true;
   bool upDownBars = false;
   std::int32_t upBarsColorIndex = kColorIndexAutomatic;
@@ -97,13 +97,13 @@ struct ChartSpec {
   std::int32_t gapWidth = 150;
   bool autoScaleFont = true;
   std::int32_t chartAreaColorIndex = kColorIndexAutomatic;
-  SpecPlotArea plotArea;
-  std::vector<SpecAxis> axes;  // the axes the chart has now
+  PlanPlotArea plotArea;
+  std::vector<PlanAxis> axes;  // the axes the chart has now
 };
 
 // The number of price series of a stock kind (4 or 3); 0 for other kinds.
-inline std::size_t priceSeries(SpecKind kind) {
-  return kind == SpecKind::StockOHLC ? 4 : kind == SpecKind::StockHLC ? 3 : 0;
+inline std::size_t priceSeries(PlanKind kind) {
+  return kind == PlanKind::StockOHLC ? 4 : kind == PlanKind::StockHLC ? 3 : 0;
 }
 
 }  // namespace orv::calc

@@ -11,11 +11,11 @@
 #include "cli/file_checks.h"
 #include "cli/input_checks.h"
 #include "cli/progress.h"
+#include "cli/run_exits.h"
 #include "cli/run_report.h"
 #include "frame/errors.h"
 #include "frame/host.h"
 #include "frame/sheet_name.h"
-#include "support/host_session.h"
 #include "workbook/in_memory_application.h"
 #include "xlsx/package_atomic_write.h"
 #include "xlsx/reader_workbook.h"
@@ -23,26 +23,6 @@
 
 namespace orv::cli {
 namespace {
-
-// Detaches the host however the run ends.
-struct Attached {
-  explicit Attached(Application& app) { HostSession::Attach(&app); }
-  ~Attached() { HostSession::Attach(nullptr); }
-  Attached(const Attached&) = delete;
-  Attached& operator=(const Attached&) = delete;
-};
-
-int usage(const std::string& message) {
-  std::cerr << "orvella: " << message << "\n";
-  return kExitUsage;
-}
-
-int failed(const std::string& message) {
-  std::cerr << "orvella: " << message << "\n";
-  return kExitFailed;
-}
-
-std::string quotedPath(const std::filesystem::path& p) { return "\"" + p.string() + "\""; }
 
 // The extensions a package may be written under; which one fits is known once it is read.
 bool writableExtension(const std::string& ext) {
@@ -142,7 +122,7 @@ int runAnalysis(const FileOptions& files, const AnalysisRequest& request) {
       originalSheets.push_back(loaded.book.Worksheets(i).Name());
     }
 
-    Attached attached(app);
+    AttachedHost attached(app);
     inspectInputs(app, &loaded, request, notes.warnings);
     progress.step("Analysing " + request.context.input + " ...");
     const Range pasted = request.run(notes);

@@ -11,9 +11,9 @@
 #include "cli/input_checks.h"
 #include "cli/interrupts.h"
 #include "cli/progress.h"
+#include "cli/run_exits.h"
 #include "cli/run_report.h"
 #include "frame/errors.h"
-#include "support/host_session.h"
 #include "xlsx/csv_reader.h"
 #include "xlsx/package_atomic_write.h"
 
@@ -26,14 +26,6 @@ using calc::OfficeError;
 // What the delimiter is guessed from: the opening lines of the file.
 constexpr std::size_t kDelimiterSample = 1 << 16;
 
-// Detaches the host however the run ends.
-struct Attached {
-  explicit Attached(Application& app) { HostSession::Attach(&app); }
-  ~Attached() { HostSession::Attach(nullptr); }
-  Attached(const Attached&) = delete;
-  Attached& operator=(const Attached&) = delete;
-};
-
 // Delimited text needs its delimiter named to the office; it is guessed as the command's own
 // reader guesses it.
 std::optional<char> textDelimiter(const std::filesystem::path& file) {
@@ -44,18 +36,6 @@ std::optional<char> textDelimiter(const std::filesystem::path& file) {
   in.read(sample.data(), static_cast<std::streamsize>(sample.size()));
   sample.resize(static_cast<std::size_t>(in.gcount()));
   return detectDelimiter(sample, ext == ".tsv" ? '\t' : ',');
-}
-
-std::string quotedPath(const std::filesystem::path& p) { return "\"" + p.string() + "\""; }
-
-int usage(const std::string& message) {
-  std::cerr << "orvella: " << message << "\n";
-  return kExitUsage;
-}
-
-int failed(const std::string& message) {
-  std::cerr << "orvella: " << message << "\n";
-  return kExitFailed;
 }
 
 // The checks that need no office, as the default host makes them, for what the office reads and
@@ -89,7 +69,7 @@ int runOnOffice(const FileOptions& files, const AnalysisRequest& request, std::o
   progress.step("Reading " + files.input.string() + " ...");
   Workbook& book = session->open(files.input, delimiter);
 
-  Attached attached(session->application());
+  AttachedHost attached(session->application());
   inspectInputs(session->application(), nullptr, request, notes.warnings);
   progress.step("Analysing " + request.context.input + " ...");
   const Range pasted = request.run(notes);

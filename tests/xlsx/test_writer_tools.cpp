@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <cstring>
 #include <string>
 #include <string_view>
@@ -66,9 +67,15 @@ TEST(WriterTools, SchemaAndPackageChecksPass) {
   ASSERT_TRUE(onPath("xmllint")) << "xmllint is missing: install the Debian package libxml2-utils";
   ASSERT_TRUE(onPath("unzip")) << "unzip is missing: install the Debian package unzip";
   const std::filesystem::path tools = xlsxToolsFolder();
-  ASSERT_TRUE(std::filesystem::exists(tools / "validate-xlsx") && std::filesystem::exists(tools / "xlsx-inspect"))
-      << "no validate-xlsx and xlsx-inspect in \"" << tools.string()
-      << "\": set ORV_XLSX_TOOLS (environment or CMake cache) to the folder that holds them";
+  const bool found = std::filesystem::exists(tools / "validate-xlsx") && std::filesystem::exists(tools / "xlsx-inspect");
+  // The schema tools and the schemas come with the team's shared folder beside the checkout, not
+  // from a Debian package: a fresh clone without it cannot run this check. CI requires it.
+  if (!found && std::getenv("ORV_REQUIRE_XLSX_TOOLS") == nullptr) {
+    GTEST_SKIP() << "no validate-xlsx and xlsx-inspect in \"" << tools.string()
+                 << "\": set ORV_XLSX_TOOLS (environment or CMake cache) to the folder that holds them";
+  }
+  ASSERT_TRUE(found) << "no validate-xlsx and xlsx-inspect in \"" << tools.string()
+                     << "\": set ORV_XLSX_TOOLS (environment or CMake cache) to the folder that holds them";
   ScratchFolder folder;
   writeOutputs(folder);
   for (const char* name : kWritten) {

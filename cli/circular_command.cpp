@@ -84,14 +84,6 @@ void noteAnglesBelowGaps(Application& app, const std::string& reference, bool he
   }
 }
 
-std::optional<std::string> angleOutside(Application& app, const std::string& reference) {
-  try {
-    return angleOutsideSentence(app.ResolveRange(reference));
-  } catch (const ComponentError&) {
-    return std::nullopt;
-  }
-}
-
 nlohmann::json optionsJson(const CircularOptions& o) {
   nlohmann::json j;
   j["headers"] = o.headers;
@@ -129,7 +121,7 @@ int run(const CircularOptions& o) {
       circ.Results(o.overwrite);
     } catch (const ComponentError& e) {
       notes.failure = circ.failure();
-      if (e.number() == err::kCircularInput) notes.cause = angleOutside(app, input);
+      if (e.number() == err::kCircularInput) notes.cause = angleOutsideSentence(app, input);
       throw;
     }
     return *circ.pastedBlock();

@@ -7,10 +7,10 @@
 #include <cmath>
 #include <vector>
 
-#include "cli/input_checks.h"
 #include "frame/conversions.h"
 #include "frame/host.h"
 #include "frame/range.h"
+#include "frame/reference.h"
 
 namespace orv::cli {
 namespace {
@@ -146,6 +146,18 @@ std::optional<std::string> angleOutsideSentence(const Range& input) {
     }
   }
   return std::nullopt;
+}
+
+std::optional<std::string> angleOutsideSentence(Application& app, const std::string& reference) {
+  try {
+    return angleOutsideSentence(app.ResolveRange(reference));
+  } catch (const ComponentError&) {
+    return std::nullopt;
+  }
+}
+
+std::string cellName(const Range& range, std::int32_t row, std::int32_t column) {
+  return quoteSheetName(range.Parent().Name()) + "!" + absoluteAddress(CellBlock{row, column, row, column});
 }
 
 }  // namespace orv::cli

@@ -4,6 +4,7 @@
 
 #include <optional>
 
+#include "cli/column_messages.h"
 #include "cli/used_cells.h"
 #include "frame/conversions.h"
 #include "frame/errors.h"
@@ -108,10 +109,6 @@ void noteReadCells(const LoadedWorkbook& loaded, const Range& range, const Analy
 }
 
 }  // namespace
-
-std::string cellName(const Range& range, std::int32_t row, std::int32_t column) {
-  return quoteSheetName(range.Parent().Name()) + "!" + absoluteAddress(CellBlock{row, column, row, column});
-}
 
 void inspectInputs(Application& app, const LoadedWorkbook* loaded, const AnalysisRequest& request,
                    std::vector<std::string>& warnings) {

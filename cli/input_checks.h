@@ -18,7 +18,6 @@
 
 namespace orv {
 class Application;
-class Range;
 struct LoadedWorkbook;
 }  // namespace orv
 
@@ -34,8 +33,5 @@ class InputRefused : public std::runtime_error {
 // reads the cells itself (the live one, whose formulas always carry values) gives nullptr.
 void inspectInputs(Application& app, const LoadedWorkbook* loaded, const AnalysisRequest& request,
                    std::vector<std::string>& warnings);
-
-// "Data!$B$7": a cell of the range's sheet, for sentences.
-std::string cellName(const Range& range, std::int32_t row, std::int32_t column);
 
 }  // namespace orv::cli

@@ -28,8 +28,8 @@ OptionValue whole(std::int64_t v) { return v; }
 
 // The texts clsDS compares ErrorCentre and ErrorError with; any other text is taken too.
 constexpr std::array<std::string_view, 2> kErrorCentres = {"Mean", "Median"};
-constexpr std::array<std::string_view, 6> kErrorBars = {"Standard Error", "Standard Deviation", "Variance",
-                                                        "Range", "Interpercentile Range", "Confidence Limits"};
+constexpr std::array<std::string_view, 6> kErrorBars = {"Standard Error", "Standard Deviation",    "Variance",
+                                                        "Range",          "Interpercentile Range", "Confidence Limits"};
 
 template <class A>
 Option<A> overWrite() {

@@ -45,7 +45,7 @@ using OptionValue = std::variant<bool, std::int64_t, std::string>;
 struct PropertyInfo {
   std::string_view name;  // the property, the dispatch argument and the dialog control
   Kind kind;
-  OptionValue initial;    // the value the class has when created (Results' default for OverWrite)
+  OptionValue initial;  // the value the class has when created (Results' default for OverWrite)
   std::span<const std::string_view> choices = {};  // Choice: the texts the class knows
   // False for a property that changes no result (kept on the public surface): it is taken as a
   // dispatch argument but left out of the dialog, where a control would promise an effect.
@@ -54,9 +54,9 @@ struct PropertyInfo {
 
 struct CommandInfo {
   Command command;
-  std::string_view name;      // in the dispatch URL: "vnd.orvella:Describe"
-  std::string_view title;     // the dialog's and the message box's title
-  std::string_view analysis;  // as the orvella command names it, for error sentences
+  std::string_view name;              // in the dispatch URL: "vnd.orvella:Describe"
+  std::string_view title;             // the dialog's and the message box's title
+  std::string_view analysis;          // as the orvella command names it, for error sentences
   std::vector<PropertyInfo> options;  // the properties in interface order, then OverWrite
 };
 

@@ -44,9 +44,7 @@ Range runAnalysis(const OptionValues& values, Application& app, FailureNotes& no
 Range run(Command command, const OptionValues& values, Application& app, FailureNotes& notes) {
   switch (command) {
     case Command::Describe: return runAnalysis<clsDS>(values, app, notes);
-    case Command::Circular:
-      try {
-        return runAnalysis<clsDSCirc>(values, app, notes);
+    case Command::Circular: try { return runAnalysis<clsDSCirc>(values, app, notes);
       } catch (const ComponentError& e) {
         if (e.number() == err::kCircularInput) {
           notes.cause = cli::angleOutsideSentence(app, cli::usedCells(app, textOption(values, "InputRange")));

@@ -2,17 +2,17 @@
 // (orvella.components names the library and the one implementation it holds). They are the
 // only symbols the library exports.
 
-#include <cppuhelper/factory.hxx>
-#include <cppuhelper/implementationentry.hxx>
 #include <uno/environment.h>
 #include <uno/lbnames.h>
+#include <cppuhelper/factory.hxx>
+#include <cppuhelper/implementationentry.hxx>
 
 #include "calc/extension/protocol_handler.h"
 
 namespace {
 
-css::uno::Reference<css::uno::XInterface> SAL_CALL create(
-    const css::uno::Reference<css::uno::XComponentContext>& context) {
+css::uno::Reference<css::uno::XInterface> SAL_CALL
+create(const css::uno::Reference<css::uno::XComponentContext>& context) {
   return static_cast<cppu::OWeakObject*>(new orv::extension::ProtocolHandler(context));
 }
 
@@ -30,6 +30,6 @@ extern "C" SAL_DLLPUBLIC_EXPORT void* SAL_CALL component_getFactory(const char* 
 }
 
 extern "C" SAL_DLLPUBLIC_EXPORT void SAL_CALL component_getImplementationEnvironment(const char** environmentTypeName,
-                                                                                    uno_Environment**) {
+                                                                                     uno_Environment**) {
   *environmentTypeName = CPPU_CURRENT_LANGUAGE_BINDING_NAME;
 }

@@ -40,8 +40,8 @@ std::string allNames(const CommandInfo& command) {
 }
 
 [[noreturn]] void refuse(const CommandInfo& command, const Argument& a, std::string_view takes) {
-  throw ArgumentError(fmt::format("The argument {} of vnd.orvella:{} takes {}, not {}.", a.name, command.name,
-                                  takes, typeName(a.value)));
+  throw ArgumentError(fmt::format("The argument {} of vnd.orvella:{} takes {}, not {}.", a.name, command.name, takes,
+                                  typeName(a.value)));
 }
 
 // The whole number an integer or a fraction-free floating-point number holds.
@@ -83,8 +83,8 @@ OptionValue valueFor(const CommandInfo& command, const PropertyInfo& option, con
     case Kind::DataRange:
     case Kind::OutputRange:
       if (const auto* s = std::get_if<std::string>(&a.value)) return *s;
-      refuse(command, a, option.kind == Kind::DataRange || option.kind == Kind::OutputRange ? "a reference text"
-                                                                                           : "a text");
+      refuse(command, a,
+             option.kind == Kind::DataRange || option.kind == Kind::OutputRange ? "a reference text" : "a text");
   }
   refuse(command, a, "nothing");
 }
@@ -103,8 +103,8 @@ OptionValues optionValuesOf(const CommandInfo& command, const std::vector<Argume
   for (const Argument& a : arguments) {
     const PropertyInfo* option = findOption(command, a.name);
     if (option == nullptr) {
-      throw ArgumentError(fmt::format("vnd.orvella:{} has no argument named \"{}\"; it takes {}.", command.name,
-                                      a.name, allNames(command)));
+      throw ArgumentError(fmt::format("vnd.orvella:{} has no argument named \"{}\"; it takes {}.", command.name, a.name,
+                                      allNames(command)));
     }
     values.insert_or_assign(a.name, valueFor(command, *option, a));
   }

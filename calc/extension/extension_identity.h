@@ -14,8 +14,7 @@ inline constexpr std::string_view kProtocol = "vnd.orvella:";
 
 // Where the office finds a command's dialog inside the installed package.
 inline std::string dialogUrl(std::string_view command) {
-  return "vnd.sun.star.extension://" + std::string(kExtensionIdentifier) + "/dialogs/" + std::string(command) +
-         ".xdl";
+  return "vnd.sun.star.extension://" + std::string(kExtensionIdentifier) + "/dialogs/" + std::string(command) + ".xdl";
 }
 
 }  // namespace orv::extension

@@ -103,7 +103,9 @@ OptionValues OptionsDialog::values() const {
       case Kind::Flag: values[std::string(option.name)] = m->getPropertyValue("State").get<sal_Int16>() == 1; break;
       case Kind::Text:
       case Kind::Choice:
-      case Kind::DataRange: values[std::string(option.name)] = calc::fromUno(m->getPropertyValue("Text").get<OUString>()); break;
+      case Kind::DataRange:
+        values[std::string(option.name)] = calc::fromUno(m->getPropertyValue("Text").get<OUString>());
+        break;
       case Kind::OutputRange: {
         const bool newSheet = model(kNewSheet)->getPropertyValue("State").get<sal_Int16>() == 1;
         values[std::string(option.name)] =
@@ -119,7 +121,8 @@ OptionValues OptionsDialog::values() const {
         break;
       }
       case Kind::DataType: {
-        const css::uno::Sequence<sal_Int16> selected = m->getPropertyValue("SelectedItems").get<css::uno::Sequence<sal_Int16>>();
+        const css::uno::Sequence<sal_Int16> selected =
+            m->getPropertyValue("SelectedItems").get<css::uno::Sequence<sal_Int16>>();
         values[std::string(option.name)] = static_cast<std::int64_t>(selected.hasElements() ? selected[0] : 0);
         break;
       }

@@ -118,7 +118,8 @@ css::uno::Sequence<Reference<css::frame::XDispatch>> ProtocolHandler::queryDispa
   return dispatches;
 }
 
-void ProtocolHandler::dispatch(const css::util::URL& url, const css::uno::Sequence<css::beans::PropertyValue>& arguments) {
+void ProtocolHandler::dispatch(const css::util::URL& url,
+                               const css::uno::Sequence<css::beans::PropertyValue>& arguments) {
   dispatchWithNotification(url, arguments, nullptr);
 }
 

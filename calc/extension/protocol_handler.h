@@ -46,16 +46,17 @@ class ProtocolHandler final
   queryDispatches(const css::uno::Sequence<css::frame::DispatchDescriptor>& requests) override;
 
   // XDispatch
-  void SAL_CALL dispatch(const css::util::URL& url, const css::uno::Sequence<css::beans::PropertyValue>& arguments) override;
+  void SAL_CALL dispatch(const css::util::URL& url,
+                         const css::uno::Sequence<css::beans::PropertyValue>& arguments) override;
   void SAL_CALL addStatusListener(const css::uno::Reference<css::frame::XStatusListener>& listener,
                                   const css::util::URL& url) override;
   void SAL_CALL removeStatusListener(const css::uno::Reference<css::frame::XStatusListener>& listener,
                                      const css::util::URL& url) override;
 
   // XNotifyingDispatch
-  void SAL_CALL dispatchWithNotification(const css::util::URL& url,
-                                         const css::uno::Sequence<css::beans::PropertyValue>& arguments,
-                                         const css::uno::Reference<css::frame::XDispatchResultListener>& listener) override;
+  void SAL_CALL
+  dispatchWithNotification(const css::util::URL& url, const css::uno::Sequence<css::beans::PropertyValue>& arguments,
+                           const css::uno::Reference<css::frame::XDispatchResultListener>& listener) override;
 
   // XServiceInfo
   rtl::OUString SAL_CALL getImplementationName() override;

@@ -126,24 +126,50 @@ TEST(CommandOptions, DescribeOptionsReachTheirProperties) {
       {{{"GetSD", true}}, [](clsDS& a) { a.GetSD(true); }},
       {{{"GetVariance", true}}, [](clsDS& a) { a.GetVariance(true); }},
       {{{"GetCV", true}}, [](clsDS& a) { a.GetCV(true); }},
-      {{{"GetCL", true}, {"CL", std::int64_t{90}}}, [](clsDS& a) { a.GetCL(true); a.CL(90); }},
+      {{{"GetCL", true}, {"CL", std::int64_t{90}}},
+       [](clsDS& a) {
+         a.GetCL(true);
+         a.CL(90);
+       }},
       {{{"GetSum", true}}, [](clsDS& a) { a.GetSum(true); }},
       {{{"GetSkewness", true}}, [](clsDS& a) { a.GetSkewness(true); }},
       {{{"GetKurtosis", true}}, [](clsDS& a) { a.GetKurtosis(true); }},
       {{{"GetMin", true}}, [](clsDS& a) { a.GetMin(true); }},
       {{{"GetMax", true}}, [](clsDS& a) { a.GetMax(true); }},
       {{{"GetCount", true}}, [](clsDS& a) { a.GetCount(true); }},
-      {{{"GetLargest", true}, {"Largest", std::int64_t{2}}}, [](clsDS& a) { a.GetLargest(true); a.Largest(2); }},
-      {{{"GetSmallest", true}, {"Smallest", std::int64_t{3}}}, [](clsDS& a) { a.GetSmallest(true); a.Smallest(3); }},
+      {{{"GetLargest", true}, {"Largest", std::int64_t{2}}},
+       [](clsDS& a) {
+         a.GetLargest(true);
+         a.Largest(2);
+       }},
+      {{{"GetSmallest", true}, {"Smallest", std::int64_t{3}}},
+       [](clsDS& a) {
+         a.GetSmallest(true);
+         a.Smallest(3);
+       }},
       {{{"GetRange", true}}, [](clsDS& a) { a.GetRange(true); }},
       {{{"GetPercentile", true}, {"Percentile", std::int64_t{10}}},
-       [](clsDS& a) { a.GetPercentile(true); a.Percentile(10); }},
+       [](clsDS& a) {
+         a.GetPercentile(true);
+         a.Percentile(10);
+       }},
       {{{"PlotBox", true}, {"BoxTitle", S("Box")}, {"BoxYTitle", S("cm")}},
-       [](clsDS& a) { a.PlotBox(true); a.BoxTitle("Box"); a.BoxYTitle("cm"); }},
-      {{{"PlotError", true}, {"ErrorTitle", S("Bars")}, {"ErrorYTitle", S("g")}, {"ErrorCentre", S("Mean")},
+       [](clsDS& a) {
+         a.PlotBox(true);
+         a.BoxTitle("Box");
+         a.BoxYTitle("cm");
+       }},
+      {{{"PlotError", true},
+        {"ErrorTitle", S("Bars")},
+        {"ErrorYTitle", S("g")},
+        {"ErrorCentre", S("Mean")},
         {"ErrorError", S("Range")}},
        [](clsDS& a) {
-         a.PlotError(true); a.ErrorTitle("Bars"); a.ErrorYTitle("g"); a.ErrorCentre("Mean"); a.ErrorError("Range");
+         a.PlotError(true);
+         a.ErrorTitle("Bars");
+         a.ErrorYTitle("g");
+         a.ErrorCentre("Mean");
+         a.ErrorError("Range");
        }},
       {{{"OutputFrequencies", true}}, [](clsDS& a) { a.OutputFrequencies(true); }},
       {{{"OutputRange", S("Data!G3")}}, [](clsDS& a) { a.OutputRange("Data!G3"); }},
@@ -166,7 +192,11 @@ TEST(CommandOptions, CircularOptionsReachTheirProperties) {
       {{{"GetCircularSD", true}}, [](clsDSCirc& a) { a.GetCircularSD(true); }},
       {{{"GetCircularVar", true}}, [](clsDSCirc& a) { a.GetCircularVar(true); }},
       {{{"GetRayleigh", true}}, [](clsDSCirc& a) { a.GetRayleigh(true); }},
-      {{{"GetCL", true}, {"CL", std::int64_t{90}}}, [](clsDSCirc& a) { a.GetCL(true); a.CL(90); }},
+      {{{"GetCL", true}, {"CL", std::int64_t{90}}},
+       [](clsDSCirc& a) {
+         a.GetCL(true);
+         a.CL(90);
+       }},
       {{{"Plot", true}}, [](clsDSCirc& a) { a.Plot(true); }},
       {{{"OutputRange", std::string("Data!G3")}}, [](clsDSCirc& a) { a.OutputRange("Data!G3"); }},
       {{{"OutputRange", std::string("Data!A1")}, {"OverWrite", true}},
@@ -182,16 +212,30 @@ TEST(CommandOptions, FrequencyOptionsReachTheirProperties) {
       {initialValues(commandInfo(Command::Frequency)), [](clsFreq&) {}},
       {{{"Headers", true}}, [](clsFreq& a) { a.Headers(true); }},
       {{{"DataType", std::int64_t{1}}}, [](clsFreq& a) { a.DataType(ORVDescriptivesFreqNominal); }},
-      {{{"PlotHistogram", true}, {"PlotNormal", false}, {"PlotCumulative", true}, {"HistogramTitle", S("H")},
-        {"HistogramXTitle", S("x")}, {"HistogramYTitle", S("n")}},
+      {{{"PlotHistogram", true},
+        {"PlotNormal", false},
+        {"PlotCumulative", true},
+        {"HistogramTitle", S("H")},
+        {"HistogramXTitle", S("x")},
+        {"HistogramYTitle", S("n")}},
        [](clsFreq& a) {
-         a.PlotHistogram(true); a.PlotNormal(false); a.PlotCumulative(true); a.HistogramTitle("H");
-             a.HistogramXTitle("x"); a.HistogramYTitle("n");
+         a.PlotHistogram(true);
+         a.PlotNormal(false);
+         a.PlotCumulative(true);
+         a.HistogramTitle("H");
+         a.HistogramXTitle("x");
+         a.HistogramYTitle("n");
        }},
       {{{"PlotHistogram", true}, {"CategoryStartPoint", true}},
-       [](clsFreq& a) { a.PlotHistogram(true); a.CategoryStartPoint(true); }},
+       [](clsFreq& a) {
+         a.PlotHistogram(true);
+         a.CategoryStartPoint(true);
+       }},
       {{{"BinRange", S("Data!D1:D4")}, {"ShowRawData", true}},
-       [](clsFreq& a) { a.BinRange("Data!D1:D4"); a.ShowRawData(true); }},
+       [](clsFreq& a) {
+         a.BinRange("Data!D1:D4");
+         a.ShowRawData(true);
+       }},
       {{{"FrequencyRange", S("Data!E1:E12")}}, [](clsFreq& a) { a.FrequencyRange("Data!E1:E12"); }},
       {{{"DataInRows", true}}, [](clsFreq& a) { a.DataInRows(true); }},
       {{{"OutputRange", S("Data!G3")}}, [](clsFreq& a) { a.OutputRange("Data!G3"); }},
@@ -231,12 +275,24 @@ TEST(CommandOptions, DialogsOpenWithTheValuesOfANewObject) {
 // Macros name the options as the classes' public interfaces do, in their member order.
 TEST(CommandOptions, OptionsAreThePublicPropertiesInMemberOrder) {
   const std::map<Command, std::vector<std::string_view>> interfaces = {
-      {Command::Describe,
-       {"Headers", "GetMean", "GetMedian", "GetMode", "GetSE", "GetSD", "GetVariance", "GetCV", "GetCL", "GetSum",
-        "GetSkewness", "GetKurtosis", "GetMin", "GetMax", "GetCount", "GetLargest", "GetSmallest", "GetRange",
-        "GetPercentile", "PlotBox", "PlotError", "InputRange", "OutputRange", "CL", "Percentile", "Largest",
-        "Smallest", "BoxTitle", "BoxYTitle", "ErrorTitle", "ErrorYTitle", "ErrorCentre", "ErrorError",
-        "OutputFrequencies", "OverWrite"}},
+      {Command::Describe, {"Headers",       "GetMean",
+                           "GetMedian",     "GetMode",
+                           "GetSE",         "GetSD",
+                           "GetVariance",   "GetCV",
+                           "GetCL",         "GetSum",
+                           "GetSkewness",   "GetKurtosis",
+                           "GetMin",        "GetMax",
+                           "GetCount",      "GetLargest",
+                           "GetSmallest",   "GetRange",
+                           "GetPercentile", "PlotBox",
+                           "PlotError",     "InputRange",
+                           "OutputRange",   "CL",
+                           "Percentile",    "Largest",
+                           "Smallest",      "BoxTitle",
+                           "BoxYTitle",     "ErrorTitle",
+                           "ErrorYTitle",   "ErrorCentre",
+                           "ErrorError",    "OutputFrequencies",
+                           "OverWrite"}},
       {Command::Circular,
        {"Headers", "GetMean", "GetMeanVector", "GetCount", "GetAngularSD", "GetAngularVar", "GetCircularSD",
         "GetCircularVar", "GetRayleigh", "GetCL", "Plot", "InputRange", "OutputRange", "CL", "OverWrite"}},

@@ -51,38 +51,52 @@ struct Refused {
 
 TEST(DispatchArguments, AValueThatDoesNotFitIsRefusedByName) {
   const std::vector<Refused> cases = {
-      {Command::Describe, {"CL", std::int64_t{256}},
+      {Command::Describe,
+       {"CL", std::int64_t{256}},
        "The argument CL of vnd.orvella:Describe takes a whole number from 0 to 255, not the whole number 256."},
-      {Command::Describe, {"Percentile", std::int64_t{-1}},
+      {Command::Describe,
+       {"Percentile", std::int64_t{-1}},
        "The argument Percentile of vnd.orvella:Describe takes a whole number from 0 to 255, not the whole number -1."},
-      {Command::Describe, {"Percentile", 12.5},
+      {Command::Describe,
+       {"Percentile", 12.5},
        "The argument Percentile of vnd.orvella:Describe takes a whole number from 0 to 255, not the number 12.5."},
-      {Command::Describe, {"Largest", std::int64_t{2147483648LL}},
+      {Command::Describe,
+       {"Largest", std::int64_t{2147483648LL}},
        "The argument Largest of vnd.orvella:Describe takes a whole number from -2147483648 to 2147483647, not the "
        "whole number 2147483648."},
-      {Command::Describe, {"GetMean", std::int64_t{1}},
+      {Command::Describe,
+       {"GetMean", std::int64_t{1}},
        "The argument GetMean of vnd.orvella:Describe takes True or False, not the whole number 1."},
-      {Command::Describe, {"Headers", std::monostate()},
+      {Command::Describe,
+       {"Headers", std::monostate()},
        "The argument Headers of vnd.orvella:Describe takes True or False, not nothing."},
-      {Command::Describe, {"InputRange", 3.0},
+      {Command::Describe,
+       {"InputRange", 3.0},
        "The argument InputRange of vnd.orvella:Describe takes a reference text, not the number 3."},
-      {Command::Describe, {"BoxTitle", true}, "The argument BoxTitle of vnd.orvella:Describe takes a text, not a Boolean."},
-      {Command::Describe, {"OutputRange", OtherType{"[]long"}},
+      {Command::Describe,
+       {"BoxTitle", true},
+       "The argument BoxTitle of vnd.orvella:Describe takes a text, not a Boolean."},
+      {Command::Describe,
+       {"OutputRange", OtherType{"[]long"}},
        "The argument OutputRange of vnd.orvella:Describe takes a reference text, not a value of type []long."},
-      {Command::Frequency, {"DataType", std::int64_t{2}},
+      {Command::Frequency,
+       {"DataType", std::int64_t{2}},
        "The argument DataType of vnd.orvella:Frequency takes 0 (ORVDescriptivesFreqNumerical) or 1 "
        "(ORVDescriptivesFreqNominal), not the whole number 2."},
-      {Command::Frequency, {"DataType", std::string("Nominal")},
+      {Command::Frequency,
+       {"DataType", std::string("Nominal")},
        "The argument DataType of vnd.orvella:Frequency takes 0 (ORVDescriptivesFreqNumerical) or 1 "
        "(ORVDescriptivesFreqNominal), not the text \"Nominal\"."},
       // Names are case-sensitive like the properties; CL of the circular class, not Percentile.
-      {Command::Describe, {"getmean", true},
+      {Command::Describe,
+       {"getmean", true},
        "vnd.orvella:Describe has no argument named \"getmean\"; it takes Headers, GetMean, GetMedian, GetMode, "
        "GetSE, GetSD, GetVariance, GetCV, GetCL, GetSum, GetSkewness, GetKurtosis, GetMin, GetMax, GetCount, "
        "GetLargest, GetSmallest, GetRange, GetPercentile, PlotBox, PlotError, InputRange, OutputRange, CL, "
        "Percentile, Largest, Smallest, BoxTitle, BoxYTitle, ErrorTitle, ErrorYTitle, ErrorCentre, ErrorError, "
        "OutputFrequencies, OverWrite."},
-      {Command::Circular, {"Percentile", std::int64_t{10}},
+      {Command::Circular,
+       {"Percentile", std::int64_t{10}},
        "vnd.orvella:Circular has no argument named \"Percentile\"; it takes Headers, GetMean, GetMeanVector, "
        "GetCount, GetAngularSD, GetAngularVar, GetCircularSD, GetCircularVar, GetRayleigh, GetCL, Plot, "
        "InputRange, OutputRange, CL, OverWrite."},

@@ -161,8 +161,7 @@ TEST(PackageFiles, TheOfficeFindsTheExtensionByTheNamesTheCodeUses) {
 
 TEST(PackageFiles, TheMenuOffersEveryCommandAtTheEndOfDataStatistics) {
   const pugi::xml_document addons = load("Addons.xcu");
-  const pugi::xml_node merge =
-      addons.select_node("//node[@oor:name='OfficeMenuBarMerging']/node/node").node();
+  const pugi::xml_node merge = addons.select_node("//node[@oor:name='OfficeMenuBarMerging']/node/node").node();
   ASSERT_TRUE(merge);
   const auto prop = [&](const char* name) {
     return std::string(merge.find_child_by_attribute("prop", "oor:name", name).child_value("value"));

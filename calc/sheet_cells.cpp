@@ -46,10 +46,6 @@ ErrorValue errorOf(sal_Int32 code) {
   return ErrorValue::Value;
 }
 
-CellBlock blockOf(const css::table::CellRangeAddress& a) {
-  return CellBlock{a.StartRow + 1, a.StartColumn + 1, a.EndRow + 1, a.EndColumn + 1};
-}
-
 // Calls visit(row, column) for every cell of `from` that lies in `within`.
 template <class Visit>
 void forEachCellIn(const css::table::CellRangeAddress& from, const CellBlock& within, Visit&& visit) {

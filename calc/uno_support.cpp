@@ -11,6 +11,10 @@ std::string fromUno(const OUString& text) {
   return std::string(utf8.getStr(), static_cast<std::size_t>(utf8.getLength()));
 }
 
+CellBlock blockOf(const css::table::CellRangeAddress& a) {
+  return CellBlock{a.StartRow + 1, a.StartColumn + 1, a.EndRow + 1, a.EndColumn + 1};
+}
+
 namespace {
 
 // The bridge raises DisposedException once the office's end has gone, and a plain

@@ -1,9 +1,10 @@
 #pragma once
-// Small bridges between the component's types and UNO's: texts both ways, and UNO exceptions
-// turned into the component's host failures, so that nothing the office raises escapes the
-// component's error convention.
+// Small bridges between the component's types and UNO's: texts both ways, cell blocks from the
+// office's range addresses, and UNO exceptions turned into the component's host failures, so that
+// nothing the office raises escapes the component's error convention.
 
 #include <com/sun/star/lang/DisposedException.hpp>
+#include <com/sun/star/table/CellRangeAddress.hpp>
 #include <com/sun/star/uno/Exception.hpp>
 #include <com/sun/star/uno/RuntimeException.hpp>
 #include <rtl/ustring.hxx>
@@ -12,6 +13,7 @@
 #include <string_view>
 
 #include "frame/errors.h"
+#include "frame/reference.h"
 
 namespace orv::calc {
 
@@ -22,6 +24,9 @@ using ::rtl::OUString;
 // UTF-8 to and from the office's UTF-16 texts.
 OUString toUno(std::string_view utf8);
 std::string fromUno(const OUString& text);
+
+// The office's 0-based range address as the component's 1-based block (the sheet index apart).
+CellBlock blockOf(const css::table::CellRangeAddress& address);
 
 // The description of a host failure caused by a UNO exception: what was being done and what
 // the office said. A lost connection (the bridge disposed, or the socket closed during a call)

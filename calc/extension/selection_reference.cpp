@@ -23,10 +23,6 @@ using css::uno::Reference;
 using css::uno::UNO_QUERY;
 using css::uno::UNO_QUERY_THROW;
 
-CellBlock blockOf(const CellRangeAddress& a) {
-  return CellBlock{a.StartRow + 1, a.StartColumn + 1, a.EndRow + 1, a.EndColumn + 1};
-}
-
 std::string sheetName(const Reference<css::frame::XModel>& document, sal_Int16 index) {
   const Reference<css::sheet::XSpreadsheetDocument> spreadsheet(document, UNO_QUERY_THROW);
   const Reference<css::container::XIndexAccess> sheets(spreadsheet->getSheets(), UNO_QUERY_THROW);
@@ -63,7 +59,7 @@ std::string selectionReference(const Reference<css::frame::XModel>& document) {
     const std::vector<CellRangeAddress> areas = selectedAreas(view->getSelection());
     if (areas.empty()) return {};
     std::vector<CellBlock> blocks;
-    for (const CellRangeAddress& a : areas) blocks.push_back(blockOf(a));
+    for (const CellRangeAddress& a : areas) blocks.push_back(calc::blockOf(a));
     return quoteSheetName(sheetName(document, areas.front().Sheet)) + "!" + absoluteAddress(blocks);
   } catch (const css::uno::Exception&) {
     return {};  // an input field left empty is no failure: the user types the reference

@@ -244,7 +244,7 @@ TEST(CommandOptions, FrequencyOptionsReachTheirProperties) {
   expectSameRuns(Command::Frequency, cases);
 }
 
-// The values each option has on a new object, from the tables of Parts 2.3, 3.2 and 4.3: every
+// The values each option has on a new object, as the classes document their defaults: every
 // Boolean False but PlotNormal, every text empty, CL 95, Percentile 25, Largest and Smallest 0,
 // DataType numerical; OverWrite False as Results takes it when omitted. The runs above show that
 // these values change nothing; this names them, so that a table that agreed with a wrong class

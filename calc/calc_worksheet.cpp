@@ -129,6 +129,24 @@ double CalcWorksheet::columnWidth(std::int32_t column) const {
   return cached(columnWidths_, column, [&] { return measuredSize(false, column); });
 }
 
+bool CalcWorksheet::columnWidthSet(std::int32_t column) const {
+  return columnWidth(column) != columnWidth(kMaxColumns);
+}
+
+void CalcWorksheet::setColumnWidth(std::int32_t column, double points) {
+  requireCellOnSheet(1, column);
+  if (!std::isfinite(points) || points < 0.0) raiseHost("Unable to set the ColumnWidth property of the Range class");
+  remote("size a column of the sheet " + name_, [&] {
+    const Reference<css::table::XColumnRowRange> range(sheet(), UNO_QUERY_THROW);
+    Reference<css::beans::XPropertySet>(range->getColumns()->getByIndex(column - 1), UNO_QUERY_THROW)
+        ->setPropertyValue("Width", css::uno::Any(static_cast<sal_Int32>(std::lround(points * 2540.0 / 72.0))));
+  });
+  // The office rounds to its own units; what it keeps is asked again when needed, and every
+  // column to the right has moved.
+  columnWidths_.erase(column);
+  columnLefts_.erase(columnLefts_.upper_bound(column), columnLefts_.end());
+}
+
 double CalcWorksheet::measuredSize(bool row, std::int32_t index) const {
   return remote("measure the sheet " + name_, [&] {
     const Reference<css::table::XColumnRowRange> range(sheet(), UNO_QUERY_THROW);

@@ -52,6 +52,10 @@ class CalcWorksheet final : public Worksheet {
   double columnLeft(std::int32_t column) const override;
   double rowHeight(std::int32_t row) const override;
   double columnWidth(std::int32_t column) const override;
+  // The office keeps no mark of a column sized by hand: a column counts as set when its width
+  // differs from that of the sheet's last column, which files and people leave at the default.
+  bool columnWidthSet(std::int32_t column) const override;
+  void setColumnWidth(std::int32_t column, double points) override;
 
   // As in the in-memory host: Activate makes this the active sheet of its workbook and activates
   // the workbook; MoveAfter works within the sheet's own workbook and makes the moved sheet the

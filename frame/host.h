@@ -59,6 +59,12 @@ class Worksheet {
   virtual double columnLeft(std::int32_t column) const = 0;
   virtual double rowHeight(std::int32_t row) const = 0;
   virtual double columnWidth(std::int32_t column) const = 0;
+  // Whether a column has a width of its own (given by a file, a person or a program) rather than
+  // the sheet's default one.
+  virtual bool columnWidthSet(std::int32_t column) const = 0;
+  // A width of its own for a column, in points (0 hides it); negative or not finite is a host
+  // failure.
+  virtual void setColumnWidth(std::int32_t column, double points) = 0;
 
   virtual void Activate() = 0;
   // Worksheet.Move After:=sheet, within the sheet's own workbook.

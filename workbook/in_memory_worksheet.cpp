@@ -1,5 +1,7 @@
 #include "workbook/in_memory_worksheet.h"
 
+#include <algorithm>
+
 #include "frame/conversions.h"
 #include "frame/errors.h"
 #include "workbook/in_memory_application.h"
@@ -19,6 +21,12 @@ CellValue InMemoryWorksheet::cellValue(std::int32_t row, std::int32_t column) co
 void InMemoryWorksheet::assignValue(std::int32_t row, std::int32_t column, const CellValue& value) {
   requireCellOnSheet(row, column);
   cells_.set(row, column, assignedValue(value, [&] { return formats_.format(row, column).numberFormat; }));
+  noteWritten(CellBlock{row, column, row, column});
+}
+
+void InMemoryWorksheet::pasteValue(std::int32_t row, std::int32_t column, const CellValue& value) {
+  storeRaw(row, column, value);
+  noteWritten(CellBlock{row, column, row, column});
 }
 
 void InMemoryWorksheet::storeRaw(std::int32_t row, std::int32_t column, CellValue value) {
@@ -39,11 +47,13 @@ CellFormat InMemoryWorksheet::cellFormat(std::int32_t row, std::int32_t column) 
 void InMemoryWorksheet::setCellFormat(std::int32_t row, std::int32_t column, const CellFormat& format) {
   requireCellOnSheet(row, column);
   formats_.set(row, column, format);
+  noteWritten(CellBlock{row, column, row, column});
 }
 
 void InMemoryWorksheet::applyFormat(const CellBlock& block, const FormatPatch& patch) {
   requireBlockOnSheet(block);
   formats_.apply(block, patch);
+  noteWritten(block);
 }
 
 void InMemoryWorksheet::clear(const CellBlock& block) {
@@ -54,6 +64,16 @@ void InMemoryWorksheet::clear(const CellBlock& block) {
     cells_.clear(block);
   }
   formats_.clear(block);
+  noteWritten(block);
+}
+
+void InMemoryWorksheet::noteWritten(const CellBlock& block) {
+  if (!written_) {
+    written_ = block;
+    return;
+  }
+  written_ = CellBlock{std::min(written_->top, block.top), std::min(written_->left, block.left),
+                       std::max(written_->bottom, block.bottom), std::max(written_->right, block.right)};
 }
 
 double InMemoryWorksheet::rowTop(std::int32_t row) const {
@@ -74,6 +94,16 @@ double InMemoryWorksheet::rowHeight(std::int32_t row) const {
 double InMemoryWorksheet::columnWidth(std::int32_t column) const {
   requireCellOnSheet(1, column);
   return geometry_.columnWidth(column);
+}
+
+bool InMemoryWorksheet::columnWidthSet(std::int32_t column) const {
+  requireCellOnSheet(1, column);
+  return geometry_.customColumnWidths().contains(column);
+}
+
+void InMemoryWorksheet::setColumnWidth(std::int32_t column, double points) {
+  requireCellOnSheet(1, column);
+  geometry_.setColumnWidth(column, points);
 }
 
 void InMemoryWorksheet::Activate() {

@@ -42,9 +42,7 @@ class InMemoryWorksheet final : public Worksheet {
   void assignValue(std::int32_t row, std::int32_t column, const CellValue& value) override;
   // As a file reader stores: no conversion at all.
   void storeRaw(std::int32_t row, std::int32_t column, CellValue value);
-  void pasteValue(std::int32_t row, std::int32_t column, const CellValue& value) override {
-    storeRaw(row, column, value);
-  }
+  void pasteValue(std::int32_t row, std::int32_t column, const CellValue& value) override;
   void readBlock(const CellBlock& block, ValueArray2D& out) const override;
 
   CellFormat cellFormat(std::int32_t row, std::int32_t column) const override;
@@ -52,11 +50,20 @@ class InMemoryWorksheet final : public Worksheet {
   void applyFormat(const CellBlock& block, const FormatPatch& patch) override;
   void clear(const CellBlock& block) override;
   std::optional<CellBlock> usedBlock() const override { return cells_.usedBlock(); }
+  // The smallest block that holds every cell whose value or format was set through the host
+  // interface (assignValue, pasteValue, setCellFormat, applyFormat, clear), that is by a program
+  // rather than by a file reader's storeRaw; none when there is no such cell. What a writer must
+  // put into a file that already holds the sheet.
+  const std::optional<CellBlock>& writtenBlock() const { return written_; }
 
   double rowTop(std::int32_t row) const override;
   double columnLeft(std::int32_t column) const override;
   double rowHeight(std::int32_t row) const override;
   double columnWidth(std::int32_t column) const override;
+  // Set: a width in the geometry's list of custom widths (a file's <col> width that differs from
+  // the sheet's default, or one set since).
+  bool columnWidthSet(std::int32_t column) const override;
+  void setColumnWidth(std::int32_t column, double points) override;
   SheetGeometry& geometry() { return geometry_; }
   const SheetGeometry& geometry() const { return geometry_; }
 
@@ -86,12 +93,15 @@ class InMemoryWorksheet final : public Worksheet {
  private:
   friend class InMemoryWorkbook;  // sets the name after checking it
 
+  void noteWritten(const CellBlock& block);
+
   InMemoryWorkbook* parent_;
   std::string name_;
   CellStore cells_;
   FormatStore formats_;
   SheetGeometry geometry_;
   std::vector<CellBlock> selection_{CellBlock{}};
+  std::optional<CellBlock> written_;
   InMemoryChartObjects charts_{*this};
 };
 

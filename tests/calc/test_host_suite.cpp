@@ -271,6 +271,23 @@ TEST_P(HostSuite, GeometryAddsUpRowsAndColumns) {
   EXPECT_EQ(raisedNumber([&] { range("XFD1").Cells(1, 2); }), 1004);
 }
 
+TEST_P(HostSuite, ColumnsTakeWidthsOfTheirOwnAndSaySo) {
+  Worksheet& data = sheet();
+  const double standard = data.columnWidth(5);
+  EXPECT_FALSE(data.columnWidthSet(5));
+  const double before = data.columnLeft(7);
+  data.setColumnWidth(5, standard + 30.75);  // whole pixels, which every host keeps exactly
+  EXPECT_TRUE(data.columnWidthSet(5));
+  EXPECT_FALSE(data.columnWidthSet(6));
+  EXPECT_DOUBLE_EQ(data.columnWidth(5), standard + 30.75);
+  EXPECT_DOUBLE_EQ(data.columnLeft(7), before + 30.75) << "the columns to the right move";
+  EXPECT_DOUBLE_EQ(range("F1").Left(), data.columnLeft(5) + standard + 30.75);
+  for (const double bad : {-1.0, std::numeric_limits<double>::infinity()}) {
+    EXPECT_EQ(raisedNumber([&] { data.setColumnWidth(5, bad); }), 1004) << bad;
+  }
+  EXPECT_EQ(raisedNumber([&] { data.setColumnWidth(16385, 50); }), 1004);
+}
+
 }  // namespace
 
 INSTANTIATE_TEST_SUITE_P(Hosts, HostSuite, ::testing::Values(&inMemoryHost, &liveHost),

@@ -288,6 +288,8 @@ class RecWorksheet final : public Worksheet, public Passing<Worksheet> {
   double columnLeft(std::int32_t column) const override ORV_PASS(columnLeft(column))
   double rowHeight(std::int32_t row) const override ORV_PASS(rowHeight(row))
   double columnWidth(std::int32_t column) const override ORV_PASS(columnWidth(column))
+  bool columnWidthSet(std::int32_t column) const override ORV_PASS(columnWidthSet(column))
+  void setColumnWidth(std::int32_t column, double points) override ORV_PASS(setColumnWidth(column, points))
   void Activate() override ORV_PASS(Activate())
   void MoveAfter(Worksheet& sheet) override ORV_PASS(MoveAfter(unwrapped(sheet)))
   void select(const std::vector<CellBlock>& areas) override ORV_PASS(select(areas))

@@ -81,7 +81,12 @@ void writeResults(const FileOptions& files, const LoadedWorkbook& loaded,
   const std::string sheetName = pasted.Parent().Name();
   if (std::any_of(originalSheets.begin(), originalSheets.end(),
                   [&](const std::string& s) { return sameSheetName(s, sheetName); })) {
-    changes.push_back(SheetChange{sheetName, pasted.block()});
+    // The pasted block, and whatever the analysis wrote beside it (the data of its charts).
+    const std::optional<CellBlock> written = loaded.book.Worksheets(sheetName).writtenBlock();
+    const CellBlock& p = pasted.block();
+    const CellBlock w = written.value_or(p);
+    changes.push_back(SheetChange{sheetName, CellBlock{std::min(p.top, w.top), std::min(p.left, w.left),
+                                                       std::max(p.bottom, w.bottom), std::max(p.right, w.right)}});
   }
   writeIntoPackage(files.input, loaded.book, changes, target);
 }

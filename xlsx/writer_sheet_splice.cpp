@@ -6,6 +6,7 @@
 #include "frame/errors.h"
 #include "workbook/in_memory_worksheet.h"
 #include "xlsx/writer_cell.h"
+#include "xlsx/writer_column_splice.h"
 #include "xlsx/writer_styles.h"
 #include "xlsx/writer_xml.h"
 #include "xlsx/xml_names.h"
@@ -172,6 +173,7 @@ std::string spliceCells(std::string_view sheetXml, std::string_view partName, co
     if (!hasCells(row) && !row.first_attribute().next_attribute()) sheetData.remove_child(row);
   }
   growDimension(worksheet, block);
+  spliceColumnWidths(worksheet, sheet.geometry(), block.left, block.right, prefix);
   if (options.select) selectView(worksheet, sheet);
   return xml::serialise(document);
 }

@@ -7,7 +7,8 @@
 // place, a missing one is inserted in column order (rows likewise in row order); a cell the model
 // holds empty and plain is removed. Touched rows lose their optional `spans` hint, which could
 // otherwise be wrong; <dimension> grows to cover the block. Rows and cells that carry no `r`
-// (allowed, meaning "next") get it written so that positions stay unambiguous.
+// (allowed, meaning "next") get it written so that positions stay unambiguous. The block's columns
+// take the model's widths where it gives them one of their own (writer_column_splice.h).
 //
 // Not handled: a block that overwrites the anchor of a shared formula or of an array formula
 // leaves the other cells of that formula without their master (the analysis writes below or

@@ -40,8 +40,10 @@ PlanData dataOf(Worksheet& sheet, const CellBlock& area) {
   return data;
 }
 
-// Literal numbers, kept in the chart data sheet; an empty element is a point without value.
-PlanData literalData(CalcWorkbook& book, const ValueArray1D& array, bool emptyAllowed, std::string_view failure) {
+// Literal numbers, kept in the chart data sheet unless `store` is false (they stand in cells of
+// their own); an empty element is a point without value.
+PlanData literalData(CalcWorkbook& book, const ValueArray1D& array, bool emptyAllowed, std::string_view failure,
+                     bool store = true) {
   if (array.size() == 0) raiseHost(std::string(failure) + ": an empty list");
   PlanData data;
   for (const CellValue& v : array.items()) {
@@ -53,7 +55,7 @@ PlanData literalData(CalcWorkbook& book, const ValueArray1D& array, bool emptyAl
       raiseHost(std::string(failure) + ": the value " + describe(v) + " is no number");
     }
   }
-  data.range = book.chartData().store(array.items());
+  if (store) data.range = book.chartData().store(array.items());
   return data;
 }
 
@@ -134,7 +136,13 @@ void CalcSeries::ErrorBar(host::ErrorBarDirection direction, host::ErrorBarInclu
       const Range& line = singleLine(*range, kFailure);
       return officeRange(line.Parent().Name(), line.block());
     }
-    if (const auto* array = std::get_if<ValueArray1D>(&a)) return literalData(book, *array, false, kFailure).range;
+    if (const auto* list = std::get_if<AmountList>(&a)) {
+      const bool inCells = list->cells && list->cells->CellCount() == list->values.size();
+      const PlanData numbers = literalData(book, list->values, false, kFailure, !inCells);
+      if (!inCells) return numbers.range;
+      const Range& line = singleLine(*list->cells, kFailure);
+      return officeRange(line.Parent().Name(), line.block());
+    }
     raiseHost(std::string(kFailure) + ": no amounts given");
   };
   PlanErrorBars bars;

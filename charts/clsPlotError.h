@@ -35,9 +35,10 @@ class clsPlotError : public PlotFrame {
   void CentreRange(const Range& cells);
   void ErrorPosRange(const Range& cells);
   void ErrorNegRange(const Range& cells);
-  // Stored as given; the host accepts arrays of numbers only.
-  void ErrorPosArray(const ValueArray1D& distances);
-  void ErrorNegArray(const ValueArray1D& distances);
+  // Stored as given; the host accepts arrays of numbers only. An array that also stands in
+  // cells (frame/chart.h, AmountList) is handed on with them.
+  void ErrorPosArray(const AmountList& distances);
+  void ErrorNegArray(const AmountList& distances);
 
   void CreatePlot();
 

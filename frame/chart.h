@@ -10,6 +10,7 @@
 // live as long as their worksheet; using a deleted series or axis is a host failure too.
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -47,9 +48,19 @@ enum class MarkerStyle : std::int32_t { Automatic = -4105, None = -4142, Circle 
 
 }  // namespace host
 
-// Custom error-bar amounts: nothing (which ErrorBar refuses), a range of cells, or an array of
-// numbers (distances from the points).
-using ErrorAmount = std::variant<std::monostate, Range, ValueArray1D>;
+// Error amounts handed over as a list of numbers (distances from the points). When a program
+// has also written the same numbers into one row or column of cells, `cells` names them: a host
+// then ties the bars to those cells, as it does for amounts given as a range, so that every
+// reader draws them and an edit of a cell moves its bar. Otherwise the host keeps the numbers.
+struct AmountList {
+  AmountList(ValueArray1D list) : values(std::move(list)) {}  // NOLINT(google-explicit-constructor)
+  AmountList(ValueArray1D list, Range written) : values(std::move(list)), cells(std::move(written)) {}
+  ValueArray1D values;
+  std::optional<Range> cells;
+};
+
+// Custom error-bar amounts: nothing (which ErrorBar refuses), a range of cells, or a list.
+using ErrorAmount = std::variant<std::monostate, Range, AmountList>;
 
 // The values, X values or category labels of a series: the cells of one row or column (the
 // chart follows edits of the sheet), or literal values (numbers; texts for category labels).

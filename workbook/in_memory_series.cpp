@@ -46,21 +46,24 @@ ChartLabels labelsOf(Worksheet& sheet, const CellBlock& area) {
   return labels;
 }
 
-// Custom error amounts: the cells of one row or column, or literal numbers.
+// Custom error amounts: the cells of one row or column, or literal numbers; a list that also
+// stands in cells is kept as those cells.
 ChartData amountOf(const ErrorAmount& amount) {
   constexpr std::string_view kFailure = "Unable to set the ErrorBar method of the Series class";
-  if (const auto* range = std::get_if<Range>(&amount)) {
-    if (range->AreasCount() != 1) raiseHost(std::string(kFailure) + ": amounts from several areas");
-    requireLine(range->block(), kFailure);
-    return dataOf(range->Parent(), range->block());
-  }
-  if (const auto* array = std::get_if<ValueArray1D>(&amount)) {
-    if (array->size() == 0) raiseHost(std::string(kFailure) + ": an empty array of amounts");
+  const auto cellAmounts = [&](const Range& range) {
+    if (range.AreasCount() != 1) raiseHost(std::string(kFailure) + ": amounts from several areas");
+    requireLine(range.block(), kFailure);
+    return dataOf(range.Parent(), range.block());
+  };
+  if (const auto* range = std::get_if<Range>(&amount)) return cellAmounts(*range);
+  if (const auto* list = std::get_if<AmountList>(&amount)) {
+    if (list->values.size() == 0) raiseHost(std::string(kFailure) + ": an empty array of amounts");
     ChartData data;
-    for (const CellValue& v : array->items()) {
+    for (const CellValue& v : list->values.items()) {
       if (!v.isNumber()) raiseHost(std::string(kFailure) + ": the amount " + describe(v) + " is no number");
       data.literal.push_back(v.number());
     }
+    if (list->cells && list->cells->CellCount() == list->values.size()) return cellAmounts(*list->cells);
     return data;
   }
   raiseHost(std::string(kFailure) + ": no amounts given");

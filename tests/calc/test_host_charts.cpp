@@ -133,6 +133,17 @@ TEST_P(HostCharts, ErrorBarsFromCellsAndFromLiteralAmounts) {
   expected.axes = {axis("category", true, 10, "General", false), axis("value", true, 10, "General", true)};
   expectSameChart(expected, only());
 
+  // A list that also stands in cells is tied to them; one whose cells do not match it is not.
+  range("B8:C8").SetValues(ValueArray2D(1, 2));
+  range("B8").SetValue(CellValue(2.0));
+  range("C8").SetValue(CellValue(3.5));
+  const ValueArray1D distances(std::vector<CellValue>{2.0, 3.5});
+  centre.ErrorBar(host::ErrorBarDirection::Y, host::ErrorBarInclude::Both, host::ErrorBarType::Custom,
+                  AmountList(distances, range("B8:C8")), AmountList(distances, range("B8:D8")));
+  expected.series.front().plusErrors = "Data!$B$8:$C$8";
+  expected.series.front().minusErrors = "=2;3.5";
+  expectSameChart(expected, only());
+
   const ErrorAmount nothing;
   EXPECT_EQ(raisedNumber([&] {
               centre.ErrorBar(host::ErrorBarDirection::Y, host::ErrorBarInclude::Both, host::ErrorBarType::Custom,

@@ -11,6 +11,7 @@
 #include "frame/host.h"
 #include "frame/procedure.h"
 #include "support/array_tools.h"
+#include "support/column_fit.h"
 #include "support/host_session.h"
 #include "support/input_columns.h"
 #include "support/range_checks.h"
@@ -213,7 +214,9 @@ void clsDSCirc::Results(bool overWrite) {
     checkInput(*input_, headers_);
 
     if (!block_) block_ = GetResults(columnCount_, plotPositions_);
-    pasted_ = pasteResults(*block_, output_, overWrite);
+    const PastedResults pasted = pasteResults(*block_, output_, overWrite);
+    pasted_ = pasted.cells;
+    fitColumnWidths({*pasted_}, pasted.ownSheet);
 
     if (plot_) {
       // The writer's rows are rows of the scratch sheet; the block was pasted with its top-left

@@ -10,10 +10,12 @@
 #include "charts/clsPlotError.h"
 #include "descriptive/clsDSBO.h"
 #include "descriptive/clsDSOutput.h"
+#include "descriptive/error_amounts_block.h"
 #include "frame/conversions.h"
 #include "frame/errors.h"
 #include "frame/host.h"
 #include "frame/procedure.h"
+#include "support/column_fit.h"
 #include "support/host_session.h"
 #include "support/input_columns.h"
 #include "support/ordinal.h"
@@ -215,6 +217,58 @@ void fillStatistics(StatisticsTable& table, const DataColumns& data,
       [&](std::size_t k) { return labelOf(*rows[k], options); }, failure);
 }
 
+// Cell (1, W + 2) of the output range, one empty column right of the pasted block of W columns;
+// cell (1, W) when that lies beyond the sheet's last column.
+template <class Builder>
+void anchorBesideBlock(Builder& builder, const Range& output, std::int32_t blockColumns) {
+  try {
+    builder.OutputRange(output.Cells(1, std::int64_t{blockColumns} + 2));
+  } catch (const ComponentError&) {
+    builder.OutputRange(output.Cells(1, blockColumns));
+  }
+}
+
+// Columns 2 to C + 1 of one row of the output range: the data columns of the pasted table.
+Range tableRow(const Range& output, Int16 row, Int16 columns) {
+  return Range::Span(output.Cells(row, 2), output.Cells(row, std::int64_t{columns} + 1));
+}
+
+// For i = 1 .. C the value of cell (from, i + 1) minus that of cell (to, i + 1) of the output
+// range; a cell that holds no number raises "Type mismatch".
+ValueArray1D distancesBetween(const Range& output, Int16 from, Int16 to, Int16 columns) {
+  const auto number = [&](Int16 row, std::int32_t column) {
+    const CellValue v = output.Cells(row, column).Value();
+    if (!v.isNumber()) raise(err::kTypeMismatch);
+    return v.number();
+  };
+  ValueArray1D distances(columns);
+  for (std::int32_t i = 1; i <= columns; ++i) distances(i) = subtract(number(from, i + 1), number(to, i + 1));
+  return distances;
+}
+
+// The list the error plot's builder takes, tied to the cells that hold the same numbers when
+// there are such cells.
+AmountList listOf(ValueArray1D distances, const Range* cells) {
+  return cells ? AmountList(std::move(distances), *cells) : AmountList(std::move(distances));
+}
+
+// Error bars that reach to limits get their distances from the centre written below the table
+// (descriptive/error_amounts_block.h). A limit or centre that is no number writes nothing:
+// drawing the error plot then fails on it.
+std::optional<ErrorAmountCells> writeAmountsBelow(const Range& output, const Range& pasted, const PlotRows& rows,
+                                                  ErrorBarsChoice bars) {
+  if (!rowForChoice(kErrorBars, bars).limits) return std::nullopt;
+  ValueArray1D above, below;
+  try {
+    above = distancesBetween(output, rows.upperError, rows.centre, rows.columns);
+    below = distancesBetween(output, rows.centre, rows.lowerError, rows.columns);
+  } catch (const ComponentError&) {
+    return std::nullopt;
+  }
+  return writeErrorAmounts(pasted, rows.header.value(), rows.centre.value(), above, below);
+}
+
+
 }  // namespace
 
 clsDS::clsDS() {
@@ -308,7 +362,14 @@ void clsDS::Results(bool overWrite) {
       RangeChecks::CheckInputColumn(column, headers_);
     });
     if (!block_) block_ = GetResults();
-    pasted_ = pasteResults(*block_, output_, overWrite);
+    const PastedResults pasted = pasteResults(*block_, output_, overWrite);
+    pasted_ = pasted.cells;
+    // Everything is written before any chart is placed: widening a column moves what stands
+    // right of it.
+    errorAmounts_ = plotError_ ? writeAmountsBelow(*output_, *pasted_, plotRows_, errorBars_) : std::nullopt;
+    std::vector<Range> written{*pasted_};
+    if (errorAmounts_) written.push_back(errorAmounts_->area);
+    fitColumnWidths(written, pasted.ownSheet);
     if (plotBox_) {
       DrawBoxPlot(plotRows_.columns, plotRows_.header, plotRows_.lowerPercentile,
                   plotRows_.upperPercentile, plotRows_.minimum, plotRows_.maximum,
@@ -370,25 +431,6 @@ Range clsDS::FormatResults(const StatisticsTable& table, Int16& firstRow) {
   });
 }
 
-namespace {
-
-// Cell (1, W + 2) of the output range, one empty column right of the pasted block of W columns;
-// cell (1, W) when that lies beyond the sheet's last column.
-template <class Builder>
-void anchorBesideBlock(Builder& builder, const Range& output, std::int32_t blockColumns) {
-  try {
-    builder.OutputRange(output.Cells(1, std::int64_t{blockColumns} + 2));
-  } catch (const ComponentError&) {
-    builder.OutputRange(output.Cells(1, blockColumns));
-  }
-}
-
-// Columns 2 to C + 1 of one row of the output range: the data columns of the pasted table.
-Range tableRow(const Range& output, Int16 row, Int16 columns) {
-  return Range::Span(output.Cells(row, 2), output.Cells(row, std::int64_t{columns} + 1));
-}
-
-}  // namespace
 
 void clsDS::DrawBoxPlot(Int16 columns, Int16 headerRow, Int16 lowerPercentileRow,
                         Int16 upperPercentileRow, Int16 minimumRow, Int16 maximumRow,
@@ -431,21 +473,13 @@ void clsDS::DrawErrorPlot(Int16 columns, Int16 headerRow, Int16 centreRow, Int16
       plot.ErrorNegRange(tableRow(output, lowerErrorRow, columns));
       plot.ErrorPosRange(tableRow(output, upperErrorRow, columns));
     } else {
-      // The rows hold the limits themselves; the bars need their distances from the centre.
-      const auto number = [&](Int16 row, std::int32_t column) {
-        const CellValue v = output.Cells(row, column).Value();
-        if (!v.isNumber()) raise(err::kTypeMismatch);
-        return v.number();
-      };
-      ValueArray1D distances(columns);
-      for (std::int32_t i = 1; i <= columns; ++i) {
-        distances(i) = subtract(number(upperErrorRow, i + 1), number(centreRow, i + 1));
-      }
-      plot.ErrorPosArray(distances);
-      for (std::int32_t i = 1; i <= columns; ++i) {
-        distances(i) = subtract(number(centreRow, i + 1), number(lowerErrorRow, i + 1));
-      }
-      plot.ErrorNegArray(distances);
+      // The rows hold the limits themselves; the bars need their distances from the centre,
+      // which stand below the table too when there was room for them.
+      const ErrorAmountCells* written = errorAmounts_ ? &*errorAmounts_ : nullptr;
+      plot.ErrorPosArray(listOf(distancesBetween(output, upperErrorRow, centreRow, columns),
+                                written ? &written->above : nullptr));
+      plot.ErrorNegArray(listOf(distancesBetween(output, centreRow, lowerErrorRow, columns),
+                                written ? &written->below : nullptr));
     }
     plot.ChartHeight(errorTitle_.empty() ? 180 : 200);
     plot.ChartWidth((Int32(blockColumns) * 50 + 50).value());

@@ -17,6 +17,7 @@
 #include <string_view>
 
 #include "descriptive/clsDS_options.h"
+#include "descriptive/error_amounts_block.h"
 #include "descriptive/plot_rows.h"
 #include "frame/range.h"
 #include "support/column_failure.h"
@@ -108,6 +109,8 @@ class clsDS {
   std::optional<Range> output_;
   std::optional<Range> block_;
   std::optional<Range> pasted_;
+  // The error bars' distances as written below the pasted table by this Results call, if they were.
+  std::optional<ErrorAmountCells> errorAmounts_;
   std::optional<ColumnFailure> failure_;
   PlotRows plotRows_;
   // Points below the output cell where the next error plot goes: grows by 1.1 times the height

@@ -97,7 +97,13 @@ void clsFreq::Results(bool overWrite) {
       block_ = GetResults();
     }
     PasteResults(overWrite);
-    if (histogram_.plot) DrawHistogram();
+    // The histogram's data go below the table first, and the columns are fitted before any chart
+    // is placed beside them.
+    if (histogram_.plot) {
+      DrawHistogram();
+    } else {
+      fitColumns(nullptr);
+    }
     output_.range->Cells(1, 1).Select();
   });
 }
@@ -224,7 +230,9 @@ Range clsFreq::FormatResults(const std::vector<Table>& tables) {
 
 void clsFreq::PasteResults(bool overWrite) {
   kFreq("PasteResults", [&] {
-    pasted_ = pasteResults(*block_, output_.range, overWrite);
+    const PastedResults pasted = pasteResults(*block_, output_.range, overWrite);
+    pasted_ = pasted.cells;
+    pastedOnOwnSheet_ = pasted.ownSheet;
   });
 }
 

@@ -125,6 +125,7 @@ class clsFreq {
   Range FormatResults(const std::vector<Table>& tables);
   void PasteResults(bool overWrite);
   void DrawHistogram();
+  void fitColumns(const Range* histogramData) const;
   struct PastedTable;
   HistogramExtras histogramExtras(const PastedTable& table, std::size_t v) const;
   std::optional<std::vector<double>> normalCounts(const PastedTable& table, std::size_t v,
@@ -145,6 +146,7 @@ class clsFreq {
   std::optional<Range> block_;  // the finished results on the scratch sheet
   std::vector<FrequencyTablePlace> tables_;
   std::optional<Range> pasted_;
+  bool pastedOnOwnSheet_ = false;
   std::optional<ColumnFailure> failure_;
   // Per analysed variable, the mean and deviation of its data for the normal curve (nothing for
   // pre-counted data, whose curve is fitted to the table).

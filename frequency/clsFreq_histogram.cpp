@@ -10,7 +10,9 @@
 #include "frequency/clsFreq.h"
 #include "frequency/clsFreq_internal.h"
 #include "frequency/histogram_data_block.h"
+#include "support/column_fit.h"
 #include "support/host_session.h"
+#include "support/results_below.h"
 
 namespace orv {
 
@@ -54,17 +56,6 @@ std::optional<std::vector<double>> numbersOf(const Range& column) {
   return numbers;
 }
 
-// The last row of the block that holds anything: the written block ends with empty rows.
-std::int32_t lastUsedRow(const Range& block) {
-  const ValueArray2D cells = block.Values();
-  for (std::int32_t r = cells.rows(); r >= 1; --r) {
-    for (std::int32_t c = 1; c <= cells.columns(); ++c) {
-      if (!cells(r, c).isEmpty()) return r;
-    }
-  }
-  return 0;
-}
-
 ValueArray1D textsOf(const std::vector<std::string>& texts) {
   std::vector<CellValue> cells(texts.begin(), texts.end());
   return ValueArray1D(std::move(cells));
@@ -92,7 +83,10 @@ struct clsFreq::PastedTable {
 void clsFreq::DrawHistogram() {
   kFreq("DrawHistogram", [&] {
     const FrequencyTablePlace* place = histogramTable(tables_);
-    if (place == nullptr) return;
+    if (place == nullptr) {
+      fitColumns(nullptr);
+      return;
+    }
     const PastedTable table{*output_.range, *place, place->headingRow + 1};
 
     // First what each chart shows that no table cell holds: the range labels and the normal
@@ -105,14 +99,22 @@ void clsFreq::DrawHistogram() {
       drawn.push_back(v);
       extras.push_back(histogramExtras(table, v));
     }
-    const std::optional<std::vector<HistogramExtraCells>> written =
-        writeHistogramData(table.origin, lastUsedRow(*pasted_), extras);
+    const std::optional<HistogramDataCells> written = writeHistogramData(table.origin, lastUsedRow(*pasted_), extras);
+    fitColumns(written ? &written->area : nullptr);
 
     const Range anchor = table.origin.Cells(1, pasted_->ColumnsCount() + 2);
     for (std::size_t i = 0; i < drawn.size(); ++i) {
-      drawOneHistogram(table, drawn[i], extras[i], written ? &(*written)[i] : nullptr, anchor);
+      drawOneHistogram(table, drawn[i], extras[i], written ? &written->variables[i] : nullptr, anchor);
     }
   });
+}
+
+// The pasted block's columns, and the histogram's data below it if there are any, fitted to what
+// they show before any chart is placed beside them.
+void clsFreq::fitColumns(const Range* histogramData) const {
+  std::vector<Range> areas{*pasted_};
+  if (histogramData != nullptr) areas.push_back(*histogramData);
+  fitColumnWidths(areas, pastedOnOwnSheet_);
 }
 
 HistogramExtras clsFreq::histogramExtras(const PastedTable& table, std::size_t v) const {

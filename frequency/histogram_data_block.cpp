@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "frame/reference.h"
+#include "support/results_below.h"
 #include "frame/value_array.h"
 #include "support/cell_formatter.h"
 
@@ -26,16 +27,6 @@ Range span(const Range& origin, std::int32_t top, std::int32_t left, std::int32_
   return Range::Span(origin.Cells(top, left), origin.Cells(bottom, right));
 }
 
-bool isFree(const Range& area) {
-  const ValueArray2D cells = area.Values();
-  for (std::int32_t r = 1; r <= cells.rows(); ++r) {
-    for (std::int32_t c = 1; c <= cells.columns(); ++c) {
-      if (!cells(r, c).isEmpty()) return false;
-    }
-  }
-  return true;
-}
-
 template <class T>
 Range writeColumn(const Range& origin, std::int32_t top, std::int32_t column, const std::vector<T>& values) {
   const Range cells = span(origin, top, column, top + static_cast<std::int32_t>(values.size()) - 1, column);
@@ -47,9 +38,8 @@ Range writeColumn(const Range& origin, std::int32_t top, std::int32_t column, co
 
 }  // namespace
 
-std::optional<std::vector<HistogramExtraCells>> writeHistogramData(const Range& origin,
-                                                                   std::int32_t blockRows,
-                                                                   const std::vector<HistogramExtras>& extras) {
+std::optional<HistogramDataCells> writeHistogramData(const Range& origin, std::int32_t blockRows,
+                                                     const std::vector<HistogramExtras>& extras) {
   std::size_t longest = 0;
   std::int32_t right = 1;
   for (const HistogramExtras& e : extras) {
@@ -61,14 +51,14 @@ std::optional<std::vector<HistogramExtraCells>> writeHistogramData(const Range& 
   const std::int32_t heading = blockRows + kGap;
   const std::int32_t first = heading + kValuesBelowHeading;
   const std::int64_t last = first + static_cast<std::int64_t>(longest) - 1;
-  if (origin.block().top + last - 1 > kMaxRows || origin.block().left + right - 1 > kMaxColumns) return std::nullopt;
-  if (!isFree(span(origin, heading, 1, static_cast<std::int32_t>(last), right))) return std::nullopt;
+  const std::optional<Range> area = freeCellsBelow(origin, heading, 1, last, right);
+  if (!area) return std::nullopt;
 
   const CellFormatter formatter;
   origin.Cells(heading, 1).SetValue(CellValue(std::string(kHeading)));
   formatter.EmphasisFormat(origin.Cells(heading, 1), true);
 
-  std::vector<HistogramExtraCells> written;
+  HistogramDataCells written{{}, *area};
   for (const HistogramExtras& e : extras) {
     HistogramExtraCells cells;
     if (lengthOf(e) > 0) {
@@ -88,7 +78,7 @@ std::optional<std::vector<HistogramExtraCells>> writeHistogramData(const Range& 
       cells.normal->SetNumberFormat(std::string(kNormalFormat));
       formatter.ValueFormat(*cells.normal, false);
     }
-    written.push_back(std::move(cells));
+    written.variables.push_back(std::move(cells));
   }
   return written;
 }

@@ -13,7 +13,7 @@
 //
 // and the charts refer to those cells. Nothing is written, and the caller keeps the literal
 // values, when any cell of that area already holds something (results pasted into a user's sheet
-// above their data) or the area would pass the sheet's last row.
+// above their data) or the area would pass the sheet's last row (support/results_below.h).
 
 #include <cstdint>
 #include <optional>
@@ -36,9 +36,13 @@ struct HistogramExtraCells {
   std::optional<Range> normal;
 };
 
-// One entry per element of `extras`, in the same order; nothing when the area is not free.
-std::optional<std::vector<HistogramExtraCells>> writeHistogramData(const Range& origin,
-                                                                   std::int32_t blockRows,
-                                                                   const std::vector<HistogramExtras>& extras);
+struct HistogramDataCells {
+  std::vector<HistogramExtraCells> variables;  // one entry per element of `extras`, in order
+  Range area;                                  // from the heading to the last value
+};
+
+// Nothing when the area is not free (support/results_below.h).
+std::optional<HistogramDataCells> writeHistogramData(const Range& origin, std::int32_t blockRows,
+                                                     const std::vector<HistogramExtras>& extras);
 
 }  // namespace orv

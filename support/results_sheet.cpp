@@ -20,7 +20,8 @@ Range sheetCells(Worksheet& sheet, std::int32_t top, std::int32_t left, std::int
   return Range::Span(origin.Cells(top, left), origin.Cells(bottom, right));
 }
 
-Range pasteResults(const Range& block, std::optional<Range>& output, bool overWrite) {
+PastedResults pasteResults(const Range& block, std::optional<Range>& output, bool overWrite) {
+  const bool ownSheet = !output;
   if (!output) {
     Worksheet& added = HostSession::Application().AddWorksheet();
     Workbook& book = added.Parent();
@@ -32,7 +33,7 @@ Range pasteResults(const Range& block, std::optional<Range>& output, bool overWr
   output->Parent().Activate();
   block.Copy();
   output->Cells(1, 1).PasteSpecial(HostConstants::PasteType());
-  return Range::Span(output->Cells(1, 1), output->Cells(block.RowsCount(), block.ColumnsCount()));
+  return {Range::Span(output->Cells(1, 1), output->Cells(block.RowsCount(), block.ColumnsCount())), ownSheet};
 }
 
 }  // namespace orv

@@ -16,11 +16,16 @@ Worksheet& clearedResultsSheet(std::int32_t backgroundColorIndex);
 // host failure naming the cells.
 Range sheetCells(Worksheet& sheet, std::int32_t top, std::int32_t left, std::int32_t bottom, std::int32_t right);
 
+struct PastedResults {
+  Range cells;
+  bool ownSheet;  // on a sheet added for them
+};
+
 // Takes a finished block to its place: without an output range, cell A1 of a new sheet added
 // behind the last sheet of its workbook; the destination checked for room
 // (RangeChecks::CheckOutputArea with `overWrite`), its workbook and sheet activated, the block
 // copied and pasted at the destination's first cell. `output` becomes the checked destination;
 // returns the pasted cells.
-Range pasteResults(const Range& block, std::optional<Range>& output, bool overWrite);
+PastedResults pasteResults(const Range& block, std::optional<Range>& output, bool overWrite);
 
 }  // namespace orv

@@ -10,6 +10,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <filesystem>
 #include <functional>
@@ -36,11 +37,15 @@ namespace {
 
 using Analysis = std::function<std::optional<Range>()>;
 
+// The sheets of the shared workbook, which hold the data.
+const std::vector<std::string> kDataSheets = {"Heights", "Angles", "Survey"};
+
 // What one run left behind on its host.
 struct Outcome {
   std::string sheet, address;
   ValueArray2D values;
   std::vector<CellFormat> formats;
+  std::vector<double> widths;  // of the block's columns
   std::vector<std::string> sheets;
   std::vector<ProbedChart> charts;  // left: the anchor column; top: points below the block's top
   std::int32_t error = 0;
@@ -70,6 +75,7 @@ Outcome collect(const std::optional<Range>& pasted, Workbook& book,
   o.values = Range(sheet, b).Values();
   for (std::int32_t r = b.top; r <= b.bottom; ++r)
     for (std::int32_t c = b.left; c <= b.right; ++c) o.formats.push_back(sheet.cellFormat(r, c));
+  for (std::int32_t c = b.left; c <= b.right; ++c) o.widths.push_back(sheet.columnWidth(c));
   for (ProbedChart& chart : o.charts) {
     chart.left = anchorColumn(sheet, chart.left);
     chart.top -= sheet.rowTop(b.top);
@@ -150,6 +156,19 @@ void expectSame(const Outcome& memory, const Outcome& calc) {
       EXPECT_EQ(calc.formats[i], memory.formats[i]);
     }
   }
+  // Column widths: the same on a sheet of the run's own. On the data's sheets the office's
+  // standard columns are wider than the in-memory host's, so it widens fewer of them; no column
+  // is narrower there.
+  ASSERT_EQ(calc.widths.size(), memory.widths.size());
+  const bool ownSheet = std::find(kDataSheets.begin(), kDataSheets.end(), memory.sheet) == kDataSheets.end();
+  for (std::size_t c = 0; c < memory.widths.size(); ++c) {
+    SCOPED_TRACE("width of the block's column " + std::to_string(c + 1));
+    if (ownSheet) {
+      EXPECT_NEAR(calc.widths[c], memory.widths[c], 0.05);
+    } else {
+      EXPECT_GE(calc.widths[c], memory.widths[c] - 0.05);
+    }
+  }
   ASSERT_EQ(calc.charts.size(), memory.charts.size());
   for (std::size_t i = 0; i < memory.charts.size(); ++i) expectSameChart(memory.charts[i], calc.charts[i]);
 }
@@ -158,7 +177,7 @@ void expectSame(const Outcome& memory, const Outcome& calc) {
 // colours and times with bins and pre-counted frequencies.
 std::filesystem::path writeWorkbook(const std::filesystem::path& folder) {
   InMemoryApplication app;
-  InMemoryWorkbook& book = app.AddWorkbook("shared.xlsx", {"Heights", "Angles", "Survey"});
+  InMemoryWorkbook& book = app.AddWorkbook("shared.xlsx", kDataSheets);
   std::mt19937 random(20240601);  // fixed seed: the same data every run
   std::normal_distribution<double> height(21.5, 1.7);
   InMemoryWorksheet& heights = book.Worksheets("Heights");

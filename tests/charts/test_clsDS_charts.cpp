@@ -40,7 +40,7 @@ TEST_F(DriverChartTest, TheBoxPlotStandsOneColumnRightOfTheTableAndReadsItsRows)
   ds.PlotBox(true);
   analyse(ds, "Data!D1");  // a table of 3 columns, D:F
   const ChartModel& box = onlyChart(data);
-  EXPECT_DOUBLE_EQ(box.left, 7 * 48);  // column H
+  EXPECT_DOUBLE_EQ(box.left, data.columnLeft(8));  // column H
   EXPECT_DOUBLE_EQ(box.top, 0);
   EXPECT_DOUBLE_EQ(box.width, 50 * 3 + 50);
   EXPECT_DOUBLE_EQ(box.height, 180);
@@ -70,7 +70,7 @@ TEST_F(DriverChartTest, TheErrorPlotGoesBelowTheBoxPlotLowerOnEveryResultsCall) 
   for (const ChartModel& chart : data.charts()) {
     tops.push_back(chart.top);
     heights.push_back(chart.height);
-    EXPECT_DOUBLE_EQ(chart.left, 7 * 48);
+    EXPECT_DOUBLE_EQ(chart.left, data.columnLeft(8));
   }
   EXPECT_EQ(tops, (std::vector<double>{0, 220, 0, 440}));
   EXPECT_EQ(heights, (std::vector<double>{200, 180, 200, 180}));
@@ -88,7 +88,7 @@ TEST_F(DriverChartTest, AtTheLastColumnsTheChartFallsBackIntoTheTable) {
     ds.InputRange("Data!A1:A9");
     ds.OutputRange("'" + sheet.Name() + "'!" + output);
     ds.Results();
-    EXPECT_DOUBLE_EQ(onlyChart(sheet).left, (anchorColumn - 1) * 48.0);
+    EXPECT_DOUBLE_EQ(onlyChart(sheet).left, sheet.columnLeft(anchorColumn));
   }
 }
 
@@ -107,10 +107,46 @@ TEST_F(DriverChartTest, ErrorAmountsAreRangesForSpreadsAndDistancesForLimits) {
       const std::int32_t r = rowOf("Std Error");
       EXPECT_EQ(bars.plusAmounts.cells, ref(r, 5, r, 6));
       EXPECT_EQ(bars.minusAmounts.cells, ref(r, 5, r, 6));
-    } else {  // up to the maximum and down to the minimum, as numbers
-      EXPECT_FALSE(bars.plusAmounts.cells.has_value() || bars.minusAmounts.cells.has_value());
-      EXPECT_EQ(bars.plusAmounts.literal, (Cached{4.0, 3.5}));
-      EXPECT_EQ(bars.minusAmounts.literal, (Cached{3.0, 3.5}));
+      EXPECT_TRUE(data.cellValue(r + 2, 4).isEmpty()) << "nothing written below for spreads";
+    } else {  // up to the maximum and down to the minimum: distances written below the table
+      const std::int32_t heading = rowOf("Maximum") + 2;  // the table's last row
+      EXPECT_EQ(data.cellValue(heading, 4), CellValue("Data for Error Bars"));
+      EXPECT_EQ(data.cellValue(heading + 1, 5), CellValue("Height"));
+      EXPECT_EQ(data.cellValue(heading + 1, 6), CellValue("Weight"));
+      EXPECT_EQ(data.cellValue(heading + 2, 4), CellValue("Above Mean"));
+      EXPECT_EQ(data.cellValue(heading + 3, 4), CellValue("Below Mean"));
+      EXPECT_EQ(bars.plusAmounts.cells, ref(heading + 2, 5, heading + 2, 6));
+      EXPECT_EQ(bars.minusAmounts.cells, ref(heading + 3, 5, heading + 3, 6));
+      EXPECT_EQ(bars.plusAmounts.cached, (Cached{4.0, 3.5}));
+      EXPECT_EQ(bars.minusAmounts.cached, (Cached{3.0, 3.5}));
+    }
+  }
+}
+
+TEST_F(DriverChartTest, WithoutRoomBelowTheTableTheDistancesStayInTheChart) {
+  // Where the distances would go: under the table pasted at D1 (rows 1-7 used, heading in row 9),
+  // and under a table pasted so low that they would pass the sheet's last row.
+  const struct {
+    const char* what;
+    std::string output;
+    std::int32_t takenRow;  // 0: nothing in the way
+  } cases[] = {{"a cell of the user's below the table", "Data!D1", 12}, {"the sheet's last row", "Data!D1048568", 0}};
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.what);
+    if (c.takenRow != 0) data.storeRaw(c.takenRow, 6, CellValue("kept"));
+    clsDS ds;
+    ds.PlotError(true);
+    ds.ErrorCentre("Mean");
+    ds.ErrorError("Range");
+    analyse(ds, c.output);
+    const ErrorBarsModel& bars = *data.charts().back().series.front().errorBars;
+    EXPECT_FALSE(bars.plusAmounts.cells.has_value() || bars.minusAmounts.cells.has_value());
+    EXPECT_EQ(bars.plusAmounts.literal, (Cached{4.0, 3.5}));
+    EXPECT_EQ(bars.minusAmounts.literal, (Cached{3.0, 3.5}));
+    const std::int32_t top = ds.pastedBlock()->block().top;
+    EXPECT_TRUE(data.cellValue(top + 8, 4).isEmpty()) << "no heading written";
+    if (c.takenRow != 0) {
+      EXPECT_EQ(data.cellValue(c.takenRow, 6), CellValue("kept"));
     }
   }
 }

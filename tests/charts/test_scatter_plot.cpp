@@ -26,7 +26,7 @@ TEST_F(ChartTest, ThreeColumnsOfAnglesGiveThreeSquareChartsStackedBesideTheBlock
     SCOPED_TRACE(names[k]);
     const ChartModel& c = charts[k];
     // Column F + 6 + 1 = M, the column after the empty one right of the block; row 2's top.
-    EXPECT_DOUBLE_EQ(c.left, 12 * 48);
+    EXPECT_DOUBLE_EQ(c.left, data.columnLeft(13));
     EXPECT_DOUBLE_EQ(c.top, 15 + 210.0 * static_cast<double>(k));
     EXPECT_DOUBLE_EQ(c.width, 200);
     EXPECT_DOUBLE_EQ(c.height, 200);

@@ -13,6 +13,7 @@
 #include <thread>
 
 #include "cli_fixture.h"
+#include "frame/errors.h"
 #include "xlsx/reader_workbook.h"
 
 extern char** environ;
@@ -153,8 +154,8 @@ TEST_F(CalcHostTest, PrintsWhatTheInMemoryHostPrintsAndSavesWhatItPrints) {
       }
     }
   }
-  // The saved workbook holds the printed block, and the charts beside it (the hidden sheet of
-  // chart data holds the error plot's amounts).
+  // The saved workbook holds the printed block, the error plot's amounts below it (no hidden sheet
+  // of chart data is needed for them), and the charts beside it.
   // The office saves numbers to 15 significant digits, as the spreadsheet shows them.
   InMemoryApplication app;
   InMemoryWorkbook& saved = loadWorkbook(app, dir / "calc.xlsx");
@@ -174,7 +175,11 @@ TEST_F(CalcHostTest, PrintsWhatTheInMemoryHostPrintsAndSavesWhatItPrints) {
       }
     }
   }
-  EXPECT_NO_THROW(saved.Worksheets("Orvella Chart Data"));
+  EXPECT_THROW(saved.Worksheets("Orvella Chart Data"), ComponentError);
+  const std::int32_t heading = static_cast<std::int32_t>(b["block"].size());
+  EXPECT_EQ(sheet.cellValue(heading, 1), CellValue("Data for Error Bars"));
+  EXPECT_EQ(sheet.cellValue(heading + 2, 1), CellValue("Above Mean"));
+  EXPECT_TRUE(sheet.cellValue(heading + 3, 2).isNumber());
   const std::string package = readFile(dir / "calc.xlsx");
   EXPECT_NE(package.find("xl/charts/chart2.xml"), std::string::npos);
   EXPECT_EQ(filesIn(dir), (std::vector<std::string>{"calc.xlsx", "plants.xlsx", "stderr.txt", "stdout.txt"}));

@@ -44,6 +44,27 @@ TEST_F(CliTest, JsonBlockIsWhatTheWorkbookHolds) {
   expectSheetHolds(doc["block"], book.Worksheets("Sheet1"));
 }
 
+TEST_F(CliTest, OnTheDataSheetTheFileGetsTheChartDataBelowTheTableAndTheWiderColumns) {
+  const auto file = workbook("two.xlsx", kTwoColumns);
+  const auto out = dir / "out.xlsx";
+  const RunResult r = run({"describe", file.string(), "-i", "Data!A1:B9", "--headers", "--cv", "--output", "Data!E1",
+                           "--error-plot", "--error-bars", "Range", "-o", out.string()});
+  ASSERT_EQ(r.exitCode, 0) << r.err;
+  InMemoryApplication app;
+  InMemoryWorksheet& sheet = openWorkbookFile(app, out).book.Worksheets("Data");
+  // Table: names in row 4, Mean, Coeff. Var., Minimum, Maximum in rows 5-8; the distances below.
+  EXPECT_EQ(sheet.cellValue(6, 5), CellValue("Coeff. Var."));
+  EXPECT_EQ(sheet.cellValue(10, 5), CellValue("Data for Error Bars"));
+  EXPECT_EQ(sheet.cellValue(11, 6), CellValue("Height"));
+  EXPECT_EQ(sheet.cellValue(12, 5), CellValue("Above Mean"));
+  EXPECT_EQ(sheet.cellValue(12, 6), CellValue(4.0));  // 9 - 5
+  EXPECT_EQ(sheet.cellValue(13, 7), CellValue(3.5));  // 4.5 - 1
+  // Columns E (labels) and F, G (coefficients of variation with many decimals) are wider now.
+  for (std::int32_t c = 5; c <= 7; ++c) EXPECT_TRUE(sheet.columnWidthSet(c)) << c;
+  EXPECT_GT(sheet.columnWidth(6), 48);
+  EXPECT_FALSE(sheet.columnWidthSet(4));
+}
+
 TEST_F(CliTest, InPlaceOutputReplacesAnEarlierTableOnlyWhenTold) {
   const auto file = workbook("two.xlsx", kTwoColumns);
   const std::vector<std::string> args = {"describe", file.string(), "-i", "Data!B1:B9", "--headers", "--sum",

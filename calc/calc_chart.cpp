@@ -148,7 +148,8 @@ CalcChart::CalcChart(CalcChartObject& object, std::unique_ptr<ChartDrawing> draw
       series_(*this),
       title_([this]() -> std::optional<PlanTitle>& { return edit().title; }),
       chartArea_(*this),
-      plotArea_(*this) {}
+      plotArea_(*this),
+      legend_(*this) {}
 
 std::string CalcChart::Name() const { return object_->sheet().Name() + " " + object_->Name(); }
 
@@ -210,6 +211,18 @@ orv::ChartTitle& CalcChart::ChartTitle() {
   if (!plan_.title) raiseHost("Unable to get the ChartTitle property of the Chart class");
   return title_;
 }
+
+orv::Legend& CalcChart::Legend() {
+  if (!plan_.legend) raiseHost("Unable to get the Legend property of the Chart class");
+  return legend_;
+}
+
+// --- legend ---------------------------------------------------------------------------------
+
+CalcLegend::CalcLegend(CalcChart& chart)
+    : chart_(&chart), font_([&chart]() -> PlanFont& { return chart.edit().legendFont; }) {}
+
+void CalcLegend::SetPosition(host::LegendPosition position) { chart_->edit().legendPosition = position; }
 
 void CalcChart::syncAxes() {
   ChartPlan& chart = edit();

@@ -45,6 +45,7 @@ class CalcAxis final : public Axis {
   void SetHasMinorGridlines(bool on) override { plan().minorGridlines = on; }
   ChartBorder& Border() override { return border_; }
   void SetMajorTickMark(host::TickMark mark) override { plan().majorTickMark = mark; }
+  void SetTickLabelPosition(host::TickLabelPosition position) override { plan().tickLabels = position; }
   void SetMinimumScale(double value) override { scaleField("MinimumScale", value).minimum = value; }
   void SetMaximumScale(double value) override { scaleField("MaximumScale", value).maximum = value; }
   void SetMajorUnit(double value) override;
@@ -134,6 +135,19 @@ class CalcPlotArea final : public PlotArea {
   PlanBorder border_;
 };
 
+class CalcLegend final : public Legend {
+ public:
+  explicit CalcLegend(CalcChart& chart);
+  CalcLegend(const CalcLegend&) = delete;
+  CalcLegend& operator=(const CalcLegend&) = delete;
+  void SetPosition(host::LegendPosition position) override;
+  ChartFont& Font() override { return font_; }
+
+ private:
+  CalcChart* chart_;
+  PlanChartFont font_;
+};
+
 class CalcChart final : public Chart {
  public:
   CalcChart(CalcChartObject& object, std::unique_ptr<ChartDrawing> drawing);
@@ -148,6 +162,7 @@ class CalcChart final : public Chart {
   void SetHasTitle(bool on) override;
   orv::ChartTitle& ChartTitle() override;
   void SetHasLegend(bool on) override { edit().legend = on; }
+  orv::Legend& Legend() override;
   orv::ChartArea& ChartArea() override { return chartArea_; }
   orv::PlotArea& PlotArea() override { return plotArea_; }
 
@@ -181,6 +196,7 @@ class CalcChart final : public Chart {
   PlanChartTitle title_;
   CalcChartArea chartArea_;
   CalcPlotArea plotArea_;
+  CalcLegend legend_;
 };
 
 // The plan's kind for a host chart type; a type the live host does not draw is a host failure.

@@ -207,6 +207,11 @@ void CalcSeries::SetMarkerStyle(host::MarkerStyle style) {
   }
 }
 
+void CalcSeries::SetMarkerSize(std::int32_t points) {
+  if (points < 2 || points > 72) raiseHost("Unable to set the MarkerSize property of the Series class");
+  plan().markerSize = points;
+}
+
 // --- series collection ----------------------------------------------------------------------
 
 Series& CalcSeriesCollection::Item(std::int32_t index) {

@@ -52,6 +52,7 @@ class CalcSeries final : public Series {
   void SetXValues(const SeriesSource& values) override;
   void SetSmooth(bool on) override { plan().smooth = on; }
   void SetMarkerStyle(host::MarkerStyle style) override;
+  void SetMarkerSize(std::int32_t points) override;
 
   // The series in the plan, marked changed; a host failure once deleted.
   PlanSeries& plan();

@@ -2,13 +2,16 @@
 
 #include <com/sun/star/awt/Size.hpp>
 #include <com/sun/star/beans/XPropertySet.hpp>
+#include <com/sun/star/chart/ChartAxisLabelPosition.hpp>
 #include <com/sun/star/chart/ChartAxisPosition.hpp>
+#include <com/sun/star/chart/ChartLegendExpansion.hpp>
 #include <com/sun/star/chart/ErrorBarStyle.hpp>
 #include <com/sun/star/chart/XAxisYSupplier.hpp>
 #include <com/sun/star/chart/XChartDocument.hpp>
 #include <com/sun/star/chart/XTwoAxisYSupplier.hpp>
 #include <com/sun/star/chart2/AxisType.hpp>
 #include <com/sun/star/chart2/CurveStyle.hpp>
+#include <com/sun/star/chart2/LegendPosition.hpp>
 #include <com/sun/star/chart2/RelativePosition.hpp>
 #include <com/sun/star/chart2/RelativeSize.hpp>
 #include <com/sun/star/chart2/Symbol.hpp>
@@ -33,6 +36,7 @@
 #include <array>
 #include <cmath>
 
+#include "frame/chart_layout.h"
 #include "frame/palette.h"
 
 namespace orv::calc {
@@ -202,12 +206,19 @@ Reference<css::uno::XInterface> ChartDrawing::series(const std::vector<const Pla
   const Properties props(made, UNO_QUERY_THROW);
   // A stock chart draws its high-low lines (the whiskers) with its price series' line.
   props->setPropertyValue("LineStyle", lineStyle(first.line || prices));
-  props->setPropertyValue("Symbol", Any(symbolOf(prices ? PlanMarker::None : first.marker, first.markerSize, index)));
+  // Points with error bars: a small light marker that the black bars stay visible over.
+  const bool barsMarker = first.errorBars && first.marker == PlanMarker::Automatic;
+  if (barsMarker) {
+    props->setPropertyValue("Symbol", Any(symbolOf(PlanMarker::Circle, kErrorBarsMarkerSize, index)));
+  } else {
+    props->setPropertyValue("Symbol", Any(symbolOf(prices ? PlanMarker::None : first.marker, first.markerSize, index)));
+  }
   props->setPropertyValue("AttachedAxisIndex", Any(sal_Int32{first.secondary ? 1 : 0}));
   // The host's colours: black whiskers and marks, columns and lines from the palette's chart
   // entries by the series' place, as the in-memory host writes them.
   sal_Int32 color = colorOr(first.lineColorIndex, colorOr(automaticLineIndex(index), 0));
   if (prices || first.marker == PlanMarker::Dash) color = kBlack;
+  if (barsMarker) color = colorOr(kErrorBarsMarkerColorIndex, color);
   if (first.kind == PlanKind::Column) {
     color = colorOr(automaticFillIndex(index), kWhite);
     props->setPropertyValue("BorderStyle", Any(css::drawing::LineStyle_SOLID));
@@ -238,6 +249,9 @@ Reference<css::uno::XInterface> ChartDrawing::axis(const ChartPlan& plan, const 
   props->setPropertyValue("CharWeight", Any(a.tickLabelFont.bold ? 150.0f : 100.0f));
   props->setPropertyValue("LineStyle", lineStyle(a.line));
   props->setPropertyValue("MajorTickmarks", Any(tickmarks(a.majorTickMark)));
+  if (a.tickLabels == host::TickLabelPosition::Low) {
+    props->setPropertyValue("LabelPosition", Any(css::chart::ChartAxisLabelPosition_OUTSIDE_START));
+  }
   // A secondary value axis stands on the right, where the other side's axis ends.
   if (a.group == host::AxisGroup::Secondary) {
     props->setPropertyValue("CrossoverPosition", Any(css::chart::ChartAxisPosition_END));
@@ -348,6 +362,12 @@ void ChartDrawing::draw(const ChartPlan& plan, double width, double height) {
     if (plan.legend) {
       const Properties legend(make("com.sun.star.chart2.Legend"), UNO_QUERY_THROW);
       legend->setPropertyValue("Show", Any(true));
+      legend->setPropertyValue("CharHeight", Any(static_cast<float>(plan.legendFont.size)));
+      legend->setPropertyValue("CharWeight", Any(plan.legendFont.bold ? 150.0f : 100.0f));
+      if (plan.legendPosition == host::LegendPosition::Bottom) {
+        legend->setPropertyValue("AnchorPosition", Any(css::chart2::LegendPosition_PAGE_END));
+        legend->setPropertyValue("Expansion", Any(css::chart::ChartLegendExpansion_WIDE));
+      }
       diagram->setLegend(Reference<css::chart2::XLegend>(legend, UNO_QUERY_THROW));
     }
     drawFills(plan, diagram, width, height);

@@ -75,6 +75,7 @@ struct PlanAxis {
   bool minorGridlines = false;
   bool line = true;
   host::TickMark majorTickMark = host::TickMark::Outside;
+  host::TickLabelPosition tickLabels = host::TickLabelPosition::NextToAxis;
   std::optional<double> minimum, maximum, majorUnit;
 };
 
@@ -90,6 +91,8 @@ struct ChartPlan {
   std::vector<PlanSeries> series;
   std::optional<PlanTitle> title;
   bool legend = true;
+  host::LegendPosition legendPosition = host::LegendPosition::Right;
+  PlanFont legendFont;
   bool upDownBars = false;
   std::int32_t upBarsColorIndex = kColorIndexAutomatic;
   double upBarsBorderWeight = 0.75;

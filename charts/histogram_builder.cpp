@@ -1,5 +1,7 @@
 #include "charts/histogram_builder.h"
 
+#include <algorithm>
+
 #include "charts/plot_steps.h"
 #include "frame/procedure.h"
 #include "support/chart_style.h"
@@ -12,7 +14,7 @@ const Procedures kProc{"HistogramBuilder"};
 
 constexpr std::string_view kFrequency = "Frequency";
 constexpr std::string_view kNormal = "Normal";
-constexpr std::string_view kCumulativePrefix = "Cumulative ";
+constexpr std::string_view kCumulative = "Cumulative %";
 // Cumulative percentages are percent numbers (40 for 40 %), shown with the sign.
 constexpr std::string_view kPercentFormat = "0\"%\"";
 constexpr double kPercentTop = 100;
@@ -26,6 +28,27 @@ void plainAxis(Axis& axis, const std::string& title) {
   axis.SetHasMajorGridlines(false);
   axis.SetHasMinorGridlines(false);
   axis.SetMajorTickMark(HostConstants::TickMarksOutside());
+}
+
+// Room in points around the plot area (tick labels included, which the office's own layout of a
+// chart without a title pushes out at the top): above for the title, left for the value axis'
+// title, below for the category axis' title and the legend.
+constexpr double kMargin = 6;
+constexpr double kAbove = 8, kAboveTitle = 26;
+constexpr double kAxisTitleRoom = 14;
+constexpr double kLegendRoom = 16;
+constexpr double kLegendFontSize = 8;
+
+void layOutPlotArea(Chart& chart, double height, bool title, bool xTitle, bool yTitle, bool legend) {
+  const double width = chart.ChartArea().Width();
+  const double left = kMargin + (yTitle ? kAxisTitleRoom : 0);
+  const double top = title ? kAboveTitle : kAbove;
+  const double below = kMargin + (xTitle ? kAxisTitleRoom : 0) + (legend ? kLegendRoom : 0);
+  PlotArea& plot = chart.PlotArea();
+  plot.SetLeft(left);
+  plot.SetTop(top);
+  plot.SetWidth(std::max(0.0, width - left - kMargin));
+  plot.SetHeight(std::max(0.0, height - top - below));
 }
 
 // A line over the columns, on the columns' categories.
@@ -72,16 +95,20 @@ void HistogramBuilder::CreatePlot() {
 
     if (normal_) {
       Series& normal = addLine(chart, *normal_, labels, std::string(kNormal));
-      normal.SetSmooth(true);
+      // Smooth, unless the cumulative line is drawn too: some readers smooth every line of a
+      // chart alike, and a smoothed cumulative line would swing above 100 % and fall back.
+      normal.SetSmooth(!cumulative_);
       normal.Border().SetColorIndex(kNormalColorIndex);
     }
     if (cumulative_) {
       Series& cumulative =
-          addLine(chart, *cumulative_, labels, std::string(kCumulativePrefix) + std::string(kFrequency));
+          addLine(chart, *cumulative_, labels, std::string(kCumulative));
       cumulative.SetAxisGroup(HostConstants::SecondaryGroup());
       cumulative.Border().SetColorIndex(kCumulativeColorIndex);
       Axis& percents = chart.Axes(HostConstants::ValueAxis(), HostConstants::SecondaryGroup());
       plainAxis(percents, "");
+      // Labels only: some readers draw this axis' line across the columns instead of at the right.
+      percents.Border().SetLineStyle(HostConstants::NoLine());
       percents.SetMinimumScale(0);
       percents.SetMaximumScale(kPercentTop);
       percents.TickLabels().SetNumberFormat(std::string(kPercentFormat));
@@ -90,7 +117,14 @@ void HistogramBuilder::CreatePlot() {
     chart.ChartArea().SetAutoScaleFont(false);
     chart.ChartArea().Interior().SetColorIndex(settings_.ChartAreaColorIndex());
     setChartTitle(chart, chartTitle_);
-    chart.SetHasLegend(chart.SeriesCollection().Count() > 1);
+    const bool legend = chart.SeriesCollection().Count() > 1;
+    chart.SetHasLegend(legend);
+    if (legend) {
+      // Below the plot, in the tick labels' size: at the side it would take the room that the
+      // category labels need to be shown all.
+      chart.Legend().SetPosition(host::LegendPosition::Bottom);
+      chart.Legend().Font().SetSize(kLegendFontSize);
+    }
     chart.PlotArea().Fill().SetVisible(HostConstants::FillHidden());
     chart.PlotArea().Border().SetLineStyle(HostConstants::NoLine());
     plainAxis(chart.Axes(HostConstants::CategoryAxis(), HostConstants::PrimaryGroup()), xAxisTitle_);
@@ -98,6 +132,7 @@ void HistogramBuilder::CreatePlot() {
     plainAxis(counts, yAxisTitle_);
     // Counts are whole numbers: from 10 up the labels need no decimals.
     if (counts.MaximumScale() >= 10) counts.TickLabels().SetNumberFormat("0");
+    layOutPlotArea(chart, chartHeight_, !chartTitle_.empty(), !xAxisTitle_.empty(), !yAxisTitle_.empty(), legend);
   });
 }
 

@@ -2,13 +2,17 @@
 // HistogramBuilder: the histogram of one variable of a frequency table already on a sheet.
 //
 // Columns of the counts with no gap between them (series "Frequency"); optionally a smooth line
-// "Normal" of expected counts on the same axes, and a line "Cumulative Frequency" of cumulative
+// "Normal" of expected counts on the same axes, and a line "Cumulative %" of cumulative
 // percentages (percent numbers) on a secondary axis from 0 to 100. Counts and cumulative
 // percentages come from cells, so the chart follows edits of the table; the category labels and
 // the expected counts come from cells or are literal values. The normal curve is red and the
 // cumulative line black: the host's automatic colours for a second and third series (magenta,
 // yellow) are hard to see on white.
-// A legend is shown when there is more than one series. Placement as the other builders: the
+// The cumulative line runs straight from point to point, and so does the normal curve when the
+// cumulative line is drawn (some readers smooth all lines of a chart alike, and a smoothed
+// cumulative line would swing above 100 %); the percent axis shows labels without an axis line. A legend is shown below the plot, in 8-point type, when there is more
+// than one series; the plot area (tick labels included) leaves room for the titles and the
+// legend. Placement as the other builders: the
 // output cell's corner moved by the offsets (points), a vertical offset that reaches the sheet's
 // last row dropped. Titles: 10-point, the chart's bold; empty means none. Every call draws a new
 // chart.

@@ -45,6 +45,10 @@ enum class ErrorBarType : std::int32_t {
 };
 enum class EndStyle : std::int32_t { Cap = 1, NoCap = 2 };
 enum class MarkerStyle : std::int32_t { Automatic = -4105, None = -4142, Circle = 8 };
+// Where an axis' tick labels stand: next to the axis line, or at the low end of the crossing
+// axis (the plot area's left or bottom edge), away from where the axes cross.
+enum class TickLabelPosition : std::int32_t { NextToAxis = 4, Low = -4134 };
+enum class LegendPosition : std::int32_t { Bottom = -4107, Right = -4152 };
 
 }  // namespace host
 
@@ -110,6 +114,13 @@ class TickLabels {
   virtual void SetNumberFormat(const std::string& format) = 0;
 };
 
+class Legend {
+ public:
+  virtual ~Legend() = default;
+  virtual void SetPosition(host::LegendPosition position) = 0;
+  virtual ChartFont& Font() = 0;
+};
+
 class Axis {
  public:
   virtual ~Axis() = default;
@@ -122,6 +133,7 @@ class Axis {
   virtual void SetHasMinorGridlines(bool on) = 0;
   virtual ChartBorder& Border() = 0;
   virtual void SetMajorTickMark(host::TickMark mark) = 0;
+  virtual void SetTickLabelPosition(host::TickLabelPosition position) = 0;
   // Fixed scale limits and step of a value axis; finite numbers only, the minimum below the
   // maximum once both are set.
   virtual void SetMinimumScale(double value) = 0;
@@ -164,6 +176,8 @@ class Series {
   virtual void SetXValues(const SeriesSource& values) = 0;
   virtual void SetSmooth(bool on) = 0;
   virtual void SetMarkerStyle(host::MarkerStyle style) = 0;
+  // Points, 2 to 72.
+  virtual void SetMarkerSize(std::int32_t points) = 0;
 };
 
 class SeriesCollection {
@@ -243,6 +257,8 @@ class Chart {
   // Fails while the chart has no title.
   virtual orv::ChartTitle& ChartTitle() = 0;
   virtual void SetHasLegend(bool on) = 0;
+  // Fails while the chart has no legend.
+  virtual orv::Legend& Legend() = 0;
   virtual orv::ChartArea& ChartArea() = 0;
   virtual orv::PlotArea& PlotArea() = 0;
 };

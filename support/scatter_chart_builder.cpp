@@ -19,6 +19,7 @@ constexpr Procedures kProc("ScatterChartBuilder");
 // The unit circle with a little room: sines and cosines never leave -1..1.
 constexpr double kScaleLimit = 1.0;
 constexpr double kScaleStep = 0.5;
+constexpr std::int32_t kMarkerSize = 5;
 
 void formatAxis(Axis& axis) {
   axis.SetHasTitle(false);
@@ -28,6 +29,9 @@ void formatAxis(Axis& axis) {
   axis.SetMaximumScale(kScaleLimit);
   axis.SetMajorUnit(kScaleStep);
   axis.SetMajorTickMark(HostConstants::TickMarksOutside());
+  // The axes cross at the centre; their labels stand at the plot's left and bottom edges, where
+  // no point and no other axis covers them (a 0 at the crossing would sit on both axes).
+  axis.SetTickLabelPosition(host::TickLabelPosition::Low);
   axis.TickLabels().Font().SetSize(8);
 }
 
@@ -70,6 +74,8 @@ void ScatterChartBuilder::CreatePlot() {
     points.SetXValues(x);
     points.SetValues(y);
     points.SetMarkerStyle(host::MarkerStyle::Circle);
+    // Small enough that nearby angles stay apart on a 200-point chart.
+    points.SetMarkerSize(kMarkerSize);
     // Points only: the order of the angles means nothing.
     points.Border().SetLineStyle(HostConstants::NoLine());
 

@@ -47,6 +47,8 @@ enum class AxisGroup : std::uint8_t { Primary = 1, Secondary = 2 };
 enum class AxisKind : std::uint8_t { Category = 1, Value = 2 };
 enum class MarkerSymbol : std::uint8_t { Automatic, None, Dash, Diamond, Circle, Square };
 enum class TickMark : std::uint8_t { None, Inside, Outside, Cross };
+enum class TickLabelPlace : std::uint8_t { NextToAxis, Low };
+enum class LegendPlace : std::uint8_t { Right, Bottom };
 
 struct FontModel {
   double size = 10.0;
@@ -90,6 +92,7 @@ struct AxisModel {
   bool minorGridlines = false;
   bool line = true;                  // false: the axis line is not drawn
   TickMark majorTickMark = TickMark::Outside;
+  TickLabelPlace tickLabels = TickLabelPlace::NextToAxis;
   std::optional<double> minimumScale;  // explicit scale; nullopt = automatic
   std::optional<double> maximumScale;
   std::optional<double> majorUnit;
@@ -117,6 +120,8 @@ struct ChartModel {
   std::optional<std::string> title;  // none when nullopt
   FontModel titleFont{10.0, true};
   bool legend = true;
+  LegendPlace legendPlace = LegendPlace::Right;
+  FontModel legendFont{10.0, false};
 
   bool upDownBars = false;              // stock charts: boxes from open to close
   std::int32_t upBarsColorIndex = -4105;

@@ -96,6 +96,10 @@ void InMemoryAxis::SetMajorTickMark(host::TickMark mark) {
   }
 }
 
+void InMemoryAxis::SetTickLabelPosition(host::TickLabelPosition position) {
+  model().tickLabels = position == host::TickLabelPosition::Low ? TickLabelPlace::Low : TickLabelPlace::NextToAxis;
+}
+
 // Scale settings belong to value axes, and to both axes of a scatter chart, whose X axis is a
 // value axis too.
 void InMemoryAxis::SetMinimumScale(double value) { scaleField("MinimumScale", value).minimumScale = value; }
@@ -199,7 +203,8 @@ InMemoryChart::InMemoryChart(Worksheet& sheet, FieldOf<ChartModel> model)
       title_([this]() -> std::optional<std::string>& { return this->model().title; },
              [this]() -> FontModel& { return this->model().titleFont; }),
       chartArea_(*this),
-      plotArea_(*this) {}
+      plotArea_(*this),
+      legend_(*this) {}
 
 std::string InMemoryChart::Name() const { return sheet_->Name() + " " + model().name; }
 
@@ -267,6 +272,20 @@ void InMemoryChart::SetHasTitle(bool on) {
 ChartTitle& InMemoryChart::ChartTitle() {
   if (!model().title) raiseHost("Unable to get the ChartTitle property of the Chart class");
   return title_;
+}
+
+orv::Legend& InMemoryChart::Legend() {
+  if (!model().legend) raiseHost("Unable to get the Legend property of the Chart class");
+  return legend_;
+}
+
+// --- legend ---------------------------------------------------------------------------------
+
+InMemoryLegend::InMemoryLegend(InMemoryChart& chart)
+    : chart_(&chart), font_([&chart]() -> FontModel& { return chart.model().legendFont; }) {}
+
+void InMemoryLegend::SetPosition(host::LegendPosition position) {
+  chart_->model().legendPlace = position == host::LegendPosition::Bottom ? LegendPlace::Bottom : LegendPlace::Right;
 }
 
 void InMemoryChart::syncAxes() {

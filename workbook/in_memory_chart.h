@@ -41,6 +41,7 @@ class InMemoryAxis final : public Axis {
   void SetHasMinorGridlines(bool on) override { model().minorGridlines = on; }
   ChartBorder& Border() override { return border_; }
   void SetMajorTickMark(host::TickMark mark) override;
+  void SetTickLabelPosition(host::TickLabelPosition position) override;
   void SetMinimumScale(double value) override;
   void SetMaximumScale(double value) override;
   void SetMajorUnit(double value) override;
@@ -126,6 +127,19 @@ class InMemoryPlotArea final : public PlotArea {
   RecordedBorder border_;
 };
 
+class InMemoryLegend final : public Legend {
+ public:
+  explicit InMemoryLegend(InMemoryChart& chart);
+  InMemoryLegend(const InMemoryLegend&) = delete;
+  InMemoryLegend& operator=(const InMemoryLegend&) = delete;
+  void SetPosition(host::LegendPosition position) override;
+  ChartFont& Font() override { return font_; }
+
+ private:
+  InMemoryChart* chart_;
+  RecordedFont font_;
+};
+
 class InMemoryChart final : public Chart {
  public:
   // `model` reaches the recorded chart; `sheet` is the worksheet that holds the chart object.
@@ -141,6 +155,7 @@ class InMemoryChart final : public Chart {
   void SetHasTitle(bool on) override;
   orv::ChartTitle& ChartTitle() override;
   void SetHasLegend(bool on) override { model().legend = on; }
+  orv::Legend& Legend() override;
   orv::ChartArea& ChartArea() override { return chartArea_; }
   orv::PlotArea& PlotArea() override { return plotArea_; }
 
@@ -161,6 +176,7 @@ class InMemoryChart final : public Chart {
   RecordedTitle title_;
   InMemoryChartArea chartArea_;
   InMemoryPlotArea plotArea_;
+  InMemoryLegend legend_;
 };
 
 // The model's enumeration for a host chart type; a type the model cannot draw is a host failure.

@@ -190,6 +190,11 @@ void InMemorySeries::SetMarkerStyle(host::MarkerStyle style) {
   }
 }
 
+void InMemorySeries::SetMarkerSize(std::int32_t points) {
+  if (points < 2 || points > 72) raiseHost("Unable to set the MarkerSize property of the Series class");
+  model().markerSize = points;
+}
+
 void InMemorySeries::SetHasErrorBars(bool on) {
   std::optional<ErrorBarsModel>& bars = model().errorBars;
   if (!on) {

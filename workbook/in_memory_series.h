@@ -51,6 +51,7 @@ class InMemorySeries final : public Series {
   void SetXValues(const SeriesSource& values) override;
   void SetSmooth(bool on) override { model().smooth = on; }
   void SetMarkerStyle(host::MarkerStyle style) override;
+  void SetMarkerSize(std::int32_t points) override;
 
   // The recorded series; a host failure once the series is deleted.
   SeriesModel& model();

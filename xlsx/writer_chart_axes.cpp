@@ -47,7 +47,7 @@ std::string shared(const AxisModel& axis, const AxisPlacement& place) {
   if (axis.title) out += title(*axis.title, axis.titleFont, place.position == 'l' || place.position == 'r');
   out += "<c:numFmt formatCode=\"" + xml::attribute(axis.tickLabelNumberFormat) + "\" sourceLinked=\"0\"/>";
   out += valueElement("majorTickMark", tickMark(axis.majorTickMark)) + valueElement("minorTickMark", "none") +
-         valueElement("tickLblPos", "nextTo");
+         valueElement("tickLblPos", axis.tickLabels == TickLabelPlace::Low ? "low" : "nextTo");
   out += shapeProperties("", line(axis.line ? std::optional<std::string>(kBlack) : std::nullopt));
   out += textProperties(axis.tickLabelFont);
   return out + valueElement("crossAx", std::to_string(place.crossesAxis)) + valueElement("crosses", crossing(place.crosses));

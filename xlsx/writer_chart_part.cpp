@@ -106,7 +106,10 @@ std::string chartPartXml(const ChartModel& chart) {
   // Without a title the host would invent one for a chart of one series unless told not to.
   out += boolElement("autoTitleDeleted", !chart.title.has_value());
   out += plotArea(chart);
-  if (chart.legend) out += "<c:legend>" + valueElement("legendPos", "r") + boolElement("overlay", false) + "</c:legend>";
+  if (chart.legend) {
+    out += "<c:legend>" + valueElement("legendPos", chart.legendPlace == LegendPlace::Bottom ? "b" : "r") +
+           boolElement("overlay", false) + textProperties(chart.legendFont) + "</c:legend>";
+  }
   out += boolElement("plotVisOnly", true) + valueElement("dispBlanksAs", "gap") + "</c:chart>";
   out += shapeProperties(solidFill(paletteRgb(chart.chartAreaColorIndex).value_or("FFFFFF")), line(std::string("000000")));
   out += textProperties(FontModel{10.0, false});

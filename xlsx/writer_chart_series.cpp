@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "frame/chart_layout.h"
 #include "xlsx/writer_chart_data.h"
 #include "xlsx/writer_chart_elements.h"
 #include "xlsx/writer_chart_palette.h"
@@ -42,10 +43,16 @@ std::string_view symbolName(MarkerSymbol symbol, std::size_t index) {
 }  // namespace
 
 std::string marker(const SeriesModel& series, std::size_t index, bool stock) {
-  const MarkerSymbol symbol = stock && series.marker == MarkerSymbol::Automatic ? MarkerSymbol::None : series.marker;
+  MarkerSymbol symbol = stock && series.marker == MarkerSymbol::Automatic ? MarkerSymbol::None : series.marker;
   if (symbol == MarkerSymbol::None) return "<c:marker>" + valueElement("symbol", "none") + "</c:marker>";
-  const std::string rgb = symbol == MarkerSymbol::Dash ? std::string(kBlack) : automaticLineRgb(index);
-  const std::int32_t size = std::clamp(series.markerSize, 2, 72);
+  std::string rgb = symbol == MarkerSymbol::Dash ? std::string(kBlack) : automaticLineRgb(index);
+  std::int32_t size = std::clamp(series.markerSize, 2, 72);
+  // Points with error bars: a small light marker that the black bars stay visible over.
+  if (series.errorBars && symbol == MarkerSymbol::Automatic) {
+    symbol = MarkerSymbol::Circle;
+    rgb = paletteRgb(kErrorBarsMarkerColorIndex).value_or(rgb);
+    size = kErrorBarsMarkerSize;
+  }
   return "<c:marker>" + valueElement("symbol", symbolName(symbol, index)) + valueElement("size", std::to_string(size)) +
          shapeProperties(solidFill(rgb), line(rgb)) + "</c:marker>";
 }

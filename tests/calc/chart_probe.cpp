@@ -1,5 +1,7 @@
 #include "chart_probe.h"
 
+#include "frame/chart_layout.h"
+
 #include "frame/conversions.h"
 #include "workbook/in_memory_chart.h"
 #include "workbook/in_memory_worksheet.h"
@@ -47,12 +49,13 @@ std::string kindText(ChartKind kind) {
 std::ostream& operator<<(std::ostream& out, const ProbedSeries& s) {
   return out << "{" << s.kind << " values=" << s.values << " categories=" << s.categories << " name=" << s.name
              << (s.secondary ? " secondary" : "") << (s.line ? " line" : "") << " +" << s.plusErrors << " -"
-             << s.minusErrors << "}";
+             << s.minusErrors << " marker=" << s.markerSize << "}";
 }
 
 std::ostream& operator<<(std::ostream& out, const ProbedAxis& a) {
   out << "{" << a.which << (a.shown ? "" : " hidden") << " title=" << a.title << "/" << a.titleSize
-      << " ticks=" << a.tickLabelSize << " format=" << a.numberFormat << (a.majorGridlines ? " grid" : "");
+      << " ticks=" << a.tickLabelSize << " format=" << a.numberFormat << (a.majorGridlines ? " grid" : "")
+      << (a.line ? "" : " no-line") << (a.labelsLow ? " labels-low" : "");
   if (a.minimum) out << " min=" << *a.minimum;
   if (a.maximum) out << " max=" << *a.maximum;
   return out << "}";
@@ -74,6 +77,10 @@ std::vector<ProbedChart> probeInMemory(Worksheet& worksheet) {
       c.titleBold = m.titleFont.bold;
     }
     c.legend = m.legend;
+    if (m.legend) {
+      c.legendAt = m.legendPlace == LegendPlace::Bottom ? "bottom" : "right";
+      c.legendSize = m.legendFont.size;
+    }
     c.upDownBars = m.upDownBars;
     const std::size_t prices = priceSeriesCount(m.kind);
     for (std::size_t i = 0; i < m.series.size(); ++i) {
@@ -86,6 +93,10 @@ std::vector<ProbedChart> probeInMemory(Worksheet& worksheet) {
       p.name = s.nameCell ? refText(*s.nameCell) : s.name;
       p.secondary = s.axisGroup == AxisGroup::Secondary;
       p.line = s.line;
+      if (p.kind != "stock" && s.marker != MarkerSymbol::None) {
+        const bool barsMarker = s.errorBars && s.marker == MarkerSymbol::Automatic;
+        p.markerSize = barsMarker ? kErrorBarsMarkerSize : s.markerSize;
+      }
       if (s.errorBars) {
         p.plusErrors = s.errorBars->plus ? dataText(s.errorBars->plusAmounts) : "";
         p.minusErrors = s.errorBars->minus ? dataText(s.errorBars->minusAmounts) : "";
@@ -107,6 +118,8 @@ std::vector<ProbedChart> probeInMemory(Worksheet& worksheet) {
       p.tickLabelSize = a.tickLabelFont.size;
       p.numberFormat = a.tickLabelNumberFormat;
       p.majorGridlines = a.majorGridlines;
+      p.line = a.line;
+      p.labelsLow = a.tickLabels == TickLabelPlace::Low;
       p.minimum = a.minimumScale;
       p.maximum = a.maximumScale;
       c.axes.push_back(p);
@@ -127,6 +140,8 @@ void expectSameChart(const ProbedChart& expected, const ProbedChart& actual) {
   EXPECT_EQ(actual.titleSize, expected.titleSize);
   EXPECT_EQ(actual.titleBold, expected.titleBold);
   EXPECT_EQ(actual.legend, expected.legend);
+  EXPECT_EQ(actual.legendAt, expected.legendAt);
+  EXPECT_EQ(actual.legendSize, expected.legendSize);
   EXPECT_EQ(actual.upDownBars, expected.upDownBars);
   EXPECT_EQ(actual.series, expected.series);
   EXPECT_EQ(actual.axes, expected.axes);

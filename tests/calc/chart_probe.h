@@ -22,6 +22,7 @@ struct ProbedSeries {
   bool secondary = false;
   bool line = true;
   std::string plusErrors, minusErrors;
+  double markerSize = 0;  // as drawn; 0 without markers (price series have none)
   friend bool operator==(const ProbedSeries&, const ProbedSeries&) = default;
 };
 
@@ -33,6 +34,8 @@ struct ProbedAxis {
   double tickLabelSize = 0;
   std::string numberFormat;
   bool majorGridlines = false;
+  bool line = true;
+  bool labelsLow = false;  // tick labels at the plot's edge rather than next to the axis
   std::optional<double> minimum, maximum;
   friend bool operator==(const ProbedAxis&, const ProbedAxis&) = default;
 };
@@ -44,6 +47,8 @@ struct ProbedChart {
   double titleSize = 0;
   bool titleBold = false;
   bool legend = false;
+  std::string legendAt;  // "right" or "bottom" with a legend
+  double legendSize = 0;
   bool upDownBars = false;
   std::vector<ProbedSeries> series;
   std::vector<ProbedAxis> axes;

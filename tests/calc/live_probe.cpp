@@ -3,6 +3,9 @@
 #include <com/sun/star/awt/Point.hpp>
 #include <com/sun/star/awt/Size.hpp>
 #include <com/sun/star/beans/XPropertySet.hpp>
+#include <com/sun/star/chart/ChartAxisLabelPosition.hpp>
+#include <com/sun/star/chart2/LegendPosition.hpp>
+#include <com/sun/star/chart2/Symbol.hpp>
 #include <com/sun/star/chart2/XAxis.hpp>
 #include <com/sun/star/chart2/XChartType.hpp>
 #include <com/sun/star/chart2/XChartTypeContainer.hpp>
@@ -13,6 +16,8 @@
 #include <com/sun/star/chart2/data/XDataSource.hpp>
 #include <com/sun/star/chart2/data/XLabeledDataSequence.hpp>
 #include <com/sun/star/drawing/LineStyle.hpp>
+
+#include <cmath>
 
 #include "calc/calc_chart_objects.h"
 #include "calc/calc_worksheet.h"
@@ -119,6 +124,8 @@ ProbedSeries seriesOf(const Reference<css::uno::XInterface>& series, const std::
     if (l.is() && l->getLabel().is()) p.name = sourceOf(l->getLabel());
   }
   p.secondary = property<sal_Int32>(series, "AttachedAxisIndex") == 1;
+  const css::chart2::Symbol symbol = property<css::chart2::Symbol>(series, "Symbol");
+  if (symbol.Style != css::chart2::SymbolStyle_NONE) p.markerSize = std::round(points(symbol.Size.Height));
   css::drawing::LineStyle style = css::drawing::LineStyle_SOLID;
   Properties(series, UNO_QUERY_THROW)->getPropertyValue("LineStyle") >>= style;
   p.line = style != css::drawing::LineStyle_NONE;
@@ -146,6 +153,9 @@ ProbedAxis axisOf(const Reference<css::chart2::XAxis>& axis, const std::string& 
     p.numberFormat = formats.codeOf(property<sal_Int32>(axis, "NumberFormat"));
   }
   p.majorGridlines = property<bool>(axis->getGridProperties(), "Show");
+  p.line = property<css::drawing::LineStyle>(axis, "LineStyle") != css::drawing::LineStyle_NONE;
+  p.labelsLow = property<css::chart::ChartAxisLabelPosition>(axis, "LabelPosition") ==
+                css::chart::ChartAxisLabelPosition_OUTSIDE_START;
   const css::chart2::ScaleData scale = axis->getScaleData();
   double v = 0;
   if (scale.Minimum >>= v) p.minimum = v;
@@ -167,6 +177,12 @@ ProbedChart chartOf(CalcChartObject& object) {
   const Reference<css::chart2::XDiagram> diagram = document->getFirstDiagram();
   if (!diagram.is()) return c;
   c.legend = diagram->getLegend().is() && property<bool>(diagram->getLegend(), "Show");
+  if (c.legend) {
+    const bool bottom = property<css::chart2::LegendPosition>(diagram->getLegend(), "AnchorPosition") ==
+                        css::chart2::LegendPosition_PAGE_END;
+    c.legendAt = bottom ? "bottom" : "right";
+    c.legendSize = property<float>(diagram->getLegend(), "CharHeight");
+  }
   const auto systems =
       Reference<css::chart2::XCoordinateSystemContainer>(diagram, UNO_QUERY_THROW)->getCoordinateSystems();
   if (systems.getLength() == 0) return c;

@@ -98,7 +98,7 @@ TEST_P(HostCharts, AStockChartWithTheMediansOnAHiddenSecondaryAxis) {
     expected.series.push_back({"stock", cells, "Data!$B$1:$C$1", "", false, false, "", ""});
   }
   for (int i = 0; i < 2; ++i)
-    expected.series.push_back({"line", "Data!$B$6:$C$6", "Data!$B$1:$C$1", "", true, false, "", ""});
+    expected.series.push_back({"line", "Data!$B$6:$C$6", "Data!$B$1:$C$1", "", true, false, "", "", 12});
   ProbedAxis valueAxis = axis("value", true, 8, "0", false);
   valueAxis.title = "cm";
   valueAxis.titleSize = 10;
@@ -129,7 +129,8 @@ TEST_P(HostCharts, ErrorBarsFromCellsAndFromLiteralAmounts) {
   expected.top = 200;
   expected.width = 150;
   expected.height = 200;
-  expected.series = {{"line", "Data!$B$6:$C$6", "Data!$B$1:$C$1", "", false, false, "Data!$B$7:$C$7", "=2;3.5"}};
+  // The automatic marker of points with error bars is drawn small (frame/chart_layout.h).
+  expected.series = {{"line", "Data!$B$6:$C$6", "Data!$B$1:$C$1", "", false, false, "Data!$B$7:$C$7", "=2;3.5", 4}};
   expected.axes = {axis("category", true, 10, "General", false), axis("value", true, 10, "General", true)};
   expectSameChart(expected, only());
 
@@ -186,6 +187,9 @@ TEST_P(HostCharts, ColumnsWithLinesOfLiteralValuesAndASecondaryScale) {
   percents.SetMaximumScale(100);
   percents.SetHasMajorGridlines(false);
   percents.TickLabels().SetNumberFormat("0\"%\"");
+  percents.Border().SetLineStyle(host::LineStyle::None);
+  chart.Legend().SetPosition(host::LegendPosition::Bottom);
+  chart.Legend().Font().SetSize(8);
   EXPECT_EQ(percents.MaximumScale(), 100);
   EXPECT_EQ(chart.SeriesCollection().Count(), 3);
 
@@ -195,10 +199,13 @@ TEST_P(HostCharts, ColumnsWithLinesOfLiteralValuesAndASecondaryScale) {
   expected.width = 300;
   expected.height = 200;
   expected.legend = true;
-  expected.series = {{"column", "Data!$B$2:$C$2", "=0 - 10;10 - 20", "Frequency", false, true, "", ""},
-                     {"line", "=1.25;", "=0 - 10;10 - 20", "Normal", false, true, "", ""},
-                     {"line", "Data!$B$5:$C$5", "=0 - 10;10 - 20", "Cumulative Frequency", true, true, "", ""}};
+  expected.legendAt = "bottom";
+  expected.legendSize = 8;
+  expected.series = {{"column", "Data!$B$2:$C$2", "=0 - 10;10 - 20", "Frequency", false, true, "", "", 7},
+                     {"line", "=1.25;", "=0 - 10;10 - 20", "Normal", false, true, "", "", 0},
+                     {"line", "Data!$B$5:$C$5", "=0 - 10;10 - 20", "Cumulative Frequency", true, true, "", "", 0}};
   ProbedAxis secondary = axis("secondary value", true, 10, "0\"%\"", false);
+  secondary.line = false;
   secondary.minimum = 0;
   secondary.maximum = 100;
   expected.axes = {axis("category", true, 10, "General", false), axis("value", true, 10, "General", true), secondary};
@@ -212,9 +219,11 @@ TEST_P(HostCharts, AScatterChartOnFixedScales) {
   points.SetXValues(range("B2:B6"));
   points.SetValues(range("C2:C6"));
   points.SetMarkerStyle(host::MarkerStyle::Circle);
+  points.SetMarkerSize(5);
   points.Border().SetLineStyle(host::LineStyle::None);
   for (AxisType type : {AxisType::Category, AxisType::Value}) {
     Axis& a = chart.Axes(type, AxisGroup::Primary);
+    a.SetTickLabelPosition(host::TickLabelPosition::Low);
     a.SetMinimumScale(-1);
     a.SetMaximumScale(1);
     a.SetMajorUnit(0.5);
@@ -228,8 +237,9 @@ TEST_P(HostCharts, AScatterChartOnFixedScales) {
   ProbedChart expected;
   expected.name = "Chart 1";
   expected.width = expected.height = 200;
-  expected.series = {{"scatter", "Data!$C$2:$C$6", "Data!$B$2:$B$6", "", false, false, "", ""}};
+  expected.series = {{"scatter", "Data!$C$2:$C$6", "Data!$B$2:$B$6", "", false, false, "", "", 5}};
   ProbedAxis x = axis("category", true, 10, "General", false), y = axis("value", true, 10, "General", false);
+  x.labelsLow = y.labelsLow = true;
   x.minimum = y.minimum = -1;
   x.maximum = y.maximum = 1;
   expected.axes = {x, y};
@@ -253,6 +263,9 @@ TEST_P(HostCharts, WhatAChartDoesNotHaveIsAHostFailure) {
   EXPECT_EQ(raisedNumber([&] { chart.Axes(AxisType::Category, AxisGroup::Secondary); }), 1004);
   EXPECT_EQ(raisedNumber([&] { chart.ChartGroups(1).UpBars(); }), 1004);
   EXPECT_EQ(raisedNumber([&] { chart.ChartTitle(); }), 1004);
+  chart.SetHasLegend(false);
+  EXPECT_EQ(raisedNumber([&] { chart.Legend(); }), 1004);
+  for (const std::int32_t size : {1, 73}) EXPECT_EQ(raisedNumber([&] { series.Item(1).SetMarkerSize(size); }), 1004);
   EXPECT_EQ(raisedNumber([&] { series.Add(range("B2:C3")); }), 1004);
   Series& second = series.Item(2);
   second.Delete();

@@ -121,6 +121,13 @@ class RecTickLabels final : public TickLabels, public Passing<TickLabels> {
   void SetNumberFormat(const std::string& format) override ORV_PASS(SetNumberFormat(format))
 };
 
+class RecLegend final : public Legend, public Passing<Legend> {
+ public:
+  using Passing::Passing;
+  void SetPosition(host::LegendPosition position) override ORV_PASS(SetPosition(position))
+  ChartFont& Font() override ORV_WRAP(RecFont, Font())
+};
+
 class RecAxis final : public Axis, public Passing<Axis> {
  public:
   using Passing::Passing;
@@ -132,6 +139,7 @@ class RecAxis final : public Axis, public Passing<Axis> {
   void SetHasMinorGridlines(bool on) override ORV_PASS(SetHasMinorGridlines(on))
   ChartBorder& Border() override ORV_WRAP(RecBorder, Border())
   void SetMajorTickMark(host::TickMark mark) override ORV_PASS(SetMajorTickMark(mark))
+  void SetTickLabelPosition(host::TickLabelPosition position) override ORV_PASS(SetTickLabelPosition(position))
   void SetMinimumScale(double value) override ORV_PASS(SetMinimumScale(value))
   void SetMaximumScale(double value) override ORV_PASS(SetMaximumScale(value))
   void SetMajorUnit(double value) override ORV_PASS(SetMajorUnit(value))
@@ -163,6 +171,7 @@ class RecSeries final : public Series, public Passing<Series> {
   void SetXValues(const SeriesSource& values) override ORV_PASS(SetXValues(values))
   void SetSmooth(bool on) override ORV_PASS(SetSmooth(on))
   void SetMarkerStyle(host::MarkerStyle style) override ORV_PASS(SetMarkerStyle(style))
+  void SetMarkerSize(std::int32_t points) override ORV_PASS(SetMarkerSize(points))
 };
 
 class RecSeriesCollection final : public SeriesCollection, public Passing<SeriesCollection> {
@@ -225,6 +234,7 @@ class RecChart final : public Chart, public Passing<Chart> {
   void SetHasTitle(bool on) override ORV_PASS(SetHasTitle(on))
   orv::ChartTitle& ChartTitle() override ORV_WRAP(RecTitle, ChartTitle())
   void SetHasLegend(bool on) override ORV_PASS(SetHasLegend(on))
+  orv::Legend& Legend() override ORV_WRAP(RecLegend, Legend())
   orv::ChartArea& ChartArea() override ORV_WRAP(RecChartArea, ChartArea())
   orv::PlotArea& PlotArea() override ORV_WRAP(RecPlotArea, PlotArea())
 };

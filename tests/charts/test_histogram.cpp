@@ -130,5 +130,43 @@ TEST_F(HistogramTest, AnOccupiedAreaBelowTheBlockKeepsItsCellsAndTheChartsUseLit
   EXPECT_EQ(c.series[1].values.literal.size(), 3U);
 }
 
+TEST_F(HistogramTest, TheLegendStandsBelowThePlotAndTheCumulativeLineRunsStraight) {
+  const struct {
+    const char* what;
+    bool cumulative;
+    bool titles;
+  } cases[] = {{"the normal curve alone, no titles", false, false}, {"both lines and every title", true, true}};
+  for (const auto& k : cases) {
+    SCOPED_TRACE(k.what);
+    clsFreq freq;
+    freq.PlotCumulative(k.cumulative);
+    if (k.titles) {
+      freq.HistogramTitle("Sizes");
+      freq.HistogramXTitle("mm");
+      freq.HistogramYTitle("Count");
+    }
+    analyse(freq);
+    const ChartModel& c = data.charts().back();
+    ASSERT_EQ(c.series.size(), k.cumulative ? 3U : 2U);
+    EXPECT_EQ(c.legendPlace, LegendPlace::Bottom);
+    EXPECT_EQ(c.legendFont.size, 8);
+    // A reader that smooths all of a chart's lines alike must not bend the cumulative line.
+    EXPECT_EQ(c.series[1].smooth, !k.cumulative);
+    if (k.cumulative) {
+      EXPECT_EQ(c.series[2].name, "Cumulative %");
+      EXPECT_FALSE(c.series[2].smooth);
+      EXPECT_FALSE(axis(c, AxisKind::Value, AxisGroup::Secondary)->line);
+    }
+    // The plot area, labels included, inside the chart with room above for the title and below
+    // for the axis title and the legend.
+    const PlotAreaModel& p = c.plotArea;
+    EXPECT_TRUE(p.manual);
+    EXPECT_GE(p.top, k.titles ? 20.0 : 5.0);
+    EXPECT_LE(p.top + p.height, c.height - (k.titles ? 30.0 : 16.0));
+    EXPECT_GT(p.height, c.height / 2);
+    EXPECT_LE(p.left + p.width, c.width);
+  }
+}
+
 }  // namespace
 }  // namespace orv::test

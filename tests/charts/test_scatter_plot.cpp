@@ -38,11 +38,13 @@ TEST_F(ChartTest, ThreeColumnsOfAnglesGiveThreeSquareChartsStackedBesideTheBlock
     EXPECT_EQ(s.values.cells, (SheetRef{"Data", source.Columns(2 * static_cast<std::int32_t>(k) + 2).block()}));
     EXPECT_EQ(s.xValues.cached.size(), 6U);
     EXPECT_EQ(s.marker, MarkerSymbol::Circle);
+    EXPECT_EQ(s.markerSize, 5);
     ASSERT_EQ(c.axes.size(), 2U);
     for (const AxisModel& a : c.axes) {
       EXPECT_EQ(a.minimumScale, -1.0);
       EXPECT_EQ(a.maximumScale, 1.0);
       EXPECT_TRUE(a.crossesAtCentre);
+      EXPECT_EQ(a.tickLabels, TickLabelPlace::Low) << "labels at the plot's edges, not on the crossing";
     }
     EXPECT_DOUBLE_EQ(c.plotArea.width, c.plotArea.height);
     EXPECT_GT(c.plotArea.width, 100);

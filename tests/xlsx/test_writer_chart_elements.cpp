@@ -33,6 +33,15 @@ TEST(ChartElements, CachesMarkersErrorBarsLayoutAndPalette) {
   EXPECT_TRUE(has(marker(automatic, 1, false), R"(<c:symbol val="square"/><c:size val="72"/>)"))
       << marker(automatic, 1, false);
   EXPECT_EQ(marker(SeriesModel{}, 0, true), R"(<c:marker><c:symbol val="none"/></c:marker>)");
+  // Points with error bars: a small mid-blue circle, whatever their automatic place would give;
+  // a marker that was set stays as it is.
+  SeriesModel withBars;
+  withBars.errorBars = ErrorBarsModel{};
+  EXPECT_EQ(marker(withBars, 0, false),
+            R"(<c:marker><c:symbol val="circle"/><c:size val="4"/><c:spPr><a:solidFill><a:srgbClr val="3366FF"/>)"
+            R"(</a:solidFill><a:ln w="9525"><a:solidFill><a:srgbClr val="3366FF"/></a:solidFill></a:ln></c:spPr></c:marker>)");
+  withBars.marker = MarkerSymbol::Dash;
+  EXPECT_TRUE(has(marker(withBars, 0, false), R"(<c:symbol val="dash"/><c:size val="7"/>)"));
 
   ErrorBarsModel bars;
   bars.minus = false;

@@ -21,8 +21,12 @@ void clsPlotError::HeadersRange(const Range& cells) { kProc("SetOutputRange", [&
 void clsPlotError::CentreRange(const Range& cells) { kProc("SetCentreRange", [&] { centre_ = cells; }); }
 void clsPlotError::ErrorPosRange(const Range& cells) { kProc("SetErrorPosRange", [&] { plus_ = cells; }); }
 void clsPlotError::ErrorNegRange(const Range& cells) { kProc("SetErrorNegRange", [&] { minus_ = cells; }); }
-void clsPlotError::ErrorPosArray(const AmountList& distances) { kProc("SetErrorPosArray", [&] { plus_ = distances; }); }
-void clsPlotError::ErrorNegArray(const AmountList& distances) { kProc("SetErrorNegArray", [&] { minus_ = distances; }); }
+void clsPlotError::ErrorPosArray(const AmountList& distances) {
+  kProc("SetErrorPosArray", [&] { plus_ = distances; });
+}
+void clsPlotError::ErrorNegArray(const AmountList& distances) {
+  kProc("SetErrorNegArray", [&] { minus_ = distances; });
+}
 
 void clsPlotError::CreatePlot() {
   kProc("CreatePlot", [&] {

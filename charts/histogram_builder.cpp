@@ -101,8 +101,7 @@ void HistogramBuilder::CreatePlot() {
       normal.Border().SetColorIndex(kNormalColorIndex);
     }
     if (cumulative_) {
-      Series& cumulative =
-          addLine(chart, *cumulative_, labels, std::string(kCumulative));
+      Series& cumulative = addLine(chart, *cumulative_, labels, std::string(kCumulative));
       cumulative.SetAxisGroup(HostConstants::SecondaryGroup());
       cumulative.Border().SetColorIndex(kCumulativeColorIndex);
       Axis& percents = chart.Axes(HostConstants::ValueAxis(), HostConstants::SecondaryGroup());

@@ -10,12 +10,12 @@
 // yellow) are hard to see on white.
 // The cumulative line runs straight from point to point, and so does the normal curve when the
 // cumulative line is drawn (some readers smooth all lines of a chart alike, and a smoothed
-// cumulative line would swing above 100 %); the percent axis shows labels without an axis line. A legend is shown below the plot, in 8-point type, when there is more
-// than one series; the plot area (tick labels included) leaves room for the titles and the
-// legend. Placement as the other builders: the
-// output cell's corner moved by the offsets (points), a vertical offset that reaches the sheet's
-// last row dropped. Titles: 10-point, the chart's bold; empty means none. Every call draws a new
-// chart.
+// cumulative line would swing above 100 %); the percent axis shows labels without an axis line.
+// A legend is shown below the plot, in 8-point type, when there is more than one series; the
+// plot area (tick labels included) leaves room for the titles and the legend. Placement as the
+// other builders: the output cell's corner moved by the offsets (points), a vertical offset that
+// reaches the sheet's last row dropped. Titles: 10-point, the chart's bold; empty means none.
+// Every call draws a new chart.
 //
 // Errors leave as ComponentError with the source "Line 0 in ORVDescriptives.HistogramBuilder.
 // <member>"; the output cell, counts or labels used before they are set raise 91; what the host

@@ -268,7 +268,6 @@ std::optional<ErrorAmountCells> writeAmountsBelow(const Range& output, const Ran
   return writeErrorAmounts(pasted, rows.header.value(), rows.centre.value(), above, below);
 }
 
-
 }  // namespace
 
 clsDS::clsDS() {
@@ -431,7 +430,6 @@ Range clsDS::FormatResults(const StatisticsTable& table, Int16& firstRow) {
   });
 }
 
-
 void clsDS::DrawBoxPlot(Int16 columns, Int16 headerRow, Int16 lowerPercentileRow,
                         Int16 upperPercentileRow, Int16 minimumRow, Int16 maximumRow,
                         Int16 medianRow) {
@@ -476,10 +474,10 @@ void clsDS::DrawErrorPlot(Int16 columns, Int16 headerRow, Int16 centreRow, Int16
       // The rows hold the limits themselves; the bars need their distances from the centre,
       // which stand below the table too when there was room for them.
       const ErrorAmountCells* written = errorAmounts_ ? &*errorAmounts_ : nullptr;
-      plot.ErrorPosArray(listOf(distancesBetween(output, upperErrorRow, centreRow, columns),
-                                written ? &written->above : nullptr));
-      plot.ErrorNegArray(listOf(distancesBetween(output, centreRow, lowerErrorRow, columns),
-                                written ? &written->below : nullptr));
+      plot.ErrorPosArray(
+          listOf(distancesBetween(output, upperErrorRow, centreRow, columns), written ? &written->above : nullptr));
+      plot.ErrorNegArray(
+          listOf(distancesBetween(output, centreRow, lowerErrorRow, columns), written ? &written->below : nullptr));
     }
     plot.ChartHeight(errorTitle_.empty() ? 180 : 200);
     plot.ChartWidth((Int32(blockColumns) * 50 + 50).value());

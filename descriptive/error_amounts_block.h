@@ -26,7 +26,7 @@ namespace orv {
 struct ErrorAmountCells {
   Range above;  // one row: a cell per data column
   Range below;
-  Range area;   // from the heading to the last distance
+  Range area;  // from the heading to the last distance
 };
 
 // `pasted`: the pasted block. `namesRow` and `centreRow` are rows of it: the table's column names

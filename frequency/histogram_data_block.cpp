@@ -3,9 +3,9 @@
 #include <algorithm>
 
 #include "frame/reference.h"
-#include "support/results_below.h"
 #include "frame/value_array.h"
 #include "support/cell_formatter.h"
+#include "support/results_below.h"
 
 namespace orv {
 namespace {

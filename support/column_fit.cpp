@@ -16,8 +16,7 @@ constexpr double kMarginPixels = 8;
 constexpr double kPixelsPerPoint = 96.0 / 72.0;
 
 // A text that the sheet lets run on into the empty cell to its right.
-bool runsOn(Worksheet& sheet, const CellValue& value, const CellFormat& format, std::int32_t row,
-            std::int32_t column) {
+bool runsOn(Worksheet& sheet, const CellValue& value, const CellFormat& format, std::int32_t row, std::int32_t column) {
   if (!value.isText()) return false;
   if (format.horizontalAlignment == HAlign::Center || format.horizontalAlignment == HAlign::Right) return false;
   return column < kMaxColumns && sheet.cellValue(row, column + 1).isEmpty();

@@ -9,9 +9,7 @@
 namespace orv {
 namespace {
 
-std::int32_t bound(const pugi::xml_node& col, std::string_view name) {
-  return xml::attributeNamed(col, name).as_int();
-}
+std::int32_t bound(const pugi::xml_node& col, std::string_view name) { return xml::attributeNamed(col, name).as_int(); }
 
 void setBound(pugi::xml_node col, const char* name, std::int32_t value) {
   pugi::xml_attribute a = xml::attributeNamed(col, name);
@@ -61,8 +59,8 @@ bool partWidthIs(const pugi::xml_node& cols, std::int32_t column, double points)
 
 }  // namespace
 
-void spliceColumnWidths(pugi::xml_node worksheet, const SheetGeometry& geometry, std::int32_t first,
-                        std::int32_t last, const std::string& prefix) {
+void spliceColumnWidths(pugi::xml_node worksheet, const SheetGeometry& geometry, std::int32_t first, std::int32_t last,
+                        const std::string& prefix) {
   pugi::xml_node cols = xml::child(worksheet, "cols");
   const auto& widths = geometry.customColumnWidths();
   for (auto it = widths.lower_bound(first); it != widths.end() && it->first <= last; ++it) {

@@ -14,7 +14,7 @@ namespace orv {
 
 class SheetGeometry;
 
-void spliceColumnWidths(pugi::xml_node worksheet, const SheetGeometry& geometry, std::int32_t first,
-                        std::int32_t last, const std::string& prefix);
+void spliceColumnWidths(pugi::xml_node worksheet, const SheetGeometry& geometry, std::int32_t first, std::int32_t last,
+                        const std::string& prefix);
 
 }  // namespace orv

@@ -46,7 +46,8 @@ TEST_F(ChartTest, ScatterPlotsAndHistogramsBecomeChartParts) {
   EXPECT_FALSE(has(histogram, "<c:smooth val=\"1\"/>"));
   // The legend below the plot in 8-point type; the plot area laid out to leave it room.
   EXPECT_TRUE(has(histogram, "<c:legend><c:legendPos val=\"b\"/>"));
-  EXPECT_TRUE(has(histogram, "<a:defRPr sz=\"800\" b=\"0\"/></a:pPr><a:endParaRPr lang=\"en-US\"/></a:p></c:txPr></c:legend>"));
+  EXPECT_TRUE(
+      has(histogram, "<a:defRPr sz=\"800\" b=\"0\"/></a:pPr><a:endParaRPr lang=\"en-US\"/></a:p></c:txPr></c:legend>"));
   EXPECT_TRUE(has(histogram, "<c:manualLayout>"));
   // The normal curve and the "from - to" labels come from the cells written below the table.
   EXPECT_FALSE(has(histogram, "<c:numLit>") || has(histogram, "<c:strLit>"));

@@ -36,7 +36,7 @@ TEST(FittedColumnWidth, WholePixelsWithAMarginWithinBounds) {
       {60.0, 66.0},             // exactly 80 pixels: 80 + 8 = 88
       {10.0, 48.0},             // short texts keep the standard width
       {0.0, 48.0},
-      {400.0, 252.0},           // long ones are cut at 252 points
+      {400.0, 252.0},  // long ones are cut at 252 points
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.text);
@@ -47,14 +47,14 @@ TEST(FittedColumnWidth, WholePixelsWithAMarginWithinBounds) {
 }
 
 TEST_F(ColumnFitTest, OnItsOwnSheetEveryMeasuredColumnTakesItsWidestCell) {
-  put(1, 1, CellValue("Descriptive Statistics for:"), bold(HAlign::General));   // runs on into B1
-  put(3, 2, CellValue("Fertiliser and shade"), bold(HAlign::Center));            // a centred name
-  put(4, 1, CellValue("Coeff. Var."), bold(HAlign::Left));                       // B4 holds a number
+  put(1, 1, CellValue("Descriptive Statistics for:"), bold(HAlign::General));  // runs on into B1
+  put(3, 2, CellValue("Fertiliser and shade"), bold(HAlign::Center));          // a centred name
+  put(4, 1, CellValue("Coeff. Var."), bold(HAlign::Left));                     // B4 holds a number
   put(4, 2, CellValue(21.641666666666666), CellFormat{.horizontalAlignment = HAlign::Right});
   put(4, 3, CellValue(3.0), CellFormat{.numberFormat = "0.00"});
-  put(5, 3, CellValue(std::string(80, 'W')));                                    // left-aligned, D5 empty
-  put(6, 4, CellValue(std::string(80, 'W')), bold(HAlign::Right));               // right-aligned: measured
-  sheet.setColumnWidth(3, 120);                                                  // set earlier: narrowed again
+  put(5, 3, CellValue(std::string(80, 'W')));                       // left-aligned, D5 empty
+  put(6, 4, CellValue(std::string(80, 'W')), bold(HAlign::Right));  // right-aligned: measured
+  sheet.setColumnWidth(3, 120);                                     // set earlier: narrowed again
   fitColumnWidths({cells("A1:D6")}, true);
   EXPECT_DOUBLE_EQ(sheet.columnWidth(1), fittedColumnWidth(textWidthPoints("Coeff. Var.", 11, true)));
   EXPECT_DOUBLE_EQ(sheet.columnWidth(2), fittedColumnWidth(textWidthPoints("Fertiliser and shade", 11, true)));
@@ -68,8 +68,8 @@ TEST_F(ColumnFitTest, OnAUsersSheetOnlyUnsizedColumnsWidenAndNoneNarrows) {
   const CellValue wide("Upper 95%CL of the mean");
   for (std::int32_t c = 1; c <= 3; ++c) put(2, c, wide, bold(HAlign::Center));
   put(3, 4, CellValue(1.5));
-  sheet.setColumnWidth(1, 60);   // sized by the user, too narrow: left alone
-  sheet.setColumnWidth(3, 300);  // sized by the user, wide enough: left alone
+  sheet.setColumnWidth(1, 60);                 // sized by the user, too narrow: left alone
+  sheet.setColumnWidth(3, 300);                // sized by the user, wide enough: left alone
   sheet.geometry().setDefaultColumnWidth(70);  // a sheet whose standard columns are wider
   fitColumnWidths({cells("A2:C2"), cells("D3")}, false);
   const double needed = fittedColumnWidth(textWidthPoints(wide.text(), 11, true));

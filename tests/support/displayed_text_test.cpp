@@ -14,13 +14,13 @@ TEST(DisplayedText, GeneralShowsAtMostElevenCharacters) {
   } rows[] = {
       {0, "0"},
       {0.5, "0.5"},
-      {21.641666666666666, "21.64166667"},   // as many decimals as fit, rounded
+      {21.641666666666666, "21.64166667"},  // as many decimals as fit, rounded
       {0.47521260530089, "0.475212605"},
-      {-0.78145166830047, "-0.78145167"},    // the sign takes a character
-      {12345678901, "12345678901"},          // eleven digits still fit
-      {-12345678901, "-1.2346E+10"},         // with a sign they do not
+      {-0.78145166830047, "-0.78145167"},  // the sign takes a character
+      {12345678901, "12345678901"},        // eleven digits still fit
+      {-12345678901, "-1.2346E+10"},       // with a sign they do not
       {123456789012, "1.23457E+11"},
-      {99999999999.7, "1E+11"},              // rounding carries into a twelfth digit
+      {99999999999.7, "1E+11"},  // rounding carries into a twelfth digit
       {6.2532845e-08, "6.25328E-08"},
       {0.000123456789, "0.000123457"},
       {1e15, "1E+15"},
@@ -44,18 +44,18 @@ TEST(DisplayedText, FormatsShowTheirDecimalsMarksAndSections) {
       {"0", 4.4, "4"},
       {"0.00", 3.333, "3.33"},
       {"0.00", -0.5, "-0.50"},
-      {"<0", 5, "<5"},                 // the frequency tables' open categories
+      {"<0", 5, "<5"},  // the frequency tables' open categories
       {">=0.00", 2, ">=2.00"},
       {"<General", 5.25, "<5.25"},
-      {"0\"%\"", 40, "40%"},           // the histogram's percent axis
+      {"0\"%\"", 40, "40%"},  // the histogram's percent axis
       {"#,##0", 1234567.4, "1,234,567"},
       {"#,##0.0", -1234.56, "-1,234.6"},
       {"0.0%", 0.256, "25.6%"},
       {"0.00;(0.00)", -2, "(2.00)"},
-      {"0;-0;", 0, ""},                // an empty zero section hides zero
+      {"0;-0;", 0, ""},  // an empty zero section hides zero
       {"\\$0.00", 3, "$3.00"},
       {"[Red]0.0", 1.26, "1.3"},
-      {"yyyy-mm-dd", 3.5, "3.5"},      // formats beyond these show the number as General does
+      {"yyyy-mm-dd", 3.5, "3.5"},  // formats beyond these show the number as General does
       {"0.00E+00", 1234, "1234"},
       {"", 7, "7"},
   };

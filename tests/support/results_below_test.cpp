@@ -27,7 +27,7 @@ TEST(ResultsBelow, CellsBelowAreFreeOnlyWhenEmptyAndOnTheSheet) {
 
   sheet.setCellFormat(17, 5, CellFormat{.bold = true});  // a format alone does not take a cell
   EXPECT_TRUE(freeCellsBelow(origin, 10, 1, 13, 3).has_value());
-  sheet.storeRaw(17, 5, CellValue(""));                  // an empty text does
+  sheet.storeRaw(17, 5, CellValue(""));  // an empty text does
   EXPECT_FALSE(freeCellsBelow(origin, 10, 1, 13, 3).has_value());
   EXPECT_TRUE(freeCellsBelow(origin, 10, 1, 12, 3).has_value());
 

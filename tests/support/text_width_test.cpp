@@ -16,11 +16,11 @@ TEST(TextWidth, SumsTheFontsAdvanceWidthsAtAnySize) {
     bool bold;
     double units;
   } rows[] = {
-      {"Coeff. Var.", false, 8795},  {"Coeff. Var.", true, 9019},
+      {"Coeff. Var.", false, 8795},      {"Coeff. Var.", true, 9019},
       {"25th Percentile", false, 12698}, {"25th Percentile", true, 12931},
-      {"21.64166667", false, 10897}, {"21.64166667", true, 10927},
-      {"-0.781451668", false, 11524}, {"Größe µm ±", false, 9893},
-      {"Größe µm ±", true, 10067},   {"", false, 0},
+      {"21.64166667", false, 10897},     {"21.64166667", true, 10927},
+      {"-0.781451668", false, 11524},    {"Größe µm ±", false, 9893},
+      {"Größe µm ±", true, 10067},       {"", false, 0},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.text + (row.bold ? " (bold)" : ""));
@@ -37,10 +37,10 @@ TEST(TextWidth, CharactersBeyondTheFontCountAsWideAsTheyShow) {
     std::string text;
     double expected;
   } rows[] = {
-      {"an East Asian wide character is one em", "\xE6\xB8\xAC", 11},           // U+6E2C
-      {"a supplementary ideograph too", "\xF0\xA0\x80\x80", 11},                // U+20000
+      {"an East Asian wide character is one em", "\xE6\xB8\xAC", 11},                   // U+6E2C
+      {"a supplementary ideograph too", "\xF0\xA0\x80\x80", 11},                        // U+20000
       {"a combining mark adds nothing", "e\xCC\x81", textWidthPoints("e", 11, false)},  // e + U+0301
-      {"another script counts as a digit", "\xD0\x96", digit},                  // U+0416
+      {"another script counts as a digit", "\xD0\x96", digit},                          // U+0416
       {"a stray continuation byte counts as a digit", "\x80", digit},
       {"a cut-off sequence counts as Latin-1 bytes", "\xE6\xB8", textWidthPoints("\xC3\xA6\xC2\xB8", 11, false)},
       {"a control character adds nothing", "a\tb", textWidthPoints("ab", 11, false)},

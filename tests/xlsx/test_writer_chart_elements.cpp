@@ -37,9 +37,10 @@ TEST(ChartElements, CachesMarkersErrorBarsLayoutAndPalette) {
   // a marker that was set stays as it is.
   SeriesModel withBars;
   withBars.errorBars = ErrorBarsModel{};
-  EXPECT_EQ(marker(withBars, 0, false),
-            R"(<c:marker><c:symbol val="circle"/><c:size val="4"/><c:spPr><a:solidFill><a:srgbClr val="3366FF"/>)"
-            R"(</a:solidFill><a:ln w="9525"><a:solidFill><a:srgbClr val="3366FF"/></a:solidFill></a:ln></c:spPr></c:marker>)");
+  EXPECT_EQ(
+      marker(withBars, 0, false),
+      R"(<c:marker><c:symbol val="circle"/><c:size val="4"/><c:spPr><a:solidFill><a:srgbClr val="3366FF"/>)"
+      R"(</a:solidFill><a:ln w="9525"><a:solidFill><a:srgbClr val="3366FF"/></a:solidFill></a:ln></c:spPr></c:marker>)");
   withBars.marker = MarkerSymbol::Dash;
   EXPECT_TRUE(has(marker(withBars, 0, false), R"(<c:symbol val="dash"/><c:size val="7"/>)"));
 

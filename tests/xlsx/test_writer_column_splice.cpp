@@ -37,11 +37,14 @@ TEST(WriterColumnSplice, OnlyTheWrittenColumnsTheModelSizedChangeAndEveryOtherAt
       {"a col spanning the column is cut around it",
        R"(<cols><col min="1" max="5" width="20" style="2" customWidth="1"/></cols>)",
        R"(<cols><col min="1" max="2" width="20" style="2" customWidth="1"/><col min="3" max="3" width=")" +
-           std::string(kSixty) + R"(" style="2" customWidth="1"/><col min="4" max="5" width="20" style="2" customWidth="1"/></cols>)"},
-      {"a col of the column alone without a width gets one",
-       R"(<cols><col min="3" max="3" style="4"/></cols>)", R"(<cols><col min="3" max="3" style="4" )" + six + "/></cols>"},
-      {"a new col goes before the next one", R"(<cols><col min="1" max="1" width="4"/><col min="7" max="8" width="5"/></cols>)",
-       R"(<cols><col min="1" max="1" width="4"/><col min="3" max="3" )" + six + R"(/><col min="7" max="8" width="5"/></cols>)"},
+           std::string(kSixty) +
+           R"(" style="2" customWidth="1"/><col min="4" max="5" width="20" style="2" customWidth="1"/></cols>)"},
+      {"a col of the column alone without a width gets one", R"(<cols><col min="3" max="3" style="4"/></cols>)",
+       R"(<cols><col min="3" max="3" style="4" )" + six + "/></cols>"},
+      {"a new col goes before the next one",
+       R"(<cols><col min="1" max="1" width="4"/><col min="7" max="8" width="5"/></cols>)",
+       R"(<cols><col min="1" max="1" width="4"/><col min="3" max="3" )" + six +
+           R"(/><col min="7" max="8" width="5"/></cols>)"},
       {"a col that already gives that width stays",
        std::string(R"(<cols><col min="2" max="4" width=")") + kSixty + R"(" customWidth="1"/></cols>)",
        std::string(R"(<cols><col min="2" max="4" width=")") + kSixty + R"(" customWidth="1"/></cols>)"},
@@ -57,8 +60,9 @@ TEST(WriterColumnSplice, APrefixedPartGetsPrefixedElementsAndAnUnsizedModelChang
   const std::string part = R"(<x:worksheet xmlns:x="m"><x:sheetData/></x:worksheet>)";
   EXPECT_EQ(spliced(part, 1, 16384, geometry), part);
   geometry.setColumnWidth(2, 60);
-  EXPECT_EQ(spliced(part, 1, 3, geometry), std::string(R"(<x:worksheet xmlns:x="m"><x:cols><x:col min="2" max="2" width=")") +
-                                               kSixty + R"(" customWidth="1"/></x:cols><x:sheetData/></x:worksheet>)");
+  EXPECT_EQ(spliced(part, 1, 3, geometry),
+            std::string(R"(<x:worksheet xmlns:x="m"><x:cols><x:col min="2" max="2" width=")") + kSixty +
+                R"(" customWidth="1"/></x:cols><x:sheetData/></x:worksheet>)");
 }
 
 }  // namespace

@@ -39,11 +39,11 @@ struct Tally {
 // from the first category whose tally met one, and the 16-bit counters fail once category 1 has
 // seen 32767 data, or after category 32767.
 Array1D<std::int32_t> exactCounts(const ValueArray1D& categories, const ValueArray1D& data,
-                                  const ValueArray1D& weights) {
+                                  const ValueArray1D& weights, CountingRules rules) {
   const std::int32_t m = categories.size();
   const std::int32_t n = data.size();
-  const std::int32_t scannedCategories = std::min(m, kLast16BitStep);
-  const std::int32_t scannedData = std::min(n, kLast16BitStep);
+  const std::int32_t scannedCategories = std::min(m, rules.lastStep());
+  const std::int32_t scannedData = std::min(n, rules.lastStep());
 
   std::unordered_map<std::string, std::size_t> tallyOf;
   tallyOf.reserve(static_cast<std::size_t>(scannedCategories));
@@ -71,10 +71,10 @@ Array1D<std::int32_t> exactCounts(const ValueArray1D& categories, const ValueArr
   for (std::int32_t i = 1; i <= scannedCategories; ++i) {
     const Tally& tally = tallies[tallyOfCategory[static_cast<std::size_t>(i - 1)]];
     if (tally.error) throw *tally.error;
-    step16BitCounter(n);
+    rules.step(n);
     counts(i) = tally.sum.value();
   }
-  step16BitCounter(m);
+  rules.step(m);
   return counts;
 }
 
@@ -88,7 +88,7 @@ ValueArray1D clsFreqBO::UniqueNumbers(const ValueArray1D& data) {
     ArrayTools::SortRows(sorted, 1);
 
     std::vector<CellValue> distinct{CellValue(categoryKey(sorted(1, 1)))};
-    step16BitCounter(n);
+    rules_.step(n);
     std::unordered_set<std::string> seen{distinct.front().text()};
     seen.reserve(static_cast<std::size_t>(n));
     for (std::int32_t i = 2; i <= n; ++i) {
@@ -106,7 +106,7 @@ ValueArray1D clsFreqBO::UniqueItems(const ValueArray1D& data) {
     const std::int32_t n = data.size();
     // The first datum is a category as it stands, even an empty one.
     std::vector<CellValue> items{data(1)};
-    step16BitCounter(n);
+    rules_.step(n);
     std::unordered_set<std::string> seen{categoryKey(data(1))};
     seen.reserve(static_cast<std::size_t>(n));
     for (std::int32_t i = 2; i <= n; ++i) {

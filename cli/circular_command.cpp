@@ -10,6 +10,7 @@
 
 #include "circular/clsDSCirc.h"
 #include "cli/analysis_run.h"
+#include "cli/arithmetic_notes.h"
 #include "cli/column_messages.h"
 #include "cli/input_checks.h"
 #include "cli/used_cells.h"
@@ -52,6 +53,7 @@ struct CircularOptions {
   bool overwrite = false;
   bool all = false;
   bool plot = false;
+  bool textbook = false;
   std::vector<int> chosen = std::vector<int>(kFlags.size(), 0);  // times each flag was given
 };
 
@@ -95,6 +97,7 @@ nlohmann::json optionsJson(const CircularOptions& o) {
   }
   j["statistics"] = stats;
   j["plot"] = o.plot;
+  if (o.textbook) j["textbook"] = true;
   return j;
 }
 
@@ -115,6 +118,7 @@ int run(const CircularOptions& o) {
       if (o.all || o.chosen[i]) (circ.*kFlags[i].set)(true);
     }
     circ.Plot(o.plot);
+    circ.Textbook(o.textbook);
     circ.InputRange(input);
     circ.OutputRange(o.output);
     try {
@@ -124,6 +128,7 @@ int run(const CircularOptions& o) {
       if (e.number() == err::kCircularInput) notes.cause = angleOutsideSentence(app, input);
       throw;
     }
+    addNoteWarnings(circ.notes(), notes.warnings);
     return *circ.pastedBlock();
   };
   return runAnalysis(o.files, request);
@@ -151,6 +156,9 @@ Examples:
   addOutputOptions(*cmd, o.output, o.overwrite, "the table goes");
   cmd->add_flag("--headers", o.headers, "the first row of every column holds its name");
   cmd->add_flag("--all", o.all, "every statistic, Rayleigh's test included");
+  cmd->add_flag("--textbook", o.textbook,
+                "textbook arithmetic: whole sheet columns, the mean angle on the whole circle (atan2), "
+                "Rayleigh's probability after Zar (see README)");
   for (std::size_t i = 0; i < kFlags.size(); ++i) {
     cmd->add_flag(kFlags[i].name, o.chosen[i], kFlags[i].help);
   }

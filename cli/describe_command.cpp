@@ -8,6 +8,7 @@
 
 #include "cli/analysis_run.h"
 #include "cli/arguments.h"
+#include "cli/arithmetic_notes.h"
 #include "cli/used_cells.h"
 #include "descriptive/clsDS.h"
 #include "frame/errors.h"
@@ -52,6 +53,7 @@ struct DescribeOptions {
   bool headers = false;
   bool overwrite = false;
   bool all = false;
+  bool textbook = false;
   std::vector<int> chosen = std::vector<int>(kFlags.size(), 0);  // times each flag was given
   int cl = 95;
   int percentile = 25;
@@ -93,6 +95,7 @@ nlohmann::json optionsJson(const DescribeOptions& o) {
                                                 {"centre", o.errorCentre},
                                                 {"bars", o.errorBars}}
                                : nlohmann::json(nullptr);
+  if (o.textbook) j["textbook"] = true;
   return j;
 }
 
@@ -125,6 +128,7 @@ int run(const DescribeOptions& o) {
     ds.ErrorYTitle(o.errorYTitle);
     ds.ErrorCentre(o.errorCentre);
     ds.ErrorError(o.errorBars);
+    ds.Textbook(o.textbook);
     ds.InputRange(usedCells(HostSession::Application(), o.input));
     ds.OutputRange(o.output);
     try {
@@ -133,6 +137,7 @@ int run(const DescribeOptions& o) {
       notes.failure = ds.failure();
       throw;
     }
+    addNoteWarnings(ds.notes(), notes.warnings);
     return *ds.pastedBlock();
   };
   return runAnalysis(o.files, request);
@@ -160,6 +165,9 @@ Charts stand beside the table in the written workbook, the error plot below the 
   addOutputOptions(*cmd, o.output, o.overwrite, "the table goes");
   cmd->add_flag("--headers", o.headers, "the first row of every column holds its name");
   cmd->add_flag("--all", o.all, "every statistic except the k-th largest and smallest");
+  cmd->add_flag("--textbook", o.textbook,
+                "textbook arithmetic: whole sheet columns, moments from deviations, kurtosis test of the signed "
+                "statistic, percentiles as R's quantile type 6 (see README)");
   for (std::size_t i = 0; i < kFlags.size(); ++i) {
     cmd->add_flag(kFlags[i].name, o.chosen[i], kFlags[i].help);
   }

@@ -31,6 +31,7 @@ struct FrequencyOptions {
   bool raw = false;
   bool rows = false;
   bool startPoints = false;
+  bool textbook = false;
   HistogramOptions histogram;
 };
 
@@ -55,6 +56,7 @@ nlohmann::json optionsJson(const FrequencyOptions& o) {
                                                      {"xTitle", o.histogram.xTitle},
                                                      {"yTitle", o.histogram.yTitle}}
                                     : nlohmann::json(nullptr);
+  if (o.textbook) j["textbook"] = true;
   return j;
 }
 
@@ -62,7 +64,8 @@ nlohmann::json optionsJson(const FrequencyOptions& o) {
 // the bin holding 0. The analysis keeps that rule; the command says when it happened: one line
 // per counted variable with empty cells, naming it as the table does.
 std::vector<std::string> emptyCellWarnings(const FrequencyOptions& o, const std::string& input) {
-  const bool binned = !o.nominal && (!o.bins.empty() || o.histogram.plot);
+  // Textbook arithmetic counts no empty cell.
+  const bool binned = !o.nominal && !o.textbook && (!o.bins.empty() || o.histogram.plot);
   if (!binned || input.empty()) return {};
   const Range data = HostSession::Application().ResolveRange(input);
   const std::int32_t first = o.headers ? 2 : 1;
@@ -121,6 +124,7 @@ int run(const FrequencyOptions& o) {
     freq.CategoryStartPoint(o.startPoints);
     freq.ShowRawData(o.raw);
     freq.DataInRows(o.rows);
+    freq.Textbook(o.textbook);
     freq.InputRange(input);
     freq.FrequencyRange(usedCells(app, o.frequencies));
     freq.BinRange(usedCells(app, o.bins));
@@ -164,6 +168,9 @@ Examples:
   cmd->add_flag("--nominal", o.nominal,
                 "count items (texts, labels) in order of first appearance instead of numbers");
   cmd->add_flag("--raw", o.raw, "also count every distinct value when bins are used");
+  cmd->add_flag("--textbook", o.textbook,
+                "textbook arithmetic: whole sheet columns, and empty cells counted nowhere in binned "
+                "tables either (see README)");
   cmd->add_flag("--rows", o.rows, "variables run along rows instead of down columns");
   cmd->add_flag("--start-points", o.startPoints,
                 "label the histogram's categories by their start values instead of \"from - to\"");

@@ -68,10 +68,10 @@ std::string powerSumPrecision(const ArithmeticNote& n, const std::string& column
   const std::string digits =
       listOf(n.values, [](const ChangedValue& v) { return std::to_string(v.rightDigits.value_or(0)); });
   return fmt::format(
-      "{} of {} ({}) come from power sums of values far from zero against their spread, which lost "
-      "precision: about {} significant digits are right; from deviations about the mean {} {} {} "
-      "(--textbook gives {}).",
-      labels(n.values), column, shownValues(n.values), digits, n.values.size() == 1 ? "it" : "they", is(n),
+      "{} of {} {} {} from power sums of values far from zero against their spread, which lost precision: "
+      "only about {} significant digits are right; from deviations about the mean {} {} {} (--textbook "
+      "gives {}).",
+      labels(n.values), column, is(n), shownValues(n.values), digits, n.values.size() == 1 ? "it" : "they", is(n),
       textbookValues(n.values), them(n));
 }
 

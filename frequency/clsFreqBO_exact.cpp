@@ -6,6 +6,8 @@
 // milliseconds instead of the billion comparisons of the scans.
 
 #include <algorithm>
+#include <bit>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <unordered_map>
@@ -54,11 +56,26 @@ Array1D<std::int32_t> exactCounts(const ValueArray1D& categories, const ValueArr
     tallyOfCategory.push_back(it->second);
   }
 
+  // A number's key is the text of its value, the same for every datum of that value: it is made
+  // once per distinct value (told apart by its bits) rather than once per datum.
+  constexpr std::size_t kNoTally = static_cast<std::size_t>(-1);
+  std::unordered_map<std::uint64_t, std::size_t> tallyOfNumber;
+  const auto tallyFor = [&](const CellValue& v) {
+    const auto byKey = [&] {
+      const auto it = tallyOf.find(categoryKey(v));
+      return it == tallyOf.end() ? kNoTally : it->second;
+    };
+    if (!v.isNumber()) return byKey();
+    const auto [it, fresh] = tallyOfNumber.try_emplace(std::bit_cast<std::uint64_t>(v.number()), kNoTally);
+    if (fresh) it->second = byKey();
+    return it->second;
+  };
+
   std::vector<Tally> tallies(tallyOf.size());
   for (std::int32_t j = 1; j <= scannedData; ++j) {
-    const auto it = tallyOf.find(categoryKey(data(j)));
-    if (it == tallyOf.end()) continue;
-    Tally& tally = tallies[it->second];
+    const std::size_t at = tallyFor(data(j));
+    if (at == kNoTally) continue;
+    Tally& tally = tallies[at];
     if (tally.error) continue;
     try {
       tally.sum += weightOf(weights(j));
@@ -92,7 +109,14 @@ ValueArray1D clsFreqBO::UniqueNumbers(const ValueArray1D& data) {
     std::unordered_set<std::string> seen{distinct.front().text()};
     seen.reserve(static_cast<std::size_t>(n));
     for (std::int32_t i = 2; i <= n; ++i) {
-      std::string s = categoryKey(sorted(i, 1));
+      // Sorted, equal numbers are neighbours: a number equal to the one before has its key, seen.
+      const CellValue& v = sorted(i, 1);
+      const CellValue& before = sorted(i - 1, 1);
+      if (v.isNumber() && before.isNumber() &&
+          std::bit_cast<std::uint64_t>(v.number()) == std::bit_cast<std::uint64_t>(before.number())) {
+        continue;
+      }
+      std::string s = categoryKey(v);
       // An empty text equals the slots not yet filled, so it never becomes a category here.
       if (s.empty()) continue;
       if (seen.insert(s).second) distinct.emplace_back(std::move(s));

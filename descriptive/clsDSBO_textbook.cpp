@@ -8,6 +8,7 @@
 
 #include <cfloat>
 #include <cmath>
+#include <vector>
 
 #include "descriptive/clsDSBO.h"
 #include "descriptive/clsDSBO_internal.h"
@@ -19,11 +20,28 @@ using detail::twoTailed;
 using math::abs;
 using math::pow;
 
+namespace {
+
+// An observation's value; numbers, by far the most common, without a call.
+double numberOf(const CellValue& cell) { return cell.isNumber() ? cell.number() : toNumber(cell); }
+
+// Calls visit(x) for the observations x(1)..x(n) in order: column 1 of the first n rows, read
+// straight from the array's storage (n never exceeds its rows).
+template <class Visit>
+void eachObservation(const ValueArray2D& data, std::int64_t n, Visit&& visit) {
+  const std::vector<CellValue>& cells = data.cells();
+  const auto stride = static_cast<std::size_t>(data.columns());
+  for (std::size_t i = 0; i < static_cast<std::size_t>(n); ++i) visit(numberOf(cells[i * stride]));
+}
+
+}  // namespace
+
+// The sum in the order the kept rules add (the same bits), with a 64-bit counter; a sum that
+// leaves the double range is an overflow, as there.
 double clsDSBO::plainSum() {
-  Real total = 0.0;
-  const std::int64_t n = Count();
-  for (std::int64_t i = 1; i <= n; ++i) total = total + value(i);
-  return total.v;
+  double total = 0.0;
+  eachObservation(data_, Count(), [&](double x) { total += x; });
+  return checked(total);
 }
 
 // Two passes: the plain mean c, then the sums of d = x - c and of its powers. The mean deviation
@@ -42,14 +60,14 @@ const clsDSBO::CentralSums& clsDSBO::centralSums() {
     return *central_;
   }
   double s1 = 0.0, s2 = 0.0, s3 = 0.0, s4 = 0.0;
-  for (std::int64_t i = 1; i <= count; ++i) {
-    const double d = value(i) - shift;
+  eachObservation(data_, count, [&](double x) {
+    const double d = x - shift;
     const double d2 = d * d;
     s1 += d;
     s2 += d2;
     s3 += d2 * d;
     s4 += d2 * d2;
-  }
+  });
   const double delta = s1 / n;
   c.mean = checked(shift + delta);
   c.m2 = std::fmax(0.0, checked(s2 - delta * s1));

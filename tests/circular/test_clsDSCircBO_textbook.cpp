@@ -95,6 +95,13 @@ TEST_F(CircularTest, TextbookMeanAngleCoversTheWholeCircle) {
     ASSERT_TRUE(got >= 0 && got < 360) << got;
     EXPECT_LT(std::fmin(std::fabs(got - mean), 360 - std::fabs(got - mean)), 1e-9) << got;
   }
+  // 0 and 180: the cosines cancel exactly and leave C̄ = 0, which the kept rules divide by; the
+  // sines leave a rounding residue that points up.
+  clsDSCircBO kept = engineOf({0, 180});
+  const ComponentError e = errorOf([&] { kept.Mean(); });
+  EXPECT_EQ(e.number(), err::kDivisionByZero);
+  EXPECT_EQ(e.source(), source("clsDSCircBO.Mean"));
+  EXPECT_DOUBLE_EQ(textbookOf({0, 180}).Mean(), 90.0);
 }
 
 }  // namespace

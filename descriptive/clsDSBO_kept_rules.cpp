@@ -47,11 +47,12 @@ std::optional<KeptRuleEffect> quietly(Check&& check) {
 
 }  // namespace
 
-// Below a rounding of 1e-10 units of the statistic the sixth digit cannot have moved, so the
-// textbook pass over the data is made only above it.
+// Below an estimated rounding of 1e-9 units of the statistic (a typical size; the worst case is a
+// few hundred times more) the sixth digit cannot have moved, so the textbook pass over the data
+// is made only above it.
 std::optional<KeptRuleEffect> clsDSBO::powerSumKeptRule(const CellValue& shown, double roundingInUnits,
                                                         double (clsDSBO::*textbook)()) {
-  if (!shown.isNumber() || roundingInUnits < 1e-10) return std::nullopt;
+  if (!shown.isNumber() || roundingInUnits < 1e-9) return std::nullopt;
   const double exact = (this->*textbook)();
   if (!differsVisibly(shown.number(), exact)) return std::nullopt;
   return KeptRuleEffect{KeptRule::PowerSumPrecision, exact, agreeingDigits(shown.number(), exact)};

@@ -40,6 +40,8 @@ std::optional<ValueArray1D> clsFreqBO::ProposeBins(const ValueArray1D& data) {
     std::copy_if(data.items().begin(), data.items().end(), std::back_inserter(cells),
                  [&](const CellValue& v) { return !rules_.skips(v); });
     const std::int32_t n = static_cast<std::int32_t>(cells.size());
+    // Only empty cells: no observation to propose bins for (the kept rules read them as 0s).
+    if (n == 0 && !data.items().empty()) return std::nullopt;
     ValueArray2D column(n, 1);
     std::move(cells.begin(), cells.end(), column.cells().begin());
     const Real max = ArrayTools::MaxOf(column);

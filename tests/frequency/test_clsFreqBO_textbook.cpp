@@ -59,6 +59,9 @@ TEST(FreqBOTextbook, ProposedBinsIgnoreEmptyCells) {
   EXPECT_EQ(textsOf(*kept.ProposeBins(data)).front(), "0");
   // Without it, 12, 15, 47: width 5 from 10 (the engine's own worked example).
   EXPECT_EQ(textsOf(*textbook.ProposeBins(data)), (Texts{"10", "15", "20", "25", "30", "35", "40", "45"}));
+  // Only empty cells: no observation, no bins (the kept rules see equal values, 0 and 0).
+  EXPECT_FALSE(textbook.ProposeBins(cells({kBlank, kBlank})).has_value());
+  EXPECT_FALSE(kept.ProposeBins(cells({kBlank, kBlank})).has_value());
 }
 
 // A sheet column of values 0..99, twice over: 32767 observations is where the kept rules stop.

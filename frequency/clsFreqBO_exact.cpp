@@ -60,6 +60,7 @@ Array1D<std::int32_t> exactCounts(const ValueArray1D& categories, const ValueArr
   // once per distinct value (told apart by its bits) rather than once per datum.
   constexpr std::size_t kNoTally = static_cast<std::size_t>(-1);
   std::unordered_map<std::uint64_t, std::size_t> tallyOfNumber;
+  tallyOfNumber.reserve(tallyOf.size());
   const auto tallyFor = [&](const CellValue& v) {
     const auto byKey = [&] {
       const auto it = tallyOf.find(categoryKey(v));

@@ -40,8 +40,8 @@ struct Tally {
 // (a weight that is no number, a 32-bit overflow, a missing weight) therefore reaches the caller
 // from the first category whose tally met one, and the 16-bit counters fail once category 1 has
 // seen 32767 data, or after category 32767.
-Array1D<std::int32_t> exactCounts(const ValueArray1D& categories, const ValueArray1D& data,
-                                  const ValueArray1D& weights, CountingRules rules) {
+Array1D<std::int32_t> exactCounts(const ValueArray1D& categories, const ValueArray1D& data, const ValueArray1D& weights,
+                                  CountingRules rules) {
   const std::int32_t m = categories.size();
   const std::int32_t n = data.size();
   const std::int32_t scannedCategories = std::min(m, rules.lastStep());

@@ -65,24 +65,5 @@ TEST_F(CircularTest, NoNoteForARowNotShown) {
   EXPECT_TRUE(circ.notes().empty());
 }
 
-TEST_F(CircularTest, TextbookTakesColumnsBeyondSixteenBits) {
-  constexpr std::int32_t kRows = 40'000;
-  for (std::int32_t r = 1; r <= kRows; ++r) data.storeRaw(r, 1, static_cast<double>(200 + r % 41));
-  clsDSCirc kept;
-  kept.GetCount(true);
-  kept.InputRange("Data!A1:A40000");
-  EXPECT_EQ(errorOf([&] { kept.Results(); }).number(), err::kOverflow);
-
-  clsDSCirc circ;
-  circ.GetCount(true);
-  circ.GetMean(true);
-  circ.Textbook(true);
-  circ.InputRange("Data!A1:A40000");
-  circ.Results();
-  Worksheet& out = lastSheet();
-  EXPECT_NEAR(number(out, 6, 2), 220.0, 0.01);  // 200 to 240, evenly
-  EXPECT_DOUBLE_EQ(number(out, 7, 2), kRows);
-}
-
 }  // namespace
 }  // namespace orv::test

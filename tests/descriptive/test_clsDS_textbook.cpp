@@ -120,31 +120,5 @@ TEST_F(DescriptiveNotes, ChartRowsFollowTheCommentLine) {
   }
 }
 
-// A column longer than 32767 observations: an overflow with the kept rules, a result with
-// Textbook.
-TEST_F(DescriptiveNotes, TextbookTakesColumnsBeyondSixteenBits) {
-  constexpr std::int32_t kRows = 40'000;
-  for (std::int32_t r = 1; r <= kRows; ++r) data.storeRaw(r, 1, static_cast<double>(r % 7));
-  clsDS kept;
-  kept.GetCount(true);
-  kept.GetMean(true);
-  kept.InputRange("Data!A1:A40000");
-  EXPECT_EQ(errorOf([&] { kept.Results(); }).number(), err::kOverflow);
-
-  clsDS ds;
-  ds.GetCount(true);
-  ds.GetMean(true);
-  ds.GetKurtosis(true);
-  ds.Textbook(true);
-  ds.InputRange("Data!A1:A40000");
-  ds.Results();
-  Worksheet& out = lastSheet();
-  EXPECT_EQ(down(out, 1, 6, 9), (Cells{"Mean", "Count", "Kurtosis", "P(Kurtosis)"}));
-  EXPECT_DOUBLE_EQ(number(out, 7, 2), kRows);
-  EXPECT_NEAR(number(out, 6, 2), 3.0, 0.001);
-  EXPECT_TRUE(out.cellValue(8, 2).isNumber());
-  EXPECT_TRUE(out.cellValue(9, 2).isNumber());
-}
-
 }  // namespace
 }  // namespace orv::test

@@ -172,6 +172,15 @@ TEST(CommandOptions, DescribeOptionsReachTheirProperties) {
          a.ErrorError("Range");
        }},
       {{{"OutputFrequencies", true}}, [](clsDS& a) { a.OutputFrequencies(true); }},
+      // The 5th percentile of 12 values fails with the kept rules and is the smallest value with
+      // textbook arithmetic.
+      {{{"Textbook", true}, {"GetKurtosis", true}, {"GetPercentile", true}, {"Percentile", std::int64_t{5}}},
+       [](clsDS& a) {
+         a.Textbook(true);
+         a.GetKurtosis(true);
+         a.GetPercentile(true);
+         a.Percentile(5);
+       }},
       {{{"OutputRange", S("Data!G3")}}, [](clsDS& a) { a.OutputRange("Data!G3"); }},
       // Data!A1 holds data: only with OverWrite does the table go there.
       {{{"OutputRange", S("Data!A1")}, {"OverWrite", true}}, [](clsDS& a) { a.OutputRange("Data!A1"); }, true},
@@ -198,6 +207,12 @@ TEST(CommandOptions, CircularOptionsReachTheirProperties) {
          a.CL(90);
        }},
       {{{"Plot", true}}, [](clsDSCirc& a) { a.Plot(true); }},
+      {{{"Textbook", true}, {"GetMean", true}, {"GetRayleigh", true}},
+       [](clsDSCirc& a) {
+         a.Textbook(true);
+         a.GetMean(true);
+         a.GetRayleigh(true);
+       }},
       {{{"OutputRange", std::string("Data!G3")}}, [](clsDSCirc& a) { a.OutputRange("Data!G3"); }},
       {{{"OutputRange", std::string("Data!A1")}, {"OverWrite", true}},
        [](clsDSCirc& a) { a.OutputRange("Data!A1"); },
@@ -238,6 +253,11 @@ TEST(CommandOptions, FrequencyOptionsReachTheirProperties) {
        }},
       {{{"FrequencyRange", S("Data!E1:E12")}}, [](clsFreq& a) { a.FrequencyRange("Data!E1:E12"); }},
       {{{"DataInRows", true}}, [](clsFreq& a) { a.DataInRows(true); }},
+      {{{"Textbook", true}, {"BinRange", S("Data!D1:D4")}},
+       [](clsFreq& a) {
+         a.Textbook(true);
+         a.BinRange("Data!D1:D4");
+       }},
       {{{"OutputRange", S("Data!G3")}}, [](clsFreq& a) { a.OutputRange("Data!G3"); }},
       {{{"OutputRange", S("Data!A1")}, {"OverWrite", true}}, [](clsFreq& a) { a.OutputRange("Data!A1"); }, true},
   };
@@ -292,14 +312,15 @@ TEST(CommandOptions, OptionsAreThePublicPropertiesInMemberOrder) {
                            "BoxYTitle",     "ErrorTitle",
                            "ErrorYTitle",   "ErrorCentre",
                            "ErrorError",    "OutputFrequencies",
-                           "OverWrite"}},
+                           "Textbook",      "OverWrite"}},
       {Command::Circular,
        {"Headers", "GetMean", "GetMeanVector", "GetCount", "GetAngularSD", "GetAngularVar", "GetCircularSD",
-        "GetCircularVar", "GetRayleigh", "GetCL", "Plot", "InputRange", "OutputRange", "CL", "OverWrite"}},
+        "GetCircularVar", "GetRayleigh", "GetCL", "Plot", "InputRange", "OutputRange", "CL", "Textbook",
+        "OverWrite"}},
       {Command::Frequency,
        {"Headers", "DataType", "PlotHistogram", "PlotNormal", "PlotCumulative", "HistogramTitle", "HistogramXTitle",
-        "HistogramYTitle", "CategoryStartPoint", "ShowRawData", "DataInRows", "InputRange", "FrequencyRange",
-        "BinRange", "OutputRange", "OverWrite"}},
+        "HistogramYTitle", "CategoryStartPoint", "ShowRawData", "DataInRows", "Textbook", "InputRange",
+        "FrequencyRange", "BinRange", "OutputRange", "OverWrite"}},
   };
   for (const auto& [command, names] : interfaces) {
     std::vector<std::string_view> options;

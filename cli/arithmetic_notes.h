@@ -3,7 +3,8 @@
 // from its textbook value (support/kept_rules.h), for example:
 //   The mean angle of "East" (Data!$B$2:$B$20) reads 315: a mean direction in the third quadrant
 //   is reported reflected into the fourth; its direction is 225 (--textbook gives it).
-// They go to the run's warnings, after the ones the command found itself.
+// The command says them as warnings, after the ones it found itself; the Calc extension shows
+// the same sentences after a run from its dialog.
 
 #include <string>
 #include <vector>

@@ -1,8 +1,8 @@
 // The options of the extension's commands: every option reaches its own property, and the
 // options a dialog opens with are the ones a new object has. Each case runs the command through
 // its table on one in-memory host and the class with its setters called directly on another,
-// on the same data, and compares what they leave: the pasted block, the charts beside it, or
-// the failure.
+// on the same data, and compares what they leave: the pasted block, the charts beside it and the
+// notes on kept arithmetic rules, or the failure.
 
 #include <gtest/gtest.h>
 
@@ -15,6 +15,7 @@
 #include "calc/extension/command_options.h"
 #include "calc/extension/command_run.h"
 #include "circular/clsDSCirc.h"
+#include "cli/arithmetic_notes.h"
 #include "descriptive/clsDS.h"
 #include "frame/conversions.h"
 #include "frame/errors.h"
@@ -47,9 +48,9 @@ struct Host {
   Host& operator=(const Host&) = delete;
 };
 
-// What a run left, as text: the pasted block row by row and every chart on its sheet, or that
-// it failed.
-std::string outcomeOf(const std::optional<Range>& pasted) {
+// What a run left, as text: the pasted block row by row, every chart on its sheet and the notes,
+// or that it failed.
+std::string outcomeOf(const std::optional<Range>& pasted, const std::vector<std::string>& notes) {
   if (!pasted) return "failed";
   std::string text = pasted->AddressWithSheet() + "\n";
   const ValueArray2D values = pasted->Values();
@@ -64,6 +65,7 @@ std::string outcomeOf(const std::optional<Range>& pasted) {
     for (const AxisModel& axis : chart.axes) text += " axis " + axis.title.value_or("-");
     text += "\n";
   }
+  for (const std::string& note : notes) text += "note: " + note + "\n";
   return text;
 }
 
@@ -85,7 +87,11 @@ std::string runDirectly(const Case<A>& c) {
   } catch (const ComponentError&) {
     return "failed";
   }
-  return outcomeOf(analysis.pastedBlock());
+  std::vector<std::string> notes;
+  if constexpr (requires { analysis.notes(); }) {
+    for (const ArithmeticNote& note : analysis.notes()) notes.push_back(cli::noteSentence(note));
+  }
+  return outcomeOf(analysis.pastedBlock(), notes);
 }
 
 std::string runThroughTable(Command command, OptionValues options) {
@@ -93,7 +99,7 @@ std::string runThroughTable(Command command, OptionValues options) {
   options.insert_or_assign("InputRange", std::string(kInput));
   const RunOutcome outcome = runCommand(command, options);
   if (!outcome.succeeded) return "failed";
-  return outcomeOf(host.app.ResolveRange(outcome.text));
+  return outcomeOf(host.app.ResolveRange(outcome.text), outcome.notes);
 }
 
 template <class A>
@@ -148,6 +154,7 @@ TEST(CommandOptions, DescribeOptionsReachTheirProperties) {
          a.Smallest(3);
        }},
       {{{"GetRange", true}}, [](clsDS& a) { a.GetRange(true); }},
+      // The 90th percentile of 12 values lies next to the last one: the kept rule leaves a note.
       {{{"GetPercentile", true}, {"Percentile", std::int64_t{10}}},
        [](clsDS& a) {
          a.GetPercentile(true);

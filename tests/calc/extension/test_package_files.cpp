@@ -147,8 +147,8 @@ TEST(PackageFiles, DialogControlsNeitherOverlapNorLeaveTheDialog) {
     std::vector<Box> boxes;
     for (const pugi::xml_node& n : controlsOf(dialog)) {
       const std::int64_t left = whole(n, "dlg:left"), top = whole(n, "dlg:top");
-      boxes.push_back({n.attribute("dlg:id").value(), left, top, left + whole(n, "dlg:width"),
-                       top + whole(n, "dlg:height")});
+      boxes.push_back(
+          {n.attribute("dlg:id").value(), left, top, left + whole(n, "dlg:width"), top + whole(n, "dlg:height")});
     }
     for (std::size_t i = 0; i < boxes.size(); ++i) {
       const Box& a = boxes[i];

@@ -101,10 +101,10 @@ std::string formatTable(const ValueArray2D& block, const std::vector<std::string
   return out;
 }
 
-nlohmann::json blockToJson(const ValueArray2D& block) {
-  nlohmann::json rows = nlohmann::json::array();
+nlohmann::ordered_json blockToJson(const ValueArray2D& block) {
+  nlohmann::ordered_json rows = nlohmann::ordered_json::array();
   for (std::int32_t r = 1; r <= block.rows(); ++r) {
-    nlohmann::json row = nlohmann::json::array();
+    nlohmann::ordered_json row = nlohmann::ordered_json::array();
     for (std::int32_t c = 1; c <= block.columns(); ++c) {
       const CellValue& v = block(r, c);
       switch (v.kind()) {

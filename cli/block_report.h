@@ -24,6 +24,6 @@ std::string formatTable(const ValueArray2D& block,
 
 // Row by row; empty cells null, numbers at full precision, Booleans as JSON Booleans, error
 // values as their text.
-nlohmann::json blockToJson(const ValueArray2D& block);
+nlohmann::ordered_json blockToJson(const ValueArray2D& block);
 
 }  // namespace orv::cli

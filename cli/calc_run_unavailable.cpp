@@ -1,8 +1,7 @@
 // The command built without the Calc host: --host calc is known but refused with the reason.
 
-#include <iostream>
-
 #include "cli/calc_run.h"
+#include "cli/run_exits.h"
 
 #include <CLI/CLI.hpp>
 
@@ -13,10 +12,9 @@ void addHostOption(CLI::App& command, std::string& host) {
       ->check(CLI::IsMember({"memory", kCalcHost}));
 }
 
-int runAnalysisInCalc(const FileOptions&, const AnalysisRequest&) {
-  std::cerr << "orvella: this orvella was built without the LibreOffice Calc host (ORV_CALC=OFF); "
-               "--host calc is not available\n";
-  return kExitUsage;
+int runAnalysisInCalc(const FileOptions& files, const AnalysisRequest&) {
+  return reportFailure(files, usage("this orvella was built without the LibreOffice Calc host (ORV_CALC=OFF); "
+                                    "--host calc is not available"));
 }
 
 }  // namespace orv::cli

@@ -108,6 +108,7 @@ int run(const CircularOptions& o) {
   request.context = ErrorContext{o.input, o.output, request.analysis};
   request.ranges = {{"--input", o.input}};
   request.headers = o.headers;
+  if (o.plot) request.charts.push_back("--plot");
   request.run = [&o](RunNotes& notes) {
     Application& app = HostSession::Application();
     const std::string input = usedCells(app, o.input);

@@ -106,6 +106,8 @@ int run(const DescribeOptions& o) {
   request.context = ErrorContext{o.input, o.output, request.analysis};
   request.ranges = {{"--input", o.input}};
   request.headers = o.headers;
+  if (o.boxPlot) request.charts.push_back("--box-plot");
+  if (o.errorPlot) request.charts.push_back("--error-plot");
   request.run = [&o](RunNotes& notes) {
     clsDS ds;
     ds.Headers(o.headers);

@@ -4,6 +4,7 @@
 #include <fmt/format.h>
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -63,11 +64,11 @@ nlohmann::json optionsJson(const FrequencyOptions& o) {
 // Binned counting takes an empty data cell for the value 0, which silently moves counts into
 // the bin holding 0. The analysis keeps that rule; the command says when it happened: one line
 // per counted variable with empty cells, naming it as the table does.
-std::vector<std::string> emptyCellWarnings(const FrequencyOptions& o, const std::string& input) {
+std::vector<std::string> emptyCellWarnings(const FrequencyOptions& o, const std::optional<Range>& input) {
   // Textbook arithmetic counts no empty cell.
   const bool binned = !o.nominal && !o.textbook && (!o.bins.empty() || o.histogram.plot);
-  if (!binned || input.empty()) return {};
-  const Range data = HostSession::Application().ResolveRange(input);
+  if (!binned || !input) return {};
+  const Range& data = *input;
   const std::int32_t first = o.headers ? 2 : 1;
   std::vector<std::string> warnings;
   for (const CellBlock& area : data.areas()) {
@@ -102,6 +103,11 @@ std::vector<std::string> emptyCellWarnings(const FrequencyOptions& o, const std:
 }
 
 int run(const FrequencyOptions& o) {
+  if (o.nominal && !o.bins.empty()) {
+    return refuseUsage(o.files,
+                       "--nominal counts items, which have no bins; leave out --bins, or --nominal to count numbers in "
+                       "bins");
+  }
   AnalysisRequest request;
   request.analysis = "frequency";
   request.options = optionsJson(o);
@@ -109,6 +115,7 @@ int run(const FrequencyOptions& o) {
   request.ranges = {{"--input", o.input}, {"--frequencies", o.frequencies}, {"--bins", o.bins}};
   request.headers = o.headers;
   request.rows = o.rows;
+  if (o.histogram.plot) request.charts.push_back("--histogram");
   request.run = [&o](RunNotes& notes) {
     Application& app = HostSession::Application();
     const std::string input = usedCells(app, o.input);
@@ -126,6 +133,10 @@ int run(const FrequencyOptions& o) {
     freq.DataInRows(o.rows);
     freq.Textbook(o.textbook);
     freq.InputRange(input);
+    // Resolved before the run: an unqualified reference reads the sheet active now, which the
+    // results sheet replaces.
+    std::optional<Range> data;
+    if (!input.empty()) data = app.ResolveRange(input);
     freq.FrequencyRange(usedCells(app, o.frequencies));
     freq.BinRange(usedCells(app, o.bins));
     freq.OutputRange(o.output);
@@ -135,7 +146,7 @@ int run(const FrequencyOptions& o) {
       notes.failure = freq.failure();
       throw;
     }
-    for (std::string& w : emptyCellWarnings(o, input)) notes.warnings.push_back(std::move(w));
+    for (std::string& w : emptyCellWarnings(o, data)) notes.warnings.push_back(std::move(w));
     return *freq.pastedBlock();
   };
   return runAnalysis(o.files, request);

@@ -2,7 +2,9 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <iostream>
+#include <string_view>
 
 #include "cli/analysis_run.h"
 #include "cli/arguments.h"
@@ -10,6 +12,7 @@
 #include "cli/describe_command.h"
 #include "cli/frequency_command.h"
 #include "cli/interrupts.h"
+#include "cli/run_exits.h"
 #include "cli/sheets_command.h"
 
 #ifndef ORVELLA_VERSION
@@ -38,16 +41,23 @@ Run "orvella COMMAND --help" for the options of a command.)");
   orv::cli::addFrequencyCommand(app, exitCode);
   orv::cli::addSheetsCommand(app, exitCode);
 
+  // Wrong usage is said in one line, and with --json anywhere on the line also as a JSON document,
+  // since a script that asked for JSON reads standard output.
+  const auto refuse = [&](const std::string& sentence) {
+    std::cerr << "orvella: " << sentence << "\n";
+    if (std::any_of(argv + 1, argv + argc, [](const char* a) { return std::string_view(a) == "--json"; })) {
+      std::cout << orv::cli::failureJson({orv::cli::kExitUsage, sentence, std::nullopt, {}}) << "\n";
+    }
+    return orv::cli::kExitUsage;
+  };
   try {
     app.parse(argc, argv);
   } catch (const orv::cli::UsageError& e) {
-    std::cerr << "orvella: " << e.what() << "\n";
-    return orv::cli::kExitUsage;
+    return refuse(e.what());
   } catch (const CLI::ParseError& e) {
     // Help and version are successes; every other parse failure is wrong usage.
     if (e.get_exit_code() == 0) return app.exit(e);
-    std::cerr << "orvella: " << orv::cli::usageLine(e, app) << "\n";
-    return orv::cli::kExitUsage;
+    return refuse(orv::cli::usageLine(e, app));
   }
   return exitCode;
 }

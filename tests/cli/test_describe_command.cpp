@@ -34,10 +34,10 @@ TEST_F(CliTest, JsonBlockIsWhatTheWorkbookHolds) {
   ASSERT_EQ(r.exitCode, 0) << r.err;
   const nlohmann::json doc = nlohmann::json::parse(r.out);
   EXPECT_EQ(doc["analysis"], "describe");
-  EXPECT_EQ(doc["input"], "Data!A1:B9");
+  EXPECT_EQ(doc["input"], "Data!$A$1:$B$9");
   EXPECT_EQ(doc["output"]["sheet"], "Sheet1");
   EXPECT_EQ(doc["output"]["cell"], "$A$1");
-  EXPECT_EQ(doc["written"], out.string());
+  EXPECT_EQ(doc["output"]["file"], out.string());
   InMemoryApplication app;
   InMemoryWorkbook& book = openWorkbookFile(app, out).book;
   ASSERT_EQ(book.WorksheetsCount(), 2);

@@ -7,6 +7,7 @@
 #include <pugixml.hpp>
 
 #include "frame/procedure.h"
+#include "frame/work_progress.h"
 #include "workbook/in_memory_application.h"
 #include "xlsx/csv_reader.h"
 #include "xlsx/reader_errors.h"
@@ -192,6 +193,15 @@ void readWorksheets(ZipInput& zip, PackageContents& contents, InMemoryWorkbook& 
   options.maxTextBytes = limits.maxTextBytes;
   options.usedTextBytes = &usedTextBytes;
   options.dateStyles = &contents.dateStyles;
+  // Progress in bytes of sheet XML, against the sizes the archive declares (a hint only: the
+  // fraction is held below 1 until the last sheet is read).
+  std::uint64_t declared = 0;
+  for (const SheetEntry& entry : contents.sheets) declared += zip.declaredSize(entry.part);
+  std::uint64_t scanned = 0;
+  options.pieceScanned = [&](std::size_t bytes) {
+    scanned += bytes;
+    reportWork(std::min(scanned, declared > 0 ? declared - 1 : 0), declared);
+  };
   contents.info.sheetNotes.reserve(contents.sheets.size());
   for (const SheetEntry& entry : contents.sheets) {
     InMemoryWorksheet* sheet = nullptr;
@@ -206,6 +216,7 @@ void readWorksheets(ZipInput& zip, PackageContents& contents, InMemoryWorkbook& 
     }
     contents.info.sheetParts.push_back(entry.part);
   }
+  reportWork(declared, declared);
 }
 
 LoadedWorkbook loadPackage(InMemoryApplication& app, const std::filesystem::path& file, const ReadLimits& limits) {

@@ -151,11 +151,34 @@ std::vector<bool> dateStylesOf(ZipInput& zip, const std::vector<Relationship>& r
   return readDateStyles(*xml);
 }
 
+// The workbook's defined names; a sheet-level name's localSheetId counts every sheet the
+// workbook lists, chart sheets included. Names scoped to a sheet that is not there are left out.
+std::vector<DefinedName> readDefinedNames(const pugi::xml_node& root) {
+  std::vector<std::string> allSheets;
+  for (pugi::xml_node s = xml::child(xml::child(root, "sheets"), "sheet"); s; s = s.next_sibling()) {
+    if (xml::isElement(s, "sheet")) allSheets.emplace_back(xml::attributeNamed(s, "name").value());
+  }
+  std::vector<DefinedName> names;
+  for (pugi::xml_node n = xml::child(xml::child(root, "definedNames"), "definedName"); n; n = n.next_sibling()) {
+    if (!xml::isElement(n, "definedName")) continue;
+    DefinedName name{xml::attributeNamed(n, "name").value(), std::nullopt, n.text().get(),
+                     truthy(xml::attributeNamed(n, "hidden").value())};
+    if (const pugi::xml_attribute local = xml::attributeNamed(n, "localSheetId")) {
+      const unsigned index = local.as_uint(allSheets.size());
+      if (index >= allSheets.size()) continue;
+      name.sheet = allSheets[index];
+    }
+    if (!name.name.empty()) names.push_back(std::move(name));
+  }
+  return names;
+}
+
 // What the workbook part and its relationships say: the date system, the worksheets, the
-// shared strings and which cell formats are dates.
+// shared strings, which cell formats are dates, and the defined names.
 struct PackageContents {
   LoadedPackageInfo info;
   std::vector<SheetEntry> sheets;
+  std::vector<DefinedName> names;
   std::vector<std::string> sharedStrings;
   std::vector<bool> dateStyles;
 };
@@ -175,6 +198,7 @@ PackageContents readWorkbookPart(ZipInput& zip, const ReadLimits& limits) {
   info.date1904 = truthy(xml::attributeNamed(xml::child(root, "workbookPr"), "date1904").value());
   const std::vector<Relationship> rels = readRelationships(zip, info.workbookPart);
   contents.sheets = listWorksheets(zip, root, rels);
+  contents.names = readDefinedNames(root);
   contents.sharedStrings = readSharedStrings(zip, rels, limits);
   contents.dateStyles = dateStylesOf(zip, rels);
   return contents;
@@ -228,6 +252,7 @@ LoadedWorkbook loadPackage(InMemoryApplication& app, const std::filesystem::path
   });
   InMemoryWorkbook& book = app.AddWorkbook(file.filename().string(), {});
   namingFile(file, [&] { readWorksheets(*zip, contents, book, limits); });
+  for (DefinedName& name : contents.names) book.addName(std::move(name));
   book.activateSheet(book.Worksheets(1));
   return {book, std::move(contents.info)};
 }

@@ -10,8 +10,10 @@
 
 #include "cli/calc_run.h"
 #include "cli/file_checks.h"
+#include "cli/help_model.h"
 #include "cli/input_checks.h"
 #include "cli/progress.h"
+#include "cli/reference_text.h"
 #include "cli/run_exits.h"
 #include "cli/run_report.h"
 #include "cli/standard_input.h"
@@ -163,26 +165,34 @@ int runInMemory(const FileOptions& files, const AnalysisRequest& request, const 
 void addFileOptions(CLI::App& command, FileOptions& files) {
   command.add_option("FILE", files.input, "workbook to analyse (.xlsx, .xlsm, .csv, .tsv), or - for standard input")
       ->required()
-      ->group("Input");
+      ->type_name("FILE")
+      ->group(kInputGroup);
   command
       .add_option("-o,--out", files.out,
                   "write the workbook with the results to this .xlsx file (.xlsm for a macro-enabled workbook; the "
                   "input is never changed)")
-      ->group("Output");
-  command.add_flag("--in-place", files.inPlace, "write the results into the input workbook itself")->group("Output");
+      ->type_name("FILE")
+      ->group(kOutputGroup);
+  command.add_flag("--in-place", files.inPlace, "write the results into the input workbook itself")
+      ->group(kOutputGroup);
   command.add_flag("--json", files.json, "print the results as one JSON document instead of the table")
-      ->group("Output");
-  command.add_flag("--csv", files.csv, "print the results as CSV lines (column,statistic,value) instead of the table")
-      ->group("Output");
+      ->group(kOutputGroup);
+  command
+      .add_flag(
+          "--csv", files.csv,
+          "print the results as CSV lines instead of the table (one line per column and statistic, or per category)")
+      ->group(kOutputGroup);
   command.add_flag("--quiet", files.quiet, "print nothing but warnings and errors; the written workbook is the result")
-      ->group("Output");
+      ->group(kOutputGroup);
   addHostOption(command, files.host);
 }
 
 void addOutputOptions(CLI::App& command, std::string& output, bool& overwrite, const std::string& what) {
   command.add_option("--output", output, "cell where " + what + ", e.g. \"Data!F1\" (default: a new sheet at the end)")
-      ->group("Output");
-  command.add_flag("--overwrite", overwrite, "replace whatever is in the output area")->group("Output");
+      ->type_name("CELL")
+      ->group(kOutputGroup)
+      ->transform(referenceText("--output"));
+  command.add_flag("--overwrite", overwrite, "replace whatever is in the output area")->group(kOutputGroup);
 }
 
 int refuseUsage(const FileOptions& files, const std::string& sentence) { return reportFailure(files, usage(sentence)); }

@@ -7,7 +7,9 @@
 #include <optional>
 
 #include "calc/calc_session.h"
+#include "cli/arguments.h"
 #include "cli/file_checks.h"
+#include "cli/help_model.h"
 #include "cli/input_checks.h"
 #include "cli/interrupts.h"
 #include "cli/progress.h"
@@ -90,11 +92,15 @@ int runOnOffice(const FileOptions& files, const AnalysisRequest& request, std::o
 }  // namespace
 
 void addHostOption(CLI::App& command, std::string& host) {
-  command
-      .add_option("--host", host,
-                  "where the analysis runs: memory (default; the built-in workbook model) or calc (a headless "
-                  "LibreOffice Calc started for this run; reads .ods too and writes .xlsx or .ods)")
-      ->check(CLI::IsMember({"memory", kCalcHost}));
+  const std::vector<std::string> hosts = {"memory", kCalcHost};
+  setChoices(command
+                 .add_option("--host", host,
+                             "where the analysis runs: memory (default; the built-in workbook model) or calc (a "
+                             "headless LibreOffice Calc started for this run; reads .ods too and writes .xlsx or .ods)")
+                 ->type_name("HOST")
+                 ->group(kInputGroup)
+                 ->check(oneOf("--host", hosts)),
+             hosts);
 }
 
 int runAnalysisInCalc(const FileOptions& files, const AnalysisRequest& request) {

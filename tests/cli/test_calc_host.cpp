@@ -13,6 +13,7 @@
 #include <thread>
 
 #include "cli_fixture.h"
+#include "named_workbook.h"
 #include "xlsx/reader_workbook.h"
 
 extern char** environ;
@@ -199,6 +200,26 @@ TEST_F(CalcHostTest, ReadsOdsAndTextAndWritesOds) {
   const nlohmann::json block = nlohmann::json::parse(again.out)["block"];
   EXPECT_EQ(block[4][1], 15);  // Sum
   EXPECT_EQ(block[5][1], 5);   // Count
+}
+
+// The office keeps the file's names as named ranges of its own, workbook- and sheet-level; they
+// stand for the same cells as on the default host.
+TEST_F(CalcHostTest, DefinedNamesResolveThroughTheOfficesNamedRanges) {
+  const std::string file = namedWorkbook(dir).string();
+  const std::vector<std::vector<std::string>> runs = {
+      {"describe", file, "-i", "Heights", "--headers", "--mean", "--count", "--json"},
+      {"describe", file, "-i", "Other!Left", "--headers", "--sum", "--json"},
+  };
+  for (std::vector<std::string> args : runs) {
+    SCOPED_TRACE(args[3]);
+    const RunResult memory = run(args);
+    args.insert(args.end(), {"--host", "calc"});
+    const RunResult live = run(args);
+    ASSERT_EQ(live.exitCode, 0) << live.err;
+    const nlohmann::json a = nlohmann::json::parse(memory.out), b = nlohmann::json::parse(live.out);
+    EXPECT_EQ(b["input"], a["input"]);
+    EXPECT_EQ(b["columns"].dump(), a["columns"].dump());
+  }
 }
 
 TEST_F(CalcHostTest, RefusesWhatItCannotWrite) {

@@ -142,7 +142,8 @@ int runInMemory(const FileOptions& files, const AnalysisRequest& request, const 
     const RecordSource source = recordSource(request);
     progress.step("Analysing " + request.context.input + " ...");
     const Range pasted = request.run(notes);
-    const PastedBlock block = readPasted(pasted, source);
+    PastedBlock block = readPasted(pasted, source);
+    addArithmeticNotes(block.records, notes.arithmetic);
 
     const std::filesystem::path target = files.inPlace ? files.input : files.out;
     if (!target.empty()) {

@@ -20,6 +20,7 @@
 #include "cli/error_messages.h"
 #include "frame/range.h"
 #include "support/column_failure.h"
+#include "support/kept_rules.h"
 
 namespace CLI {
 class App;
@@ -57,6 +58,9 @@ struct RunNotes {
   // A sentence about the failure that the command worked out from the input, said instead of
   // the general one for the error's number.
   std::optional<std::string> cause;
+  // The analysis's notes where a kept rule changed a value (support/kept_rules.h), for the
+  // records; their sentences are among the warnings.
+  std::vector<ArithmeticNote> arithmetic;
 };
 
 // A range the analysis reads data from, as the person gave it, with the flag that gave it.

@@ -76,7 +76,8 @@ int runOnOffice(const FileOptions& files, const AnalysisRequest& request, std::o
   progress.step("Analysing " + request.context.input + " ...");
   const Range pasted = request.run(notes);
   session->finishCall();
-  const PastedBlock block = readPasted(pasted, source);
+  PastedBlock block = readPasted(pasted, source);
+  addArithmeticNotes(block.records, notes.arithmetic);
   const std::filesystem::path target = files.inPlace ? files.input : files.out;
   if (!target.empty()) {
     progress.step("Writing " + target.string() + " ...");

@@ -132,6 +132,7 @@ int run(const CircularOptions& o) {
       throw;
     }
     addNoteWarnings(circ.notes(), notes.warnings);
+    notes.arithmetic = circ.notes();
     return *circ.pastedBlock();
   };
   return runAnalysis(o.files, request);

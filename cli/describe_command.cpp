@@ -145,6 +145,7 @@ int run(const DescribeOptions& o) {
       throw;
     }
     addNoteWarnings(ds.notes(), notes.warnings);
+    notes.arithmetic = ds.notes();
     return *ds.pastedBlock();
   };
   return runAnalysis(o.files, request);

@@ -36,7 +36,9 @@ Json valueJson(const CellValue& v, bool count) {
 void statisticsJson(const ColumnRecord& column, Json& entry) {
   Json statistics = Json::object();
   Json unavailable = Json::object();
+  Json notes = Json::object();
   for (const StatisticRecord& s : column.statistics) {
+    if (s.note) notes[s.label] = {{"textbook", s.textbook ? Json(*s.textbook) : Json(nullptr)}, {"note", *s.note}};
     if (s.unavailable) {
       statistics[s.label] = nullptr;
       unavailable[s.label] = *s.unavailable;
@@ -46,6 +48,7 @@ void statisticsJson(const ColumnRecord& column, Json& entry) {
   }
   entry["statistics"] = std::move(statistics);
   entry["unavailable"] = std::move(unavailable);
+  entry["notes"] = std::move(notes);
 }
 
 Json tablesJson(const ColumnRecord& column) {

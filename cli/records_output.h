@@ -6,8 +6,10 @@
 //    "statistics": {"Mean": 21.64, ..., "Count": 12, "P(Kurtosis)": null},
 //    "unavailable": {"P(Kurtosis)": "needs at least 20 observations; the column has 12"}}
 // counts as integers, "-" and "n/a" as null with the reason under the same label in
-// "unavailable"; frequency columns hold "tables" instead, keyed by the table's heading, each a
-// list of {"category", "n", "cumulative_n", "percent", "cumulative_percent"} with "open": "<" or
+// "unavailable", and where a kept rule of the arithmetic changed a value, its textbook value and
+// the note under the same label in "notes" ({"textbook": 1.23, "note": "..."}); frequency columns hold "tables"
+// instead, keyed by the table's heading, each a list of {"category", "n", "cumulative_n", "percent",
+// "cumulative_percent"} with "open": "<" or
 // ">=" on the open categories of a binned table, and "weights" beside "range" when the counts
 // came weighted.
 //

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 
+#include "cli/arithmetic_notes.h"
 #include "cli/unavailable_reasons.h"
 #include "frame/conversions.h"
 #include "support/input_columns.h"
@@ -59,10 +60,12 @@ std::vector<ColumnRecord> statisticRecords(const ValueArray2D& block, const Reco
     column.name = toText(block(names, c));
     if (index < cells.size()) column.range = cells[index].AddressWithSheet();
     for (std::int32_t r = names + 1; r <= block.rows() && !block(r, 1).isEmpty(); ++r) {
-      StatisticRecord s{toText(block(r, 1)), block(r, c), std::nullopt, false};
+      StatisticRecord s;
+      s.label = toText(block(r, 1));
+      s.value = block(r, c);
       s.count = s.label == "Count";
       if (isUnavailable(s.value) && index < cells.size()) {
-        s.unavailable = unavailableReason(source.analysis, s.label, cells[index]);
+        s.unavailable = unavailableReason(source.analysis, s.label, cells[index], source.textbook);
       }
       column.statistics.push_back(std::move(s));
     }
@@ -136,6 +139,23 @@ std::vector<ColumnRecord> frequencyRecords(const ValueArray2D& block, const std:
 }
 
 }  // namespace
+
+void addArithmeticNotes(std::vector<ColumnRecord>& columns, const std::vector<ArithmeticNote>& notes) {
+  for (const ArithmeticNote& note : notes) {
+    const std::string cells = note.cells.AddressWithSheet();
+    const auto column = std::find_if(columns.begin(), columns.end(), [&](const ColumnRecord& c) {
+      return c.range ? *c.range == cells : c.name == note.column;
+    });
+    if (column == columns.end()) continue;
+    for (const ChangedValue& changed : note.values) {
+      for (StatisticRecord& s : column->statistics) {
+        if (s.label != changed.statistic) continue;
+        s.textbook = changed.textbook;
+        s.note = noteSentence(note);
+      }
+    }
+  }
+}
 
 std::vector<ColumnRecord> readRecords(const ValueArray2D& block, const std::vector<std::string>& formats,
                                       const RecordSource& source) {

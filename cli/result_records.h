@@ -16,6 +16,7 @@
 #include "frame/cell_value.h"
 #include "frame/range.h"
 #include "frame/value_array.h"
+#include "support/kept_rules.h"
 
 namespace orv::cli {
 
@@ -26,6 +27,10 @@ struct StatisticRecord {
   // holds one.
   std::optional<std::string> unavailable;
   bool count = false;  // a whole count ("Count"), given as an integer
+  // Where a kept rule of the arithmetic changed the value (support/kept_rules.h): the textbook
+  // value and the note's sentence (cli/arithmetic_notes.h).
+  std::optional<double> textbook;
+  std::optional<std::string> note;
 };
 
 struct FrequencyRecord {
@@ -57,11 +62,16 @@ struct RecordSource {
   std::optional<Range> frequencies;  // frequency: the --frequencies range
   bool headers = false;
   bool rows = false;  // frequency: variables along rows
+  bool textbook = false;  // textbook arithmetic made the table
 };
 
 // `formats` row by row, one per cell of `block` (the open categories' marks are formats).
 // Reads the input's cells through the host to work out the reasons for "-" and "n/a".
 std::vector<ColumnRecord> readRecords(const ValueArray2D& block, const std::vector<std::string>& formats,
                                       const RecordSource& source);
+
+// Puts each note's textbook values and sentence beside the statistics it changed, in the column
+// read from the same cells.
+void addArithmeticNotes(std::vector<ColumnRecord>& columns, const std::vector<ArithmeticNote>& notes);
 
 }  // namespace orv::cli

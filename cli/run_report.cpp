@@ -52,8 +52,10 @@ Json reportJson(const AnalysisRequest& request, const PastedBlock& pasted, const
 }  // namespace
 
 RecordSource recordSource(const AnalysisRequest& request) {
-  return RecordSource{request.analysis, rangeOf(request, "--input"), rangeOf(request, "--frequencies"), request.headers,
+  RecordSource source{request.analysis, rangeOf(request, "--input"), rangeOf(request, "--frequencies"), request.headers,
                       request.rows};
+  source.textbook = request.options.is_object() && request.options.value("textbook", false);
+  return source;
 }
 
 PastedBlock readPasted(const Range& pasted, const RecordSource& source) {

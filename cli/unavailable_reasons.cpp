@@ -18,6 +18,7 @@ constexpr std::int64_t kSkewnessFrom = 3;
 constexpr std::int64_t kSkewnessTestFrom = 9;
 constexpr std::int64_t kKurtosisFrom = 4;
 constexpr std::int64_t kKurtosisTestFrom = 20;
+constexpr std::int64_t kTextbookKurtosisTestFrom = 5;
 constexpr std::int64_t kKurtosisOverflowFrom = 217;
 constexpr std::int64_t kConfidenceLimitFrom = 8;
 
@@ -40,7 +41,7 @@ std::string shapeReason(std::int64_t n, bool allEqual, std::int64_t needed) {
   return "cannot be computed for these data";
 }
 
-std::string describeReason(const std::string& label, const std::vector<CellValue>& cells) {
+std::string describeReason(const std::string& label, const std::vector<CellValue>& cells, bool textbook) {
   std::int64_t n = 0;
   bool allEqual = true;
   double first = 0.0;
@@ -56,8 +57,9 @@ std::string describeReason(const std::string& label, const std::vector<CellValue
                                  : shapeReason(n, allEqual, kSkewnessFrom);
   }
   if (label == "Kurtosis" || label == "P(Kurtosis)") {
-    if (label == "P(Kurtosis)" && n < kKurtosisTestFrom) return tooFew(kKurtosisTestFrom, n, "observations");
-    if (n >= kKurtosisOverflowFrom) {
+    const std::int64_t testFrom = textbook ? kTextbookKurtosisTestFrom : kKurtosisTestFrom;
+    if (label == "P(Kurtosis)" && n < testFrom) return tooFew(testFrom, n, "observations");
+    if (!textbook && n >= kKurtosisOverflowFrom) {
       return fmt::format(
           "from {} observations on, n(n - 1)(n - 2)(n - 3) exceeds the largest whole number the kurtosis keeps "
           "(2147483647); the column has {}",
@@ -98,10 +100,11 @@ std::string circularReason(const std::string& label, const std::vector<CellValue
 
 }  // namespace
 
-std::string unavailableReason(const std::string& analysis, const std::string& label, const Range& cells) {
+std::string unavailableReason(const std::string& analysis, const std::string& label, const Range& cells,
+                              bool textbook) {
   const std::vector<CellValue> values = cellsOf(cells);
   if (analysis == "circular") return circularReason(label, values, cells.Parent().Parent().application());
-  return describeReason(label, values);
+  return describeReason(label, values, textbook);
 }
 
 }  // namespace orv::cli

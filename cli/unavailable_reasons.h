@@ -16,7 +16,9 @@ class Range;
 namespace orv::cli {
 
 // `analysis` is "describe" or "circular"; `label` the row's label ("P(Kurtosis)", "95%CL (±)");
-// `cells` the column's data cells, below its header cell. Reads the cells through the host.
-std::string unavailableReason(const std::string& analysis, const std::string& label, const Range& cells);
+// `cells` the column's data cells, below its header cell; `textbook` whether textbook arithmetic
+// made the table (its kurtosis has no 32-bit limit, and its kurtosis test needs 5 observations).
+// Reads the cells through the host.
+std::string unavailableReason(const std::string& analysis, const std::string& label, const Range& cells, bool textbook);
 
 }  // namespace orv::cli

@@ -134,6 +134,33 @@ TEST_F(RecordsTest, KurtosisFromTwoHundredSeventeenObservationsSaysWhyItIsMissin
   EXPECT_EQ(doc["columns"][1]["unavailable"]["P(Kurtosis)"], reason);
 }
 
+TEST_F(RecordsTest, NotesOnKeptRulesStandBesideTheValuesTheyChanged) {
+  const auto angles = workbook("a.xlsx", {{"South-west", numbers({200, 210, 220, 205})}});
+  Json doc = runJson({"circular", angles.string(), "-i", "Data!A1:A5", "--headers", "--mean-angle", "--json"});
+  const Json& mean = doc["columns"][0]["notes"]["Mean Angle"];
+  // The table reads the direction reflected about the horizontal axis into the fourth quadrant.
+  const double textbook = mean["textbook"].get<double>();
+  EXPECT_NEAR(textbook, 208.75, 0.01);
+  EXPECT_NEAR(doc["columns"][0]["statistics"]["Mean Angle"].get<double>(), 360 - (textbook - 180), 1e-9);
+  ASSERT_EQ(doc["warnings"].size(), 1u);
+  EXPECT_EQ(mean["note"], doc["warnings"][0]);
+
+  const auto many = workbook("k.xlsx", {{"n217", sequence(217)}});
+  doc = runJson({"describe", many.string(), "-i", "Data!A1:A218", "--headers", "--kurtosis", "--mean", "--json"});
+  const Json& column = doc["columns"][0];
+  EXPECT_TRUE(column["notes"]["Kurtosis"]["textbook"].is_number());
+  EXPECT_TRUE(column["statistics"]["Kurtosis"].is_null());
+  EXPECT_FALSE(column["notes"].contains("Mean"));
+  doc = runJson({"describe", many.string(), "-i", "Data!A1:A218", "--headers", "--kurtosis", "--textbook", "--json"});
+  EXPECT_TRUE(doc["columns"][0]["statistics"]["Kurtosis"].is_number());
+  EXPECT_TRUE(doc["columns"][0]["notes"].empty());
+
+  // Textbook arithmetic tests the kurtosis from 5 observations on.
+  const auto few = workbook("few.xlsx", {{"n4", sequence(4)}});
+  doc = runJson({"describe", few.string(), "-i", "Data!A1:A5", "--headers", "--kurtosis", "--textbook", "--json"});
+  EXPECT_EQ(doc["columns"][0]["unavailable"]["P(Kurtosis)"], "needs at least 5 observations; the column has 4");
+}
+
 TEST_F(RecordsTest, CircularConfidenceLimitSaysWhyItIsNotAvailable) {
   const auto file = workbook("c.xlsx", {{"Few", numbers({10, 20, 30, 40, 50})},
                                         {"Spread", numbers({0, 60, 120, 180, 240, 300, 30, 90})},

@@ -61,7 +61,7 @@ struct RecordSource {
   std::optional<Range> input;        // the data range as analysed (whole columns cut)
   std::optional<Range> frequencies;  // frequency: the --frequencies range
   bool headers = false;
-  bool rows = false;  // frequency: variables along rows
+  bool rows = false;      // frequency: variables along rows
   bool textbook = false;  // textbook arithmetic made the table
 };
 

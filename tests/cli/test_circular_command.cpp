@@ -26,7 +26,7 @@ TEST_F(CliTest, CircularPrintsTheDefaultRowsAndWritesNothing) {
   // Column A stops at its first empty cell: three angles beside four.
   EXPECT_EQ(words(lineStarting(r.out, "Count")), (std::vector<std::string>{"Count", "3", "4"}));
   EXPECT_EQ(words(lineStarting(r.out, "Mean Vector")),
-            (std::vector<std::string>{"Mean", "Vector", "0.977284", "0.978452"}));
+            (std::vector<std::string>{"Mean", "Vector", "0.977283884192712", "0.978452482814062"}));
   EXPECT_EQ(words(lineStarting(r.out, "Mean Angle"))[2], "45");
   // Fewer than eight angles have no confidence limit.
   EXPECT_EQ(words(lineStarting(r.out, "95%CL")), (std::vector<std::string>{"95%CL", "(±)", "n/a", "n/a"}));

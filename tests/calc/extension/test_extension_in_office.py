@@ -141,10 +141,19 @@ def tearDownModule():
         shutil.rmtree(OFFICE.folder, ignore_errors=True)
 
 
+def run_command(analysis, workbook, *options):
+    """The orvella command on the same file and options, with its own host. It writes its workbook
+    to a scratch folder, since the command draws charts only into a workbook it writes."""
+    with tempfile.TemporaryDirectory(prefix='orvella-command-') as scratch:
+        suffix = os.path.splitext(workbook)[1].lower()
+        written = os.path.join(scratch, 'out' + (suffix if suffix in ('.xlsx', '.xlsm') else '.xlsx'))
+        return subprocess.run([ARGS.orvella, analysis, workbook, *options, '-o', written], stdout=subprocess.PIPE,
+                              stderr=subprocess.PIPE, timeout=120)
+
+
 def command_report(analysis, workbook, *options):
     """What the orvella command reports for the same file and options, with its own host."""
-    done = subprocess.run([ARGS.orvella, analysis, workbook, *options, '--json'], stdout=subprocess.PIPE,
-                          stderr=subprocess.PIPE, timeout=120)
+    done = run_command(analysis, workbook, *options, '--json')
     if done.returncode != 0:
         raise AssertionError(f'orvella {analysis} failed: {done.stderr.decode()}')
     return json.loads(done.stdout)
@@ -157,8 +166,7 @@ def command_json(analysis, workbook, *options):
 
 def command_failure(analysis, workbook, *options):
     """The line the orvella command prints for a failure, without its "orvella: " prefix."""
-    done = subprocess.run([ARGS.orvella, analysis, workbook, *options], stdout=subprocess.PIPE,
-                          stderr=subprocess.PIPE, timeout=120)
+    done = run_command(analysis, workbook, *options)
     line = done.stderr.decode().strip().splitlines()[-1]
     assert done.returncode == 1 and line.startswith('orvella: '), done.stderr.decode()
     return line[len('orvella: '):]

@@ -1,10 +1,12 @@
 // Writes the end-to-end benchmark's input: one sheet "Data" of COLUMNS numeric columns by ROWS
-// rows of pseudo-random numbers (fixed seed), no header row.
-//   make_large_workbook OUT.xlsx [ROWS] [COLUMNS]
+// rows of pseudo-random numbers (fixed seed); with "headers", a row of names ("Height 1" ...)
+// above them.
+//   make_large_workbook OUT.xlsx [ROWS] [COLUMNS] [headers]
 
 #include <cstdio>
 #include <cstdlib>
 #include <random>
+#include <string>
 
 #include "frame/errors.h"
 #include "workbook/in_memory_application.h"
@@ -17,6 +19,8 @@ int main(int argc, char** argv) {
   }
   const int rows = argc > 2 ? std::atoi(argv[2]) : 32767;
   const int columns = argc > 3 ? std::atoi(argv[3]) : 100;
+  const bool headers = argc > 4 && std::string(argv[4]) == "headers";
+  const int top = headers ? 2 : 1;
   try {
     orv::InMemoryApplication app;
     orv::InMemoryWorkbook& book = app.AddWorkbook("large.xlsx", {"Data"});
@@ -24,9 +28,10 @@ int main(int argc, char** argv) {
     std::mt19937_64 random(20261122);
     std::normal_distribution<double> height(170.0, 9.5);
     for (int c = 1; c <= columns; ++c) {
-      for (int r = 1; r <= rows; ++r) {
+      if (headers) sheet.storeRaw(1, c, "Height " + std::to_string(c));
+      for (int r = 0; r < rows; ++r) {
         // Four decimals, as measured data usually carry.
-        sheet.storeRaw(r, c, std::round(height(random) * 1e4) / 1e4);
+        sheet.storeRaw(top + r, c, std::round(height(random) * 1e4) / 1e4);
       }
     }
     orv::writeNewWorkbook(book, argv[1]);

@@ -14,9 +14,13 @@
 #             office (starting it, opening the workbook, saving it)
 #   calc      the written describe with --host calc: the same run on a headless LibreOffice
 # and the peak memory (maximum resident set) of the written run. Both office runs start with a
-# fresh private profile, as orvella --host calc always does. It ends with a Markdown block
-# for the README. On a shared machine the wall times depend on the load, which is printed; the
-# CPU times much less so.
+# fresh private profile, as orvella --host calc always does. Then the in-memory runs at full
+# sheet height, with textbook arithmetic (the kept rules stop at 32767 observations): a workbook
+# of 16 columns by 1,048,575 rows under a row of names (out/bench/full.xlsx), its own floor, and
+#   full      describe --all --textbook of every column, written to a new workbook
+#   column    frequency --raw --textbook of its first column, written to a new workbook
+# with their peak memory. It ends with a Markdown block for the README. On a shared machine the
+# wall times depend on the load, which is printed; the CPU times much less so.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 RUNS=${1:-5}
@@ -28,6 +32,8 @@ DIR=out/bench
 mkdir -p "$DIR"
 BOOK=$DIR/large.xlsx
 [ -f "$BOOK" ] || "$BUILD"/bench/make_large_workbook "$BOOK" 32767 100
+FULL=$DIR/full.xlsx
+[ -f "$FULL" ] || "$BUILD"/bench/make_large_workbook "$FULL" 1048575 16 headers
 SHEET_PART=xl/worksheets/sheet1.xml
 ORV="$BUILD"/cli/orvella
 INPUT=(--input "Data!A1:CV32767" --all)
@@ -60,8 +66,14 @@ timed written "$ORV" describe "$BOOK" "${INPUT[@]}" --overwrite -o "$DIR/large-r
 timed tables "$ORV" frequency "$BOOK" --input "Data!A1:J32767" --raw --overwrite -o "$DIR/large-tables.xlsx"
 timed convert bench/convert_with_office.sh "$BOOK" "$DIR/converted"
 timed calc "$ORV" describe "$BOOK" "${INPUT[@]}" --host calc -o "$DIR/large-calc.xlsx"
+timed fullfloor unzip -p "$FULL" "$SHEET_PART"
+timed full "$ORV" describe "$FULL" --input "Data!A1:P1048576" --headers --all --textbook --overwrite \
+  -o "$DIR/full-results.xlsx"
+timed column "$ORV" frequency "$FULL" --input "Data!A1:A1048576" --headers --raw --textbook --overwrite \
+  -o "$DIR/full-table.xlsx"
 load_after=$(cut -d' ' -f1 /proc/loadavg)
 xml_bytes=$(unzip -p "$BOOK" "$SHEET_PART" | wc -c)
+full_xml_bytes=$(unzip -p "$FULL" "$SHEET_PART" | wc -c)
 cpu_model=$(awk -F': ' '/model name/ {print $2; exit}' /proc/cpuinfo)
 
 row() {  # label, command, name, floor (default: floor)
@@ -99,3 +111,19 @@ the office's own):
 EOF
 row "office floor: open and save" "soffice --headless --convert-to xlsx large.xlsx" convert convert
 row "describe every column on the office, written" "... --all --host calc -o large-calc.xlsx" calc convert
+
+cat <<EOF
+
+At full sheet height: \`$FULL\`, 16 numeric columns by 1,048,575 rows under a row of names
+($(stat -c %s "$FULL") bytes; its sheet part inflates to ${full_xml_bytes} bytes of XML), with
+textbook arithmetic; the ratios are to this workbook's own floor.
+
+| step | command | wall | ratio | CPU | ratio |
+|---|---|---|---|---|---|
+EOF
+row "floor: inflate the sheet" "unzip -p full.xlsx $SHEET_PART" fullfloor fullfloor
+row "describe every column, written" "orvella describe full.xlsx -i Data!A1:P1048576 --headers --all --textbook -o full-results.xlsx" full fullfloor
+row "count one column's values, written" "orvella frequency full.xlsx -i Data!A1:A1048576 --headers --raw --textbook -o full-table.xlsx" column fullfloor
+printf '\nPeak memory of the described run: %.0f MiB, %.2f× the sheet XML; of the counted column: %.0f MiB.\n' \
+  "$(echo "$full_peak / 1024" | bc -l)" "$(echo "$full_peak * 1024 / $full_xml_bytes" | bc -l)" \
+  "$(echo "$column_peak / 1024" | bc -l)"

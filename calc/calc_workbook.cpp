@@ -1,7 +1,10 @@
 #include "calc/calc_workbook.h"
 
+#include <com/sun/star/beans/XPropertySet.hpp>
 #include <com/sun/star/container/XIndexAccess.hpp>
 #include <com/sun/star/container/XNamed.hpp>
+#include <com/sun/star/sheet/XNamedRange.hpp>
+#include <com/sun/star/sheet/XNamedRanges.hpp>
 #include <com/sun/star/sheet/XSheetCellRangeContainer.hpp>
 #include <com/sun/star/sheet/XSpreadsheets.hpp>
 #include <com/sun/star/table/CellRangeAddress.hpp>
@@ -11,6 +14,8 @@
 
 #include "calc/calc_application.h"
 #include "calc/chart_data_sheet.h"
+#include "calc/office_notation.h"
+#include "frame/defined_name.h"
 #include "frame/errors.h"
 
 namespace orv::calc {
@@ -72,6 +77,37 @@ std::vector<std::unique_ptr<CalcWorksheet>>::iterator CalcWorkbook::find(const C
 }
 
 void CalcWorkbook::Activate() { application_->activateWorkbook(*this); }
+
+namespace {
+
+// The reference of the name in a set of named ranges, as A1 text; names compare without case.
+// A name that stands for no cells gives its content as it is, for the host to refuse.
+std::optional<std::string> namedIn(const Reference<css::beans::XPropertySet>& owner, std::string_view name) {
+  if (!owner.is()) return std::nullopt;
+  const Reference<css::sheet::XNamedRanges> ranges(owner->getPropertyValue("NamedRanges"), UNO_QUERY);
+  if (!ranges.is()) return std::nullopt;
+  for (const OUString& candidate : ranges->getElementNames()) {
+    if (!sameName(fromUno(candidate), name)) continue;
+    const Reference<css::sheet::XNamedRange> range(ranges->getByName(candidate), UNO_QUERY_THROW);
+    const std::string content = fromUno(range->getContent());
+    return a1FromOffice(content).value_or(content);
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
+std::optional<std::string> CalcWorkbook::nameReference(std::string_view name, std::string_view sheet,
+                                                       bool sheetOnly) const {
+  return remote("look up the name " + std::string(name), [&]() -> std::optional<std::string> {
+    for (const auto& s : sheets_) {
+      if (!sameSheetName(s->Name(), sheet)) continue;
+      if (auto found = namedIn(Reference<css::beans::XPropertySet>(s->sheet(), UNO_QUERY), name)) return found;
+    }
+    if (sheetOnly) return std::nullopt;
+    return namedIn(Reference<css::beans::XPropertySet>(component_, UNO_QUERY), name);
+  });
+}
 
 void CalcWorkbook::activateSheet(CalcWorksheet& sheet) {
   if (find(sheet) == sheets_.end()) raise(err::kSubscriptOutOfRange);

@@ -16,6 +16,7 @@
 #include <com/sun/star/sheet/XSpreadsheetView.hpp>
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -47,6 +48,9 @@ class CalcWorkbook final : public Workbook {
   CalcWorksheet& Worksheets(std::int32_t index) override;
   CalcWorksheet& Worksheets(std::string_view name) override;
   void Activate() override;
+  // The document's named ranges (NamedRanges of the document, and of each sheet for its own).
+  std::optional<std::string> nameReference(std::string_view name, std::string_view sheet,
+                                           bool sheetOnly) const override;
 
   CalcWorksheet* activeSheet() { return active_; }
   void activateSheet(CalcWorksheet& sheet);

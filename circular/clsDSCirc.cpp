@@ -29,17 +29,20 @@ constexpr Procedures kProc{kClass, SourceRule::AppendAfterLine};
 
 using Switch = CircularStatistic;
 using ValueOf = CellValue (*)(clsDSCircBO&);
+using KeptOf = std::optional<KeptRuleEffect> (*)(clsDSCircBO&);
 
 struct LayoutRow {
   Switch on;
   std::string_view label;
   ValueOf value;
+  KeptOf kept = nullptr;  // where a kept rule can change the value: what it did
 };
 
 // The circular results table: order of the rows, their labels and their values. A label exists
 // here and nowhere else. The confidence row is the 95 % one whatever CL says.
 constexpr std::array<LayoutRow, 10> kLayout{{
-    {Switch::Mean, "Mean Angle", [](clsDSCircBO& b) { return CellValue(b.Mean()); }},
+    {Switch::Mean, "Mean Angle", [](clsDSCircBO& b) { return CellValue(b.Mean()); },
+     [](clsDSCircBO& b) { return b.MeanKeptRule(); }},
     {Switch::MeanVector, "Mean Vector", [](clsDSCircBO& b) { return CellValue(b.MeanVector()); }},
     {Switch::AngularSD, "Ang. S.D.", [](clsDSCircBO& b) { return CellValue(b.AngularSD()); }},
     {Switch::AngularVar, "Ang. Var.", [](clsDSCircBO& b) { return CellValue(b.AngularVar()); }},
@@ -107,22 +110,37 @@ void checkInput(const Range& input, bool headers) {
   });
 }
 
+// What the kept rules did to the column's selected rows, once their values are in.
+ColumnFindings keptRuleFindings(clsDSCircBO& bo, const std::vector<const LayoutRow*>& rows,
+                                const std::vector<CellValue>& values) {
+  ColumnFindings findings;
+  for (std::size_t k = 0; k < rows.size(); ++k) {
+    if (rows[k]->kept == nullptr) continue;
+    findings.observations = static_cast<std::int64_t>(bo.Count());
+    findings.add(rows[k]->kept(bo), std::string(rows[k]->label), values[k]);
+  }
+  return findings;
+}
+
 // Every data column's statistics by a fresh clsDSCircBO (on helper threads when the host's
 // functions allow it), taken into the table in column order; with `plot`, the columns' plot
 // data joined side by side. A failing column is recorded in `failure` by the label of the row it
-// failed in, or by the plot data's heading.
+// failed in, or by the plot data's heading. With the kept rules, `notes` receives what they
+// changed.
 ValueArray2D fillStatistics(StatisticsTable& table, const DataColumns& data,
-                            const std::vector<const LayoutRow*>& rows, bool plot,
-                            std::optional<ColumnFailure>& failure) {
+                            const std::vector<const LayoutRow*>& rows, bool plot, bool textbook,
+                            std::optional<ColumnFailure>& failure, std::vector<ArithmeticNote>& notes) {
   DistributionFunctions& functions = HostSession::Application().worksheetFunction();
   const auto compute = [&](ColumnValues column, const ColumnProgress& progress) {
     clsDSCircBO bo;
     bo.Functions(&functions);
+    bo.Textbook(textbook);
     giveData(bo, std::move(column));
     ColumnResults<ValueArray2D> results{
         rowValues(rows, progress, [&](const LayoutRow& row) { return row.value(bo); })};
     progress.step(rows.size());
     if (plot) results.extra = bo.PlotData();
+    if (!textbook) results.findings = keptRuleFindings(bo, rows, results.values);
     return results;
   };
   std::vector<ValueArray2D> plotParts;
@@ -133,7 +151,7 @@ ValueArray2D fillStatistics(StatisticsTable& table, const DataColumns& data,
     return std::string(k < rows.size() ? rows[k]->label : kPlotComment);
   };
   fillColumns<ValueArray2D>(table, data, functions.callableFromAnyThread(), compute, keep,
-                            stepLabel, failure);
+                            stepLabel, failure, notes);
   return plot ? ArrayTools::JoinAll(plotParts) : ValueArray2D();
 }
 
@@ -174,6 +192,7 @@ void clsDSCirc::GetCircularVar(bool v) { letSwitch("LetGetCircularVar", Switch::
 void clsDSCirc::GetRayleigh(bool v) { letSwitch("LetGetRayleigh", Switch::Rayleigh, v); }
 void clsDSCirc::GetCL(bool v) { letSwitch("LetGetCL", Switch::CL, v); }
 void clsDSCirc::Plot(bool v) { letFlag("LetPlot", plot_, v); }
+void clsDSCirc::Textbook(bool v) { letFlag("LetTextbook", textbook_, v); }
 
 void clsDSCirc::InputRange(const std::string& reference) {
   rangeSetterTrap(err::kCircularInput, [&] {
@@ -238,12 +257,13 @@ Range clsDSCirc::GetResults(Int16& columnCount, PlotDataRows& plotPositions) {
   return kProc("GetResults", [&] {
     const Int16 startRow = headers_ ? 2 : 1;
     columnCount = countColumns(*input_);
+    notes_.clear();
     const std::vector<const LayoutRow*> rows = selectedRows(kLayout, switches_, kDefaultSwitches);
 
     StatisticsTable table(Int16::from(rows.size()), columnCount);
     table.writeLabels(rows, [](const LayoutRow& row) { return std::string(row.label); });
-    const ValueArray2D plotData =
-        fillStatistics(table, DataColumns{*input_, startRow, headers_}, rows, plot_, failure_);
+    const ValueArray2D plotData = fillStatistics(table, DataColumns{*input_, startRow, headers_}, rows, plot_,
+                                                 textbook_, failure_, notes_);
 
     if (plot_) return FormatResults(table, &plotData, &plotPositions);
     return FormatResults(table);
@@ -255,7 +275,7 @@ Range clsDSCirc::FormatResults(const StatisticsTable& table, const ValueArray2D*
   return formatResultsTrap([&] {
     clsDSOutput writer;
     Int16 firstRow = 0;
-    writeStatisticsTable(writer, *input_, table, firstRow);
+    writeStatisticsTable(writer, *input_, table, firstRow, textbook_ ? std::string(kTextbookComment) : "");
     if (plotData != nullptr && plotPositions != nullptr) {
       writer.OutputComment(std::string(kPlotComment), 0, false);
       writer.OutputPlotData(table.names, *plotData, *plotPositions);

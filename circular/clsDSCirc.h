@@ -25,12 +25,14 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "descriptive/clsDSOutput.h"
 #include "frame/numerics.h"
 #include "frame/range.h"
 #include "frame/value_array.h"
 #include "support/column_failure.h"
+#include "support/kept_rules.h"
 #include "support/statistics_table.h"
 
 namespace orv {
@@ -62,6 +64,10 @@ class clsDSCirc {  // NOLINT(readability-identifier-naming): the component's own
   // Resolves the reference at once; an empty text means "a new sheet".
   void OutputRange(const std::string& reference);
   void CL(std::uint8_t v);
+  // Textbook arithmetic instead of the kept rules (default false; circular/clsDSCircBO.h); the
+  // results header then carries the comment line "Textbook arithmetic". A change drops the
+  // results block.
+  void Textbook(bool v);
   void Results(bool overWrite = false);
 
   // For the chart layer and for inspection: the sheet rows of the plot values in the last
@@ -80,6 +86,10 @@ class clsDSCirc {  // NOLINT(readability-identifier-naming): the component's own
   // itself is raised as it came; none when no column failed.
   const std::optional<ColumnFailure>& failure() const { return failure_; }
   const std::optional<ScatterSources>& scatterSources() const { return scatterSources_; }
+  // With the kept rules: where they changed a value of the last results from its textbook value,
+  // one note per column and rule (support/kept_rules.h). Never on the sheet; always empty with
+  // Textbook.
+  const std::vector<ArithmeticNote>& notes() const { return notes_; }
 
  private:
   void letSwitch(std::string_view procedure, CircularStatistic which, bool v);
@@ -94,6 +104,7 @@ class clsDSCirc {  // NOLINT(readability-identifier-naming): the component's own
   bool headers_ = false;
   Selection<CircularStatistic> switches_;  // the Get* options; an empty selection gets defaults
   bool plot_ = false;
+  bool textbook_ = false;
   std::uint8_t cl_ = 95;
 
   std::string inputText_;
@@ -102,6 +113,7 @@ class clsDSCirc {  // NOLINT(readability-identifier-naming): the component's own
   std::optional<Range> block_;
   std::optional<Range> pasted_;
   std::optional<ColumnFailure> failure_;
+  std::vector<ArithmeticNote> notes_;
   Int16 columnCount_ = 0;
   PlotDataRows plotPositions_;
   std::optional<ScatterSources> scatterSources_;

@@ -43,6 +43,13 @@ void clsDSCircBO::Functions(DistributionFunctions* service) {
   kProc("LetFunctions", [&] { functions_ = service; });
 }
 
+void clsDSCircBO::Textbook(bool v) {
+  kProc("LetTextbook", [&] {
+    textbook_ = v;
+    ResetFlags();
+  });
+}
+
 void clsDSCircBO::Data(ValueArray2D column) {
   kProc("LetData", [&] {
     data_ = std::move(column);
@@ -88,15 +95,21 @@ void clsDSCircBO::initialCalculations() {
     Real sumCos = 0.0;
     Real sumSin = 0.0;
     const Real p = pi();
-    // Observations are counted in 16 bits, like every loop over observations in the component.
-    forRows<Int16>(n_, [&](std::int64_t i) {
+    const auto observe = [&](std::int64_t i) {
       const Real theta = Real(toNumber(data_(i, 1))) * p / 180.0;
       const auto at = static_cast<std::size_t>(i - 1);
       cosines[at] = std::cos(theta.v);
       sines[at] = std::sin(theta.v);
       sumCos = sumCos + cosines[at];
       sumSin = sumSin + sines[at];
-    });
+    };
+    // Observations are counted in 16 bits, like every loop over observations in the component;
+    // textbook arithmetic counts in 64.
+    if (textbook_) {
+      for (std::int64_t i = 1; i <= n_; ++i) observe(i);
+    } else {
+      forRows<Int16>(n_, observe);
+    }
 
     // No observations: 0/0. Opposed directions (r = 0): C̄/r is 0/0 as well.
     const Real count = static_cast<double>(n_);
@@ -119,6 +132,7 @@ void clsDSCircBO::initialCalculations() {
 
 double clsDSCircBO::Mean() {
   return kProc("Mean", [&] {
+    if (textbook_) return textbookMean();
     ensureCalculated();
     const Real p = pi();
     // A C̄ of exactly 0 fails here, whatever the quadrant.
@@ -183,7 +197,39 @@ double clsDSCircBO::Rayleigh() {
 }
 
 double clsDSCircBO::RayleighP() {
-  return kProc("RayleighP", [&] { return RayleighProbability(Rayleigh(), toInt32(Count())); });
+  return kProc("RayleighP", [&] {
+    if (textbook_) return textbookRayleighP();
+    return RayleighProbability(Rayleigh(), toInt32(Count()));
+  });
+}
+
+// The direction of the mean vector on the whole circle, in degrees from 0 to under 360.
+double clsDSCircBO::textbookMean() {
+  ensureCalculated();
+  double degrees = (Real(std::atan2(meanSin_, meanCos_)) * 180.0 / pi()).v;
+  if (degrees < 0.0) degrees += 360.0;
+  return degrees >= 360.0 ? degrees - 360.0 : degrees;
+}
+
+// Zar's approximation of Rayleigh's probability, with n² - R² taken as (n - R)(n + R) so that a
+// concentrated sample keeps its digits.
+double clsDSCircBO::textbookRayleighP() {
+  ensureCalculated();
+  const Real n = static_cast<double>(n_);
+  const Real bigR = n * r_;
+  const Real root = math::sqrt(Real(1) + Real(4) * n + Real(4) * ((n - bigR) * (n + bigR)));
+  return math::exp(root - (Real(1) + Real(2) * n)).v;
+}
+
+std::optional<KeptRuleEffect> clsDSCircBO::MeanKeptRule() {
+  if (textbook_) return std::nullopt;
+  try {
+    ensureCalculated();
+    if (!(cosMean_ < 0.0 && sinMean_ < 0.0)) return std::nullopt;
+    return KeptRuleEffect{KeptRule::ReflectedMeanAngle, textbookMean(), std::nullopt};
+  } catch (const std::exception&) {
+    return std::nullopt;
+  }
 }
 
 ValueArray2D clsDSCircBO::PlotData() {

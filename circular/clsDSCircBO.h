@@ -19,6 +19,12 @@
 //     as Data is no array and fails the same way; more than 32767 observations overflow (6).
 // CL never raises: any failure, and fewer than 8 observations, give the text "n/a".
 //
+// Textbook (off by default) replaces the kept rules by textbook arithmetic: the observations are
+// counted in 64 bits, the mean direction is that of the mean vector on the whole circle (atan2,
+// 0 to 360, also where C̄ is 0), and RayleighP is Zar's approximation
+// exp(√(1 + 4n + 4(n² - R²)) - (1 + 2n)), R = n r. With the kept rules, MeanKeptRule says where
+// the mean direction was reflected and gives the true one.
+//
 // The chi-square quantile of CL comes from the service handed to Functions (the host's worksheet
 // functions); without one CL is "n/a". The object touches nothing else outside itself, so it may
 // run on any thread that its service allows (frame/distribution_functions.h).
@@ -29,6 +35,7 @@
 #include "frame/cell_value.h"
 #include "frame/distribution_functions.h"
 #include "frame/value_array.h"
+#include "support/kept_rules.h"
 
 namespace orv {
 
@@ -39,6 +46,9 @@ class clsDSCircBO {  // NOLINT(readability-identifier-naming): the component's o
   // The service that ChiInv is taken from; nullptr for none. Not owned: it must outlive every
   // request.
   void Functions(DistributionFunctions* service);
+
+  // Textbook arithmetic instead of the kept rules; clears every computed value.
+  void Textbook(bool v);
 
   // Stores the column as it is and clears every computed value.
   void Data(ValueArray2D column);
@@ -60,14 +70,22 @@ class clsDSCircBO {  // NOLINT(readability-identifier-naming): the component's o
   // Rows 1..n: the sine of each observation in column 1, its cosine in column 2.
   ValueArray2D PlotData();
 
+  // With the kept rules only: a mean direction in the third quadrant, which Mean reports reflected
+  // into the fourth, and its true direction; nothing otherwise (and always with Textbook). Never
+  // raises.
+  std::optional<KeptRuleEffect> MeanKeptRule();
+
   void ResetFlags();
 
  private:
+  double textbookMean();
+  double textbookRayleighP();
   void initialCalculations();
   void ensureCalculated();
   std::optional<double> confidenceLimit();
 
   DistributionFunctions* functions_ = nullptr;
+  bool textbook_ = false;
   ValueArray2D data_;
   bool isArray_ = false;
 

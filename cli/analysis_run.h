@@ -20,6 +20,7 @@
 #include "cli/error_messages.h"
 #include "frame/range.h"
 #include "support/column_failure.h"
+#include "support/kept_rules.h"
 
 namespace CLI {
 class App;
@@ -32,14 +33,16 @@ inline constexpr int kExitFailed = 1;
 inline constexpr int kExitUsage = 2;
 
 struct FileOptions {
-  std::filesystem::path input;
-  std::filesystem::path out;  // empty: nothing is written unless inPlace
+  std::filesystem::path input;  // "-" for standard input (cli/standard_input.h)
+  std::filesystem::path out;    // empty: nothing is written unless inPlace
   bool inPlace = false;
-  bool json = false;
+  bool json = false;            // records as one JSON document (cli/run_report.h)
+  bool csv = false;             // records as CSV lines (cli/records_output.h)
+  bool quiet = false;           // nothing on standard output; the workbook written is the result
   std::string host = "memory";  // or "calc" (cli/calc_run.h)
 };
 
-// Adds FILE, -o/--out, --in-place, --json and --host to a subcommand.
+// Adds FILE, -o/--out, --in-place, --json, --csv, --quiet and --host to a subcommand.
 void addFileOptions(CLI::App& command, FileOptions& files);
 // Adds --output and --overwrite; `what` says what lands there ("the table goes").
 void addOutputOptions(CLI::App& command, std::string& output, bool& overwrite, const std::string& what);
@@ -55,6 +58,9 @@ struct RunNotes {
   // A sentence about the failure that the command worked out from the input, said instead of
   // the general one for the error's number.
   std::optional<std::string> cause;
+  // The analysis's notes where a kept rule changed a value (support/kept_rules.h), for the
+  // records; their sentences are among the warnings.
+  std::vector<ArithmeticNote> arithmetic;
 };
 
 // A range the analysis reads data from, as the person gave it, with the flag that gave it.
@@ -68,13 +74,19 @@ struct AnalysisRequest {
   nlohmann::json options;   // the options as given, for the JSON report
   ErrorContext context;     // references, for error sentences
   std::vector<DataRange> ranges;  // looked over before the run (cli/input_checks.h)
-  bool headers = false;     // --headers: the first row (column, with --rows) holds names
-  bool rows = false;        // --rows: variables run along rows
+  bool headers = false;           // --headers: the first row (column, with --rows) holds names
+  bool rows = false;              // --rows: variables run along rows
+  // The flags given that draw charts ("--box-plot"): charts exist only in a written workbook.
+  std::vector<std::string> charts;
   // Sets up and runs the public analysis object; returns the block it pasted. Adds its own
   // warnings to `notes` and, when the analysis fails, the driver's failure record.
   std::function<Range(RunNotes& notes)> run;
 };
 
 int runAnalysis(const FileOptions& files, const AnalysisRequest& request);
+
+// A usage error found by a command in its own options: said as the run would say it (with
+// --json also as a JSON document); returns kExitUsage.
+int refuseUsage(const FileOptions& files, const std::string& sentence);
 
 }  // namespace orv::cli

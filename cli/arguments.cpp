@@ -129,7 +129,7 @@ std::string missingOption(const CLI::App& app, const CLI::App* command) {
   }
   for (const CLI::Option* option : command->get_options()) {
     if (!option->get_required() || option->count() > 0) continue;
-    if (option->get_positional()) {
+    if (option->get_positional() && option->get_name() == "FILE") {
       return command->get_name() + " needs the workbook FILE to read (.xlsx, .xlsm, .csv or .tsv)";
     }
     return command->get_name() + " needs " + option->get_name() + ": " + option->get_description();

@@ -5,16 +5,15 @@
 #include <string_view>
 #include <vector>
 
+#include "cli/display_width.h"
 #include "frame/conversions.h"
 
 namespace orv::cli {
 namespace {
 
-std::string shortNumber(double x) {
-  char buf[32];
-  std::snprintf(buf, sizeof buf, "%.6g", x);
-  return buf;
-}
+// A number as a General cell shows it: up to 15 significant digits, exponent form only for very
+// large and very small magnitudes (4500000.12, not 4.5e+06).
+std::string generalNumber(double x) { return numberToText(x); }
 
 // "0", "0.00": the number of decimals; -1 for any other format.
 int fixedDecimals(std::string_view format) {
@@ -31,7 +30,7 @@ std::string formattedNumber(double x, std::string_view format) {
   const std::size_t markEnd = format.find_first_not_of("<>=");
   const std::string_view mark = format.substr(0, std::min(markEnd, format.size()));
   const int decimals = fixedDecimals(format.substr(mark.size()));
-  if (decimals < 0) return std::string(mark) + shortNumber(x);
+  if (decimals < 0) return std::string(mark) + generalNumber(x);
   char buf[64];
   std::snprintf(buf, sizeof buf, "%.*f", decimals, x);
   return std::string(mark) + buf;
@@ -39,7 +38,7 @@ std::string formattedNumber(double x, std::string_view format) {
 
 std::string cellText(const CellValue& v, std::string_view format = {}) {
   if (!v.isNumber()) return toText(v);
-  return format.empty() ? shortNumber(v.number()) : formattedNumber(v.number(), format);
+  return format.empty() ? generalNumber(v.number()) : formattedNumber(v.number(), format);
 }
 
 // Heading lines ("Descriptive Statistics for:", "Input Range = ...") stand alone in column 1 of
@@ -67,7 +66,7 @@ std::string formatTable(const ValueArray2D& block, const std::vector<std::string
     if (isHeadingRow(block, r)) continue;
     for (std::int32_t c = 1; c <= cols; ++c) {
       auto& w = width[static_cast<std::size_t>(c - 1)];
-      w = std::max(w, shown(block(r, c), r, c).size());
+      w = std::max(w, displayWidth(shown(block(r, c), r, c)));
     }
   }
   // Trailing empty rows of the block are not printed.
@@ -89,11 +88,10 @@ std::string formatTable(const ValueArray2D& block, const std::vector<std::string
         const std::size_t w = width[static_cast<std::size_t>(c - 1)];
         if (w == 0) continue;
         const std::string text = shown(block(r, c), r, c);
-        const std::string pad(w - text.size(), ' ');
         if (c > 1) line += "  ";
         // Column 1 holds labels, but also numbers (frequency categories, plot values): those
         // stand right like every number.
-        line += c == 1 && !block(r, c).isNumber() ? text + pad : pad + text;
+        line += c == 1 && !block(r, c).isNumber() ? padRight(text, w) : padLeft(text, w);
       }
     }
     while (!line.empty() && line.back() == ' ') line.pop_back();
@@ -103,10 +101,10 @@ std::string formatTable(const ValueArray2D& block, const std::vector<std::string
   return out;
 }
 
-nlohmann::json blockToJson(const ValueArray2D& block) {
-  nlohmann::json rows = nlohmann::json::array();
+nlohmann::ordered_json blockToJson(const ValueArray2D& block) {
+  nlohmann::ordered_json rows = nlohmann::ordered_json::array();
   for (std::int32_t r = 1; r <= block.rows(); ++r) {
-    nlohmann::json row = nlohmann::json::array();
+    nlohmann::ordered_json row = nlohmann::ordered_json::array();
     for (std::int32_t c = 1; c <= block.columns(); ++c) {
       const CellValue& v = block(r, c);
       switch (v.kind()) {

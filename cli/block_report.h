@@ -10,8 +10,10 @@
 
 namespace orv::cli {
 
-// Labels left, numbers right with up to 6 significant digits, texts ("-", the mode) right in
-// value columns; columns separated by two blanks; trailing blanks trimmed.
+// Labels left, numbers right as a General cell shows them (up to 15 significant digits, no
+// exponent for ordinary magnitudes), texts ("-", the mode) right in value columns; columns
+// separated by two blanks and aligned by display width (cli/display_width.h); trailing blanks
+// trimmed.
 //
 // With `numberFormats` (row by row, one per cell of the block) a number is shown as its format
 // says where the format is one the analyses write: "0" and "0.00" (fixed decimals), and a leading
@@ -22,6 +24,6 @@ std::string formatTable(const ValueArray2D& block,
 
 // Row by row; empty cells null, numbers at full precision, Booleans as JSON Booleans, error
 // values as their text.
-nlohmann::json blockToJson(const ValueArray2D& block);
+nlohmann::ordered_json blockToJson(const ValueArray2D& block);
 
 }  // namespace orv::cli

@@ -7,7 +7,9 @@
 #include <optional>
 
 #include "calc/calc_session.h"
+#include "cli/arguments.h"
 #include "cli/file_checks.h"
+#include "cli/help_model.h"
 #include "cli/input_checks.h"
 #include "cli/interrupts.h"
 #include "cli/progress.h"
@@ -39,9 +41,8 @@ std::optional<char> textDelimiter(const std::filesystem::path& file) {
 }
 
 // The checks that need no office, as the default host makes them, for what the office reads and
-// writes. A failure is said here; 0 means go on.
-int checkFiles(const FileOptions& files, const std::optional<char>& delimiter) {
-  if (!files.out.empty() && files.inPlace) return usage("give either -o/--out or --in-place, not both");
+// writes.
+std::optional<Failure> checkFiles(const FileOptions& files, const std::optional<char>& delimiter) {
   if (files.inPlace && delimiter) {
     return usage("results cannot be written into a text file; use -o OUT.xlsx instead of --in-place");
   }
@@ -57,7 +58,7 @@ int checkFiles(const FileOptions& files, const std::optional<char>& delimiter) {
   if (!target.empty()) {
     if (const auto why = refusalToWrite(target)) return failed("cannot write " + quotedPath(target) + ": " + *why);
   }
-  return kExitOk;
+  return std::nullopt;
 }
 
 // Runs the analysis on an office of its own; every failure leaves as an exception.
@@ -71,11 +72,12 @@ int runOnOffice(const FileOptions& files, const AnalysisRequest& request, std::o
 
   AttachedHost attached(session->application());
   inspectInputs(session->application(), nullptr, request, notes.warnings);
+  const RecordSource source = recordSource(request);
   progress.step("Analysing " + request.context.input + " ...");
   const Range pasted = request.run(notes);
   session->finishCall();
-  const ValueArray2D block = pasted.Values();
-  const std::vector<std::string> formats = numberFormatsOf(pasted);
+  PastedBlock block = readPasted(pasted, source);
+  addArithmeticNotes(block.records, notes.arithmetic);
   const std::filesystem::path target = files.inPlace ? files.input : files.out;
   if (!target.empty()) {
     progress.step("Writing " + target.string() + " ...");
@@ -84,22 +86,26 @@ int runOnOffice(const FileOptions& files, const AnalysisRequest& request, std::o
                         [&](const std::filesystem::path& temporary) { session->save(book, temporary, format); });
   }
   progress.clear();
-  report(files, request, pasted, block, formats, notes.warnings, target);
+  printReport(files, request, block, notes.warnings, target);
   return kExitOk;
 }
 
 }  // namespace
 
 void addHostOption(CLI::App& command, std::string& host) {
-  command
-      .add_option("--host", host,
-                  "where the analysis runs: memory (default; the built-in workbook model) or calc (a headless "
-                  "LibreOffice Calc started for this run; reads .ods too and writes .xlsx or .ods)")
-      ->check(CLI::IsMember({"memory", kCalcHost}));
+  const std::vector<std::string> hosts = {"memory", kCalcHost};
+  setChoices(command
+                 .add_option("--host", host,
+                             "where the analysis runs: memory (default; the built-in workbook model) or calc (a "
+                             "headless LibreOffice Calc started for this run; reads .ods too and writes .xlsx or .ods)")
+                 ->type_name("HOST")
+                 ->group(kInputGroup)
+                 ->check(oneOf("--host", hosts)),
+             hosts);
 }
 
 int runAnalysisInCalc(const FileOptions& files, const AnalysisRequest& request) {
-  if (const int refused = checkFiles(files, textDelimiter(files.input)); refused != kExitOk) return refused;
+  if (const auto refused = checkFiles(files, textDelimiter(files.input))) return reportFailure(files, *refused);
   // An interrupt stops the office by its process id before the command ends.
   atInterrupt(&calc::OfficeProcess::stopAll);
 
@@ -112,21 +118,21 @@ int runAnalysisInCalc(const FileOptions& files, const AnalysisRequest& request) 
     return "LibreOffice (process " + std::to_string(session->officePid()) +
            ") stopped during the run; nothing was written (" + what + ")";
   };
+  const auto fail = [&](const Failure& failure) {
+    progress.clear();
+    return reportFailure(files, failure, notes.warnings);
+  };
   try {
     return runOnOffice(files, request, session, notes, progress);
   } catch (const InputRefused& e) {
-    progress.clear();
-    printWarnings(notes.warnings);
-    return failed(e.what());
+    return fail(failed(e.what()));
   } catch (const ComponentError& e) {
-    progress.clear();
-    printWarnings(notes.warnings);
-    if (officeStopped()) return failed(stoppedMessage(e.description()));
-    return failed(messageFor(e, request.context, notes.failure, notes.cause));
+    if (officeStopped()) return fail(failed(stoppedMessage(e.description())));
+    return fail(
+        Failure{kExitFailed, sentenceFor(e, request.context, notes.failure, notes.cause), e.number(), e.source()});
   } catch (const OfficeError& e) {
-    progress.clear();
-    if (officeStopped()) return failed(stoppedMessage(e.what()));
-    return failed(e.what());
+    if (officeStopped()) return fail(failed(stoppedMessage(e.what())));
+    return fail(failed(e.what()));
   }
 }
 

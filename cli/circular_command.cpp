@@ -10,8 +10,11 @@
 
 #include "circular/clsDSCirc.h"
 #include "cli/analysis_run.h"
+#include "cli/arithmetic_notes.h"
 #include "cli/column_messages.h"
+#include "cli/help_model.h"
 #include "cli/input_checks.h"
+#include "cli/reference_text.h"
 #include "cli/used_cells.h"
 #include "frame/errors.h"
 #include "frame/host.h"
@@ -52,6 +55,7 @@ struct CircularOptions {
   bool overwrite = false;
   bool all = false;
   bool plot = false;
+  bool textbook = false;
   std::vector<int> chosen = std::vector<int>(kFlags.size(), 0);  // times each flag was given
 };
 
@@ -95,6 +99,7 @@ nlohmann::json optionsJson(const CircularOptions& o) {
   }
   j["statistics"] = stats;
   j["plot"] = o.plot;
+  if (o.textbook) j["textbook"] = true;
   return j;
 }
 
@@ -105,6 +110,7 @@ int run(const CircularOptions& o) {
   request.context = ErrorContext{o.input, o.output, request.analysis};
   request.ranges = {{"--input", o.input}};
   request.headers = o.headers;
+  if (o.plot) request.charts.push_back("--plot");
   request.run = [&o](RunNotes& notes) {
     Application& app = HostSession::Application();
     const std::string input = usedCells(app, o.input);
@@ -115,6 +121,7 @@ int run(const CircularOptions& o) {
       if (o.all || o.chosen[i]) (circ.*kFlags[i].set)(true);
     }
     circ.Plot(o.plot);
+    circ.Textbook(o.textbook);
     circ.InputRange(input);
     circ.OutputRange(o.output);
     try {
@@ -124,6 +131,8 @@ int run(const CircularOptions& o) {
       if (e.number() == err::kCircularInput) notes.cause = angleOutsideSentence(app, input);
       throw;
     }
+    addNoteWarnings(circ.notes(), notes.warnings);
+    notes.arithmetic = circ.notes();
     return *circ.pastedBlock();
   };
   return runAnalysis(o.files, request);
@@ -145,18 +154,26 @@ Examples:
   orvella circular headings.xlsx -i "Pigeons!A:A" --headers --all --json)");
   addFileOptions(*cmd, o.files);
   cmd->add_option("-i,--input", o.input,
-                  "range of angles, e.g. \"Data!A1:B20\" or \"A1:A10,C1:C10\" (whole columns such "
-                  "as A:B stop at the last used row)")
-      ->required();
+                  "range of angles, e.g. \"Data!A1:B20\", \"A1:A10,C1:C10\" or a name the workbook defines "
+                  "(whole columns such as A:B stop at the last used row)")
+      ->required()
+      ->type_name("REF")
+      ->group(kInputGroup)
+      ->transform(referenceText("--input"));
+  cmd->add_flag("--headers", o.headers, "the first row of every column holds its name")->group(kInputGroup);
   addOutputOptions(*cmd, o.output, o.overwrite, "the table goes");
-  cmd->add_flag("--headers", o.headers, "the first row of every column holds its name");
-  cmd->add_flag("--all", o.all, "every statistic, Rayleigh's test included");
+  cmd->add_flag("--all", o.all, "every statistic, Rayleigh's test included")->group(kStatisticsGroup);
+  cmd->add_flag("--textbook", o.textbook,
+                "textbook arithmetic: whole sheet columns, the mean angle on the whole circle (atan2), "
+                "Rayleigh's probability after Zar (see README)")
+      ->group(kStatisticsGroup);
   for (std::size_t i = 0; i < kFlags.size(); ++i) {
-    cmd->add_flag(kFlags[i].name, o.chosen[i], kFlags[i].help);
+    cmd->add_flag(kFlags[i].name, o.chosen[i], kFlags[i].help)->group(kStatisticsGroup);
   }
   cmd->add_flag("--plot", o.plot,
                 "add the sine and cosine of every angle below the table (\"Data for Plots\") and "
-                "draw one circular scatter chart per column beside it");
+                "draw one circular scatter chart per column beside it")
+      ->group(kChartsGroup);
   cmd->callback([options, &exitCode] { exitCode = run(*options); });
 }
 

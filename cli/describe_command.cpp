@@ -8,6 +8,9 @@
 
 #include "cli/analysis_run.h"
 #include "cli/arguments.h"
+#include "cli/arithmetic_notes.h"
+#include "cli/help_model.h"
+#include "cli/reference_text.h"
 #include "cli/used_cells.h"
 #include "descriptive/clsDS.h"
 #include "frame/errors.h"
@@ -45,6 +48,9 @@ const std::vector<std::string> kErrorBars = {
     "Standard Error", "Standard Deviation", "Variance", "Range", "Interpercentile Range",
     "Confidence Limits"};
 
+constexpr const char* kInputHelp =
+    "range to analyse, e.g. \"Data!A1:C20\", \"A1:A10,C1:C10\" or a name the workbook defines";
+
 struct DescribeOptions {
   FileOptions files;
   std::string input;
@@ -52,6 +58,7 @@ struct DescribeOptions {
   bool headers = false;
   bool overwrite = false;
   bool all = false;
+  bool textbook = false;
   std::vector<int> chosen = std::vector<int>(kFlags.size(), 0);  // times each flag was given
   int cl = 95;
   int percentile = 25;
@@ -93,6 +100,7 @@ nlohmann::json optionsJson(const DescribeOptions& o) {
                                                 {"centre", o.errorCentre},
                                                 {"bars", o.errorBars}}
                                : nlohmann::json(nullptr);
+  if (o.textbook) j["textbook"] = true;
   return j;
 }
 
@@ -103,6 +111,8 @@ int run(const DescribeOptions& o) {
   request.context = ErrorContext{o.input, o.output, request.analysis};
   request.ranges = {{"--input", o.input}};
   request.headers = o.headers;
+  if (o.boxPlot) request.charts.push_back("--box-plot");
+  if (o.errorPlot) request.charts.push_back("--error-plot");
   request.run = [&o](RunNotes& notes) {
     clsDS ds;
     ds.Headers(o.headers);
@@ -125,6 +135,7 @@ int run(const DescribeOptions& o) {
     ds.ErrorYTitle(o.errorYTitle);
     ds.ErrorCentre(o.errorCentre);
     ds.ErrorError(o.errorBars);
+    ds.Textbook(o.textbook);
     ds.InputRange(usedCells(HostSession::Application(), o.input));
     ds.OutputRange(o.output);
     try {
@@ -133,6 +144,8 @@ int run(const DescribeOptions& o) {
       notes.failure = ds.failure();
       throw;
     }
+    addNoteWarnings(ds.notes(), notes.warnings);
+    notes.arithmetic = ds.notes();
     return *ds.pastedBlock();
   };
   return runAnalysis(o.files, request);
@@ -155,41 +168,68 @@ Examples:
 
 Charts stand beside the table in the written workbook, the error plot below the box plot.)");
   addFileOptions(*cmd, o.files);
-  cmd->add_option("-i,--input", o.input, "range to analyse, e.g. \"Data!A1:C20\" or \"A1:A10,C1:C10\"")
-      ->required();
+  cmd->add_option("-i,--input", o.input, kInputHelp)
+      ->required()
+      ->type_name("REF")
+      ->group(kInputGroup)
+      ->transform(referenceText("--input"));
+  cmd->add_flag("--headers", o.headers, "the first row of every column holds its name")->group(kInputGroup);
   addOutputOptions(*cmd, o.output, o.overwrite, "the table goes");
-  cmd->add_flag("--headers", o.headers, "the first row of every column holds its name");
-  cmd->add_flag("--all", o.all, "every statistic except the k-th largest and smallest");
+  cmd->add_flag("--all", o.all, "every statistic except the k-th largest and smallest")->group(kStatisticsGroup);
+  cmd->add_flag("--textbook", o.textbook,
+                "textbook arithmetic: whole sheet columns, moments from deviations, kurtosis test of the signed "
+                "statistic, percentiles as R's quantile type 6 (see README)")
+      ->group(kStatisticsGroup);
   for (std::size_t i = 0; i < kFlags.size(); ++i) {
-    cmd->add_flag(kFlags[i].name, o.chosen[i], kFlags[i].help);
+    cmd->add_flag(kFlags[i].name, o.chosen[i], kFlags[i].help)->group(kStatisticsGroup);
   }
   o.clOption = cmd->add_option("--cl", o.cl, "confidence limits of the mean at LEVEL percent (default 95)")
                    ->expected(0, 1)
                    ->default_str("95")
+                   ->type_name("LEVEL")
+                   ->group(kStatisticsGroup)
                    ->check(wholeNumberFrom("--cl", "a confidence level in whole percent", 1, 99));
-  o.percentileOption =
-      cmd->add_option("--percentiles", o.percentile,
-                      "the P-th and (100-P)-th percentiles (default 25, giving quartiles)")
-          ->expected(0, 1)
-          ->default_str("25")
-          ->check(wholeNumberFrom("--percentiles", "a whole percent", 1, 99));
+  o.percentileOption = cmd->add_option("--percentiles", o.percentile,
+                                       "the P-th and (100-P)-th percentiles (default 25, giving quartiles)")
+                           ->expected(0, 1)
+                           ->default_str("25")
+                           ->type_name("P")
+                           ->group(kStatisticsGroup)
+                           ->check(wholeNumberFrom("--percentiles", "a whole percent", 1, 99));
   o.largestOption = cmd->add_option("--largest", o.largest, "the K-th largest value")
+                        ->type_name("K")
+                        ->group(kStatisticsGroup)
                         ->check(wholeNumberFrom("--largest", "a whole number", 1));
   o.smallestOption = cmd->add_option("--smallest", o.smallest, "the K-th smallest value")
+                         ->type_name("K")
+                         ->group(kStatisticsGroup)
                          ->check(wholeNumberFrom("--smallest", "a whole number", 1));
   cmd->add_flag("--box-plot", o.boxPlot,
-                "draw a box-and-whisker chart (median, percentiles, minimum, maximum) beside the table");
-  cmd->add_option("--box-title", o.boxTitle, "title of the box plot");
-  cmd->add_option("--box-y-title", o.boxYTitle, "title of the box plot's value axis");
-  cmd->add_flag("--error-plot", o.errorPlot, "draw each column's centre with error bars beside the table");
-  cmd->add_option("--error-title", o.errorTitle, "title of the error plot");
-  cmd->add_option("--error-y-title", o.errorYTitle, "title of the error plot's value axis");
-  cmd->add_option("--error-centre", o.errorCentre, "the plotted centre: Mean or Median (default Mean)")
-      ->check(oneOf("--error-centre", {"Mean", "Median"}));
-  cmd->add_option("--error-bars", o.errorBars,
-                  "what the bars show: \"Standard Error\" (default), \"Standard Deviation\", "
-                  "Variance, Range, \"Interpercentile Range\" or \"Confidence Limits\"")
-      ->check(oneOf("--error-bars", kErrorBars));
+                "draw a box-and-whisker chart (median, percentiles, minimum, maximum) beside the table")
+      ->group(kChartsGroup);
+  cmd->add_option("--box-title", o.boxTitle, "title of the box plot")->type_name("TEXT")->group(kChartsGroup);
+  cmd->add_option("--box-y-title", o.boxYTitle, "title of the box plot's value axis")
+      ->type_name("TEXT")
+      ->group(kChartsGroup);
+  cmd->add_flag("--error-plot", o.errorPlot, "draw each column's centre with error bars beside the table")
+      ->group(kChartsGroup);
+  cmd->add_option("--error-title", o.errorTitle, "title of the error plot")->type_name("TEXT")->group(kChartsGroup);
+  cmd->add_option("--error-y-title", o.errorYTitle, "title of the error plot's value axis")
+      ->type_name("TEXT")
+      ->group(kChartsGroup);
+  const std::vector<std::string> centres = {"Mean", "Median"};
+  setChoices(cmd->add_option("--error-centre", o.errorCentre, "the plotted centre: Mean or Median (default Mean)")
+                 ->type_name("CENTRE")
+                 ->group(kChartsGroup)
+                 ->check(oneOf("--error-centre", centres)),
+             centres);
+  setChoices(cmd->add_option("--error-bars", o.errorBars,
+                             "what the bars show: \"Standard Error\" (default), \"Standard Deviation\", "
+                             "Variance, Range, \"Interpercentile Range\" or \"Confidence Limits\"")
+                 ->type_name("KIND")
+                 ->group(kChartsGroup)
+                 ->check(oneOf("--error-bars", kErrorBars)),
+             kErrorBars);
   cmd->callback([options, &exitCode] { exitCode = run(*options); });
 }
 

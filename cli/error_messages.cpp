@@ -99,8 +99,8 @@ std::string fill(std::string_view text, const ErrorContext& c) {
 
 }  // namespace
 
-std::string messageFor(const ComponentError& e, const ErrorContext& context,
-                       const std::optional<ColumnFailure>& failure, const std::optional<std::string>& cause) {
+std::string sentenceFor(const ComponentError& e, const ErrorContext& context,
+                        const std::optional<ColumnFailure>& failure, const std::optional<std::string>& cause) {
   std::string sentence;
   if (cause) {
     sentence = *cause;
@@ -118,7 +118,12 @@ std::string messageFor(const ComponentError& e, const ErrorContext& context,
     break;
   }
   if (sentence.empty()) sentence = e.description();
-  return fmt::format("{} [error {}, {}]", sentence, e.number(), e.source());
+  return sentence;
+}
+
+std::string messageFor(const ComponentError& e, const ErrorContext& context,
+                       const std::optional<ColumnFailure>& failure, const std::optional<std::string>& cause) {
+  return fmt::format("{} [error {}, {}]", sentenceFor(e, context, failure, cause), e.number(), e.source());
 }
 
 }  // namespace orv::cli

@@ -24,4 +24,9 @@ std::string messageFor(const ComponentError& e, const ErrorContext& context,
                        const std::optional<ColumnFailure>& failure = std::nullopt,
                        const std::optional<std::string>& cause = std::nullopt);
 
+// The sentence alone, without the number and source (the JSON failure report keeps them apart).
+std::string sentenceFor(const ComponentError& e, const ErrorContext& context,
+                        const std::optional<ColumnFailure>& failure = std::nullopt,
+                        const std::optional<std::string>& cause = std::nullopt);
+
 }  // namespace orv::cli

@@ -4,10 +4,13 @@
 #include <fmt/format.h>
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "cli/analysis_run.h"
+#include "cli/help_model.h"
+#include "cli/reference_text.h"
 #include "cli/used_cells.h"
 #include "frame/conversions.h"
 #include "frame/errors.h"
@@ -31,6 +34,7 @@ struct FrequencyOptions {
   bool raw = false;
   bool rows = false;
   bool startPoints = false;
+  bool textbook = false;
   HistogramOptions histogram;
 };
 
@@ -55,16 +59,18 @@ nlohmann::json optionsJson(const FrequencyOptions& o) {
                                                      {"xTitle", o.histogram.xTitle},
                                                      {"yTitle", o.histogram.yTitle}}
                                     : nlohmann::json(nullptr);
+  if (o.textbook) j["textbook"] = true;
   return j;
 }
 
 // Binned counting takes an empty data cell for the value 0, which silently moves counts into
 // the bin holding 0. The analysis keeps that rule; the command says when it happened: one line
 // per counted variable with empty cells, naming it as the table does.
-std::vector<std::string> emptyCellWarnings(const FrequencyOptions& o, const std::string& input) {
-  const bool binned = !o.nominal && (!o.bins.empty() || o.histogram.plot);
-  if (!binned || input.empty()) return {};
-  const Range data = HostSession::Application().ResolveRange(input);
+std::vector<std::string> emptyCellWarnings(const FrequencyOptions& o, const std::optional<Range>& input) {
+  // Textbook arithmetic counts no empty cell.
+  const bool binned = !o.nominal && !o.textbook && (!o.bins.empty() || o.histogram.plot);
+  if (!binned || !input) return {};
+  const Range& data = *input;
   const std::int32_t first = o.headers ? 2 : 1;
   std::vector<std::string> warnings;
   for (const CellBlock& area : data.areas()) {
@@ -99,6 +105,11 @@ std::vector<std::string> emptyCellWarnings(const FrequencyOptions& o, const std:
 }
 
 int run(const FrequencyOptions& o) {
+  if (o.nominal && !o.bins.empty()) {
+    return refuseUsage(o.files,
+                       "--nominal counts items, which have no bins; leave out --bins, or --nominal to count numbers in "
+                       "bins");
+  }
   AnalysisRequest request;
   request.analysis = "frequency";
   request.options = optionsJson(o);
@@ -106,6 +117,7 @@ int run(const FrequencyOptions& o) {
   request.ranges = {{"--input", o.input}, {"--frequencies", o.frequencies}, {"--bins", o.bins}};
   request.headers = o.headers;
   request.rows = o.rows;
+  if (o.histogram.plot) request.charts.push_back("--histogram");
   request.run = [&o](RunNotes& notes) {
     Application& app = HostSession::Application();
     const std::string input = usedCells(app, o.input);
@@ -121,7 +133,12 @@ int run(const FrequencyOptions& o) {
     freq.CategoryStartPoint(o.startPoints);
     freq.ShowRawData(o.raw);
     freq.DataInRows(o.rows);
+    freq.Textbook(o.textbook);
     freq.InputRange(input);
+    // Resolved before the run: an unqualified reference reads the sheet active now, which the
+    // results sheet replaces.
+    std::optional<Range> data;
+    if (!input.empty()) data = app.ResolveRange(input);
     freq.FrequencyRange(usedCells(app, o.frequencies));
     freq.BinRange(usedCells(app, o.bins));
     freq.OutputRange(o.output);
@@ -131,7 +148,7 @@ int run(const FrequencyOptions& o) {
       notes.failure = freq.failure();
       throw;
     }
-    for (std::string& w : emptyCellWarnings(o, input)) notes.warnings.push_back(std::move(w));
+    for (std::string& w : emptyCellWarnings(o, data)) notes.warnings.push_back(std::move(w));
     return *freq.pastedBlock();
   };
   return runAnalysis(o.files, request);
@@ -153,28 +170,50 @@ Examples:
   orvella frequency counts.csv --bins "A2:A6" --frequencies "B2:B6" --json)");
   addFileOptions(*cmd, o.files);
   cmd->add_option("-i,--input", o.input,
-                  "data to count, one variable per column (per row with --rows), e.g. "
-                  "\"Data!A1:A40\" (whole columns such as A:A stop at the last used row)");
+                  "data to count, one variable per column (per row with --rows), e.g. \"Data!A1:A40\" or a "
+                  "name the workbook defines (whole columns such as A:A stop at the last used row)")
+      ->type_name("REF")
+      ->group(kInputGroup)
+      ->transform(referenceText("--input"));
   cmd->add_option("--frequencies", o.frequencies,
                   "how often each data cell counts (weights), or with --bins and no --input the "
-                  "counts of each bin");
-  cmd->add_option("--bins", o.bins, "one variable of rising bin values, each the lower edge of its bin");
+                  "counts of each bin")
+      ->type_name("REF")
+      ->group(kInputGroup)
+      ->transform(referenceText("--frequencies"));
+  cmd->add_option("--bins", o.bins,
+                  "the cells of one variable of rising bin values, each the lower edge of its bin, e.g. "
+                  "\"Data!C1:C6\"")
+      ->type_name("REF")
+      ->group(kInputGroup)
+      ->transform(referenceText("--bins"));
+  cmd->add_flag("--headers", o.headers, "the first cell of every variable holds its name")->group(kInputGroup);
+  cmd->add_flag("--rows", o.rows, "variables run along rows instead of down columns")->group(kInputGroup);
   addOutputOptions(*cmd, o.output, o.overwrite, "the tables go");
-  cmd->add_flag("--headers", o.headers, "the first cell of every variable holds its name");
-  cmd->add_flag("--nominal", o.nominal,
-                "count items (texts, labels) in order of first appearance instead of numbers");
-  cmd->add_flag("--raw", o.raw, "also count every distinct value when bins are used");
-  cmd->add_flag("--rows", o.rows, "variables run along rows instead of down columns");
-  cmd->add_flag("--start-points", o.startPoints,
-                "label the histogram's categories by their start values instead of \"from - to\"");
+  cmd->add_flag("--nominal", o.nominal, "count items (texts, labels) in order of first appearance instead of numbers")
+      ->group(kStatisticsGroup);
+  cmd->add_flag("--raw", o.raw, "also count every distinct value when bins are used")->group(kStatisticsGroup);
+  cmd->add_flag("--textbook", o.textbook,
+                "textbook arithmetic: whole sheet columns, and empty cells counted nowhere in binned "
+                "tables either (see README)")
+      ->group(kStatisticsGroup);
   cmd->add_flag("--histogram", o.histogram.plot,
-                "draw a histogram of the counts beside the tables (bins are proposed when none are given)");
+                "draw a histogram of the counts beside the tables (bins are proposed when none are given)")
+      ->group(kChartsGroup);
   cmd->add_flag("--normal,!--no-normal", o.histogram.normal,
-                "draw the normal curve over the histogram (default on)");
-  cmd->add_flag("--cumulative", o.histogram.cumulative, "draw the cumulative percentage too");
-  cmd->add_option("--title", o.histogram.title, "title of the histogram");
-  cmd->add_option("--x-title", o.histogram.xTitle, "title of the histogram's category axis");
-  cmd->add_option("--y-title", o.histogram.yTitle, "title of the histogram's count axis");
+                "draw the normal curve over the histogram (default on; --no-normal leaves it out)")
+      ->group(kChartsGroup);
+  cmd->add_flag("--cumulative", o.histogram.cumulative, "draw the cumulative percentage too")->group(kChartsGroup);
+  cmd->add_flag("--start-points", o.startPoints,
+                "label the histogram's categories by their start values instead of \"from - to\"")
+      ->group(kChartsGroup);
+  cmd->add_option("--title", o.histogram.title, "title of the histogram")->type_name("TEXT")->group(kChartsGroup);
+  cmd->add_option("--x-title", o.histogram.xTitle, "title of the histogram's category axis")
+      ->type_name("TEXT")
+      ->group(kChartsGroup);
+  cmd->add_option("--y-title", o.histogram.yTitle, "title of the histogram's count axis")
+      ->type_name("TEXT")
+      ->group(kChartsGroup);
   cmd->callback([options, &exitCode] { exitCode = run(*options); });
 }
 

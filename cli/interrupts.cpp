@@ -10,6 +10,7 @@
 #include <thread>
 #include <vector>
 
+#include "cli/standard_input.h"
 #include "xlsx/package_atomic_write.h"
 
 namespace orv::cli {
@@ -47,6 +48,7 @@ std::vector<void (*)()>& actions() {
     for (void (*action)() : actions()) action();
   }
   removeTemporaryFiles();
+  removeStandardInputCopies();
   constexpr std::string_view kSaid = "orvella: interrupted\n";
   if (::write(STDERR_FILENO, kSaid.data(), kSaid.size()) < 0) {
     // Nothing more can be said; the exit status still tells.

@@ -2,15 +2,9 @@
 
 #include <CLI/CLI.hpp>
 
-#include <iostream>
-
 #include "cli/analysis_run.h"
-#include "cli/arguments.h"
-#include "cli/circular_command.h"
-#include "cli/describe_command.h"
-#include "cli/frequency_command.h"
+#include "cli/command_line.h"
 #include "cli/interrupts.h"
-#include "cli/sheets_command.h"
 
 #ifndef ORVELLA_VERSION
 #define ORVELLA_VERSION "0.0.0"
@@ -18,36 +12,8 @@
 
 int main(int argc, char** argv) {
   orv::cli::installInterruptHandling();
-  CLI::App app{"Orvella: descriptive statistics, circular statistics and frequency distributions\n"
-               "for spreadsheet data.\n"
-               "Reads a workbook, writes a labelled results table into it, and prints the table."};
-  app.set_version_flag("--version", "orvella " ORVELLA_VERSION);
-  app.require_subcommand(1);
-  app.footer(R"(Examples:
-  orvella sheets plants.xlsx
-  orvella describe plants.xlsx --input "Heights!A1:C13" --headers --all
-  orvella describe plants.xlsx --input "Heights!A1:C13" --headers --mean --sd -o results.xlsx
-  orvella circular headings.xlsx --input "Pigeons!A1:B16" --headers --rayleigh
-  orvella frequency survey.xlsx --input "Survey!B1:B31" --headers --nominal
-
-Run "orvella COMMAND --help" for the options of a command.)");
-
+  CLI::App app;
   int exitCode = orv::cli::kExitOk;
-  orv::cli::addDescribeCommand(app, exitCode);
-  orv::cli::addCircularCommand(app, exitCode);
-  orv::cli::addFrequencyCommand(app, exitCode);
-  orv::cli::addSheetsCommand(app, exitCode);
-
-  try {
-    app.parse(argc, argv);
-  } catch (const orv::cli::UsageError& e) {
-    std::cerr << "orvella: " << e.what() << "\n";
-    return orv::cli::kExitUsage;
-  } catch (const CLI::ParseError& e) {
-    // Help and version are successes; every other parse failure is wrong usage.
-    if (e.get_exit_code() == 0) return app.exit(e);
-    std::cerr << "orvella: " << orv::cli::usageLine(e, app) << "\n";
-    return orv::cli::kExitUsage;
-  }
-  return exitCode;
+  orv::cli::buildCommandLine(app, exitCode, ORVELLA_VERSION);
+  return orv::cli::runCommandLine(app, exitCode, argc, argv);
 }

@@ -46,6 +46,7 @@ struct Options {
 };
 
 using ValueOf = CellValue (*)(clsDSBO&, const Options&);
+using KeptOf = std::optional<KeptRuleEffect> (*)(clsDSBO&, const Options&);
 
 struct LayoutRow {
   Want on;
@@ -53,6 +54,7 @@ struct LayoutRow {
   std::string_view label;  // the label itself for Label::Fixed
   ValueOf value;
   Slot slot;
+  KeptOf kept = nullptr;  // where a kept rule can change the value: what it did
 };
 
 // The descriptive results table: order of the rows, their labels, their values, and which rows
@@ -67,8 +69,10 @@ constexpr std::array<LayoutRow, 22> kLayout{{
     {Want::CV, Label::Fixed, "Coeff. Var.", [](clsDSBO& b, const Options&) { return CellValue(b.CV()); }, Slot::None},
     {Want::CL, Label::LowerCL, "", [](clsDSBO& b, const Options& o) { return CellValue(b.LCL(o.cl)); }, Slot::LowerLimit},
     {Want::CL, Label::UpperCL, "", [](clsDSBO& b, const Options& o) { return CellValue(b.UCL(o.cl)); }, Slot::UpperLimit},
-    {Want::Percentile, Label::LowerPercentile, "", [](clsDSBO& b, const Options& o) { return CellValue(b.LP(o.percentile)); }, Slot::LowerPercentile},
-    {Want::Percentile, Label::UpperPercentile, "", [](clsDSBO& b, const Options& o) { return CellValue(b.UP(o.percentile)); }, Slot::UpperPercentile},
+    {Want::Percentile, Label::LowerPercentile, "", [](clsDSBO& b, const Options& o) { return CellValue(b.LP(o.percentile)); }, Slot::LowerPercentile,
+     [](clsDSBO& b, const Options& o) { return b.LPKeptRule(o.percentile); }},
+    {Want::Percentile, Label::UpperPercentile, "", [](clsDSBO& b, const Options& o) { return CellValue(b.UP(o.percentile)); }, Slot::UpperPercentile,
+     [](clsDSBO& b, const Options& o) { return b.UPKeptRule(o.percentile); }},
     {Want::Sum, Label::Fixed, "Sum", [](clsDSBO& b, const Options&) { return CellValue(b.Sum()); }, Slot::None},
     {Want::Min, Label::Fixed, "Minimum", [](clsDSBO& b, const Options&) { return CellValue(b.Min()); }, Slot::Minimum},
     {Want::Max, Label::Fixed, "Maximum", [](clsDSBO& b, const Options&) { return CellValue(b.Max()); }, Slot::Maximum},
@@ -76,10 +80,13 @@ constexpr std::array<LayoutRow, 22> kLayout{{
     {Want::Largest, Label::Largest, "", [](clsDSBO& b, const Options& o) { return CellValue(b.Largest(o.largest)); }, Slot::None},
     {Want::Range, Label::Fixed, "Range", [](clsDSBO& b, const Options&) { return CellValue(b.rng()); }, Slot::None},
     {Want::Count, Label::Fixed, "Count", [](clsDSBO& b, const Options&) { return CellValue(static_cast<double>(b.Count())); }, Slot::None},
-    {Want::Skewness, Label::Fixed, "Skewness", [](clsDSBO& b, const Options&) { return b.Skewness(); }, Slot::None},
+    {Want::Skewness, Label::Fixed, "Skewness", [](clsDSBO& b, const Options&) { return b.Skewness(); }, Slot::None,
+     [](clsDSBO& b, const Options&) { return b.SkewnessKeptRule(); }},
     {Want::Skewness, Label::Fixed, "P(Skewness)", [](clsDSBO& b, const Options&) { return b.SkewnessP(); }, Slot::None},
-    {Want::Kurtosis, Label::Fixed, "Kurtosis", [](clsDSBO& b, const Options&) { return b.Kurtosis(); }, Slot::None},
-    {Want::Kurtosis, Label::Fixed, "P(Kurtosis)", [](clsDSBO& b, const Options&) { return b.KurtosisP(); }, Slot::None},
+    {Want::Kurtosis, Label::Fixed, "Kurtosis", [](clsDSBO& b, const Options&) { return b.Kurtosis(); }, Slot::None,
+     [](clsDSBO& b, const Options&) { return b.KurtosisKeptRule(); }},
+    {Want::Kurtosis, Label::Fixed, "P(Kurtosis)", [](clsDSBO& b, const Options&) { return b.KurtosisP(); }, Slot::None,
+     [](clsDSBO& b, const Options&) { return b.KurtosisPKeptRule(); }},
 }};
 
 // Nothing selected: the four rows every user expects.
@@ -198,23 +205,39 @@ void toSheetRows(PlotRows& rows, Int16 first) {
   }
 }
 
+// What the kept rules did to the column's selected rows, once their values are in.
+ColumnFindings keptRuleFindings(clsDSBO& bo, const std::vector<const LayoutRow*>& rows,
+                                const std::vector<CellValue>& values, const Options& options) {
+  ColumnFindings findings;
+  for (std::size_t k = 0; k < rows.size(); ++k) {
+    if (rows[k]->kept == nullptr) continue;
+    findings.observations = bo.Count();
+    findings.add(rows[k]->kept(bo, options), labelOf(*rows[k], options), values[k]);
+  }
+  return findings;
+}
+
 // Every data column's statistics by a fresh clsDSBO (on helper threads when the host's
 // functions allow it), taken into the table in column order; a failing column is recorded in
-// `failure` by the label of the row it failed in.
+// `failure` by the label of the row it failed in. With the kept rules, `notes` receives what
+// they changed.
 void fillStatistics(StatisticsTable& table, const DataColumns& data,
-                    const std::vector<const LayoutRow*>& rows, const Options& options,
-                    std::optional<ColumnFailure>& failure) {
+                    const std::vector<const LayoutRow*>& rows, const Options& options, bool textbook,
+                    std::optional<ColumnFailure>& failure, std::vector<ArithmeticNote>& notes) {
   DistributionFunctions& functions = HostSession::Application().worksheetFunction();
   const auto compute = [&](ColumnValues column, const ColumnProgress& progress) {
     clsDSBO bo;
     bo.Functions(&functions);
+    bo.Textbook(textbook);
     giveData(bo, std::move(column));
-    return ColumnResults<std::monostate>{
+    ColumnResults<std::monostate> results{
         rowValues(rows, progress, [&](const LayoutRow& row) { return row.value(bo, options); })};
+    if (!textbook) results.findings = keptRuleFindings(bo, rows, results.values, options);
+    return results;
   };
   fillColumns<std::monostate>(
       table, data, functions.callableFromAnyThread(), compute, [](std::monostate) {},
-      [&](std::size_t k) { return labelOf(*rows[k], options); }, failure);
+      [&](std::size_t k) { return labelOf(*rows[k], options); }, failure, notes);
 }
 
 // Cell (1, W + 2) of the output range, one empty column right of the pasted block of W columns;
@@ -348,6 +371,8 @@ void clsDS::ErrorError(const std::string& v) {
   });
 }
 
+void clsDS::Textbook(bool v) { kProc("LetTextbook", [&] { textbook_ = v; }); }
+
 void clsDS::OutputFrequencies(bool v) {
   kProc("LetOutputFrequencies", [&] { outputFrequencies_ = v; });
 }
@@ -403,6 +428,7 @@ clsDS::Statistics clsDS::chartNeeds() {
 Range clsDS::GetResults() {
   return kProc("GetResults", [&] {
     plotRows_ = PlotRows{};
+    notes_.clear();
     Statistics want = selected_;
     want |= chartNeeds();
     const Int16 firstDataRow = headers_ ? 2 : 1;
@@ -412,7 +438,8 @@ Range clsDS::GetResults() {
 
     StatisticsTable table(Int16::from(rows.size()), columns);
     table.writeLabels(rows, [&](const LayoutRow& row) { return labelOf(row, options); });
-    fillStatistics(table, DataColumns{*input_, firstDataRow, headers_}, rows, options, failure_);
+    fillStatistics(table, DataColumns{*input_, firstDataRow, headers_}, rows, options, textbook_, failure_,
+                   notes_);
     plotRows_ = plotRowsOf(columns, slotRowsOf(rows), errorCentre_, errorBars_);
 
     Int16 first = 0;
@@ -425,7 +452,7 @@ Range clsDS::GetResults() {
 Range clsDS::FormatResults(const StatisticsTable& table, Int16& firstRow) {
   return kProc("FormatResults", [&] {
     clsDSOutput writer;
-    writeStatisticsTable(writer, *input_, table, firstRow);
+    writeStatisticsTable(writer, *input_, table, firstRow, textbook_ ? std::string(kTextbookComment) : "");
     return writer.Results();
   });
 }

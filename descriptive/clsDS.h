@@ -15,12 +15,14 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "descriptive/clsDS_options.h"
 #include "descriptive/error_amounts_block.h"
 #include "descriptive/plot_rows.h"
 #include "frame/range.h"
 #include "support/column_failure.h"
+#include "support/kept_rules.h"
 #include "support/statistics_table.h"
 
 namespace orv {
@@ -69,6 +71,9 @@ class clsDS {
   void Results(bool overWrite = false);
   // Kept for the public surface; it has no effect on any output.
   void OutputFrequencies(bool v);
+  // Textbook arithmetic instead of the kept rules (default false; descriptive/clsDSBO.h); the
+  // results header then carries the comment line "Textbook arithmetic".
+  void Textbook(bool v);
 
   // For the chart drivers and for callers that report what was written: the rows recorded by the
   // last Results call, the output place, and the block pasted there.
@@ -78,6 +83,10 @@ class clsDS {
   // When the last Results call failed inside a column: which column and which row. The error
   // itself is raised as it came; none when no column failed.
   const std::optional<ColumnFailure>& failure() const { return failure_; }
+  // With the kept rules: where they changed a value of the last Results call from its textbook
+  // value, one note per column and rule, in table order (support/kept_rules.h). Never on the
+  // sheet; always empty with Textbook.
+  const std::vector<ArithmeticNote>& notes() const { return notes_; }
 
  private:
   using Statistics = Selection<DescriptiveStatistic>;
@@ -112,6 +121,8 @@ class clsDS {
   // The error bars' distances as written below the pasted table by this Results call, if they were.
   std::optional<ErrorAmountCells> errorAmounts_;
   std::optional<ColumnFailure> failure_;
+  bool textbook_ = false;
+  std::vector<ArithmeticNote> notes_;
   PlotRows plotRows_;
   // Points below the output cell where the next error plot goes: grows by 1.1 times the height
   // of every box plot this object draws and is never reset, so that a second Results call

@@ -36,6 +36,13 @@ void clsDSBO::Functions(DistributionFunctions* service) {
   kDSBO("LetFunctions", [&] { functions_ = service; });
 }
 
+void clsDSBO::Textbook(bool v) {
+  kDSBO("LetTextbook", [&] {
+    textbook_ = v;
+    ResetFlags();
+  });
+}
+
 DistributionFunctions& clsDSBO::functions() const {
   // As a reference to an object that was never set: "Object required".
   if (functions_ == nullptr) raise(err::kObjectRequired);
@@ -83,11 +90,15 @@ std::int32_t clsDSBO::Count() {
 double clsDSBO::Sum() {
   return kDSBO("Sum", [&] {
     if (!haveSum_) {
-      // Counts in 16 bits: more than 32767 observations overflow here, and with them every
-      // statistic built on the sum. Kept on purpose; Count itself goes on answering.
-      Real total = 0.0;
-      forRows<Int16>(Count(), [&](std::int64_t i) { total = total + value(i); });
-      sum_ = total.v;
+      if (textbook_) {
+        sum_ = plainSum();
+      } else {
+        // Counts in 16 bits: more than 32767 observations overflow here, and with them every
+        // statistic built on the sum. Kept on purpose; Count itself goes on answering.
+        Real total = 0.0;
+        forRows<Int16>(Count(), [&](std::int64_t i) { total = total + value(i); });
+        sum_ = total.v;
+      }
       haveSum_ = true;
     }
     return sum_;
@@ -97,8 +108,9 @@ double clsDSBO::Sum() {
 double clsDSBO::Mean() {
   return kDSBO("Mean", [&] {
     if (!haveMean_) {
-      // No observations: 0/0, which the platform reports as an overflow.
-      mean_ = (Real(Sum()) / real(Count())).v;
+      // No observations: 0/0, which the platform reports as an overflow. Textbook: the sum's
+      // mean corrected by the mean deviation from it.
+      mean_ = textbook_ ? centralSums().mean : (Real(Sum()) / real(Count())).v;
       haveMean_ = true;
     }
     return mean_;
@@ -107,6 +119,11 @@ double clsDSBO::Mean() {
 
 double clsDSBO::Variance() {
   return kDSBO("Variance", [&] {
+    if (!haveVariance_ && textbook_) {
+      const CentralSums& c = centralSums();
+      variance_ = c.n < 2 ? 0.0 : (Real(c.m2) / (c.n - 1)).v;
+      haveVariance_ = true;
+    }
     if (!haveVariance_) {
       // Squared deviations from the mean rather than power sums: no cancellation for data far
       // from zero. This loop counts in 32 bits; the 16-bit limit comes from Mean.
@@ -177,6 +194,7 @@ void clsDSBO::ResetFlags() {
     haveCount_ = haveSum_ = haveMean_ = haveVariance_ = false;
     haveSkewness_ = haveSkewnessP_ = haveKurtosis_ = haveKurtosisP_ = false;
     sum2_ = sum3_ = sum4_ = 0.0;
+    central_.reset();
   });
 }
 

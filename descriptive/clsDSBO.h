@@ -19,16 +19,24 @@
 // Mode, Skewness, SkewnessP, Kurtosis and KurtosisP never raise: any failure turns the result
 // into the text "-".
 //
+// Textbook (off by default) replaces the kept rules by textbook arithmetic: loops over observations
+// that take a whole sheet column, the mean corrected and the moments taken from deviations about
+// it, Kurtosis from 4 and P(Kurtosis) from 5 observations with the signed statistic (Anscombe and
+// Glynn), percentiles as Hyndman and Fan's definition 6. With the kept rules, the *KeptRule
+// members say where a rule changed a statistic of this column and give its textbook value.
+//
 // The t critical value and the normal distribution come from the service handed to Functions
 // (the host's worksheet functions); without one they fail with "Object required" (424). The
 // object touches nothing else outside itself, so it may run on any thread that its service
 // allows (frame/distribution_functions.h).
 
 #include <cstdint>
+#include <optional>
 
 #include "frame/cell_value.h"
 #include "frame/distribution_functions.h"
 #include "frame/value_array.h"
+#include "support/kept_rules.h"
 
 namespace orv {
 
@@ -39,6 +47,9 @@ class clsDSBO {  // NOLINT(readability-identifier-naming): the component's own c
   // The service that TInv and NormDist are taken from; nullptr for none. Not owned: it must
   // outlive every request.
   void Functions(DistributionFunctions* service);
+
+  // Textbook arithmetic instead of the kept rules; marks every cache stale.
+  void Textbook(bool v);
 
   // Takes a copy of the column, sorts it ascending (empty cells last) and marks every cache
   // stale. A single value stands for a one-row column.
@@ -92,17 +103,50 @@ class clsDSBO {  // NOLINT(readability-identifier-naming): the component's own c
   CellValue Kurtosis();
   CellValue KurtosisP();
 
+  // With the kept rules only: the rule that made the statistic (as the member of the same name
+  // gives it) differ from its textbook value in this column, and that value; nothing when no rule
+  // did, and always nothing with Textbook. The textbook value is worked out only where the rule
+  // may have changed something (the sample size, the sign of the kurtosis, the position of the
+  // percentile, or the rounding of the power sums, estimated from the cached sums, say so).
+  // Never raises: a statistic that fails has no note.
+  std::optional<KeptRuleEffect> SkewnessKeptRule();
+  std::optional<KeptRuleEffect> KurtosisKeptRule();
+  std::optional<KeptRuleEffect> KurtosisPKeptRule();
+  std::optional<KeptRuleEffect> LPKeptRule(std::uint8_t p);
+  std::optional<KeptRuleEffect> UPKeptRule(std::uint8_t p);
+
   // Marks every cached statistic stale and zeroes the power sums.
   void ResetFlags();
 
  private:
+  // Sums of the deviations about the mean, Σ(x - mean)^k for k = 2, 3, 4, of all observations.
+  struct CentralSums {
+    double n;
+    double mean;
+    double m2;
+    double m3;
+    double m4;
+  };
+  double plainSum();
+  const CentralSums& centralSums();
+  // The textbook statistics; they raise where no value can be given.
+  double textbookSkewness();
+  double textbookKurtosis();
+  double textbookKurtosisP(double kurtosis);
+  double textbookPercentile(std::uint8_t p);
+  std::optional<KeptRuleEffect> percentileKeptRule(std::uint8_t settled);
+  std::optional<KeptRuleEffect> powerSumKeptRule(const CellValue& shown, double roundingInUnits,
+                                                 double (clsDSBO::*textbook)());
+
   void powerSums();
   double percentile(std::uint8_t p);
   double value(std::int64_t row) const;
   DistributionFunctions& functions() const;
 
   DistributionFunctions* functions_ = nullptr;
+  bool textbook_ = false;
   ValueArray2D data_;
+  std::optional<CentralSums> central_;
 
   bool haveCount_ = false;
   bool haveSum_ = false;

@@ -62,18 +62,15 @@ CellValue clsDSBO::Mode() {
 
 double clsDSBO::LP(std::uint8_t p) {
   return kDSBO("LP", [&] {
-    // The smaller of p and 100 - p; above 100 the subtraction leaves the byte range (overflow).
-    Byte settled = p;
-    if (settled.value() > 50) settled = Byte(100) - settled;
-    return percentile(settled.value());
+    const std::uint8_t settled = detail::lowerPercentile(p);
+    return textbook_ ? textbookPercentile(settled) : percentile(settled);
   });
 }
 
 double clsDSBO::UP(std::uint8_t p) {
   return kDSBO("UP", [&] {
-    Byte settled = p;
-    if (settled.value() < 50) settled = Byte(100) - settled;
-    return percentile(settled.value());
+    const std::uint8_t settled = detail::upperPercentile(p);
+    return textbook_ ? textbookPercentile(settled) : percentile(settled);
   });
 }
 

@@ -16,18 +16,13 @@ namespace orv {
 
 using detail::kDSBO;
 using detail::real;
+using detail::twoTailed;
 using math::abs;
 using math::pow;
 
 namespace {
 
 const CellValue kNoValue("-");
-
-// Two-tailed probability of a standard normal deviate, from the host's functions.
-Real twoTailed(DistributionFunctions& functions, Real z) {
-  const double lower = functions.NormDist(-abs(z).v, 0, 1, true);
-  return Real(2) * Real(checked(lower));
-}
 
 // Runs `compute` and caches its number; a failure gives an uncached "-".
 template <class Compute>
@@ -70,6 +65,7 @@ CellValue clsDSBO::Skewness() {
   // 2 S³ / n + n S3 - 3 S S2 equals n Σ(x - mean)³.
   return kDSBO("Skewness", [&] {
     return cachedOrDash(haveSkewness_, skewness_, [&] {
+      if (textbook_) return CellValue(textbookSkewness());
       const Int32 count = Count();
       const Real n = real(count);
       const Real s = Sum();
@@ -88,6 +84,7 @@ CellValue clsDSBO::Kurtosis() {
   // sample excess kurtosis, expanded in raw power sums.
   return kDSBO("Kurtosis", [&] {
     return cachedOrDash(haveKurtosis_, kurtosis_, [&] {
+      if (textbook_) return CellValue(textbookKurtosis());
       const Int32 count = Count();
       const Real n = real(count);
       const Real s = Sum();
@@ -133,9 +130,11 @@ CellValue clsDSBO::KurtosisP() {
   // Anscombe and Glynn's test on the size of the excess kurtosis.
   return kDSBO("KurtosisP", [&] {
     return cachedOrDash(haveKurtosisP_, kurtosisP_, [&] {
+      // Textbook: from 5 observations, where the test's moments first exist.
       const std::int32_t count = Count();
-      if (count <= 19) return kNoValue;
+      if (count <= (textbook_ ? 4 : 19)) return kNoValue;
       const Real k = toNumber(Kurtosis());
+      if (textbook_) return CellValue(textbookKurtosisP(k.v));
       const Real n = real(count);
       const Real varB =
           Real(24) * n * (n - 2) * (n - 3) / (pow(n + 1, 2) * (n + 3) * (n + 5));

@@ -89,6 +89,16 @@ class Workbook {
   // By name, case-insensitively; "Subscript out of range" (9) when there is none.
   virtual Worksheet& Worksheets(std::string_view name) = 0;
   virtual void Activate() = 0;
+
+  // Workbook.Names: the reference a defined name stands for ("Data!$A$1:$C$13", no leading "="),
+  // as the workbook keeps it. The sheet-level name of the sheet named `sheet` comes first, then
+  // the workbook-level name, unless `sheetOnly`; names compare without case
+  // (frame/defined_name.h). None when there is no such name; a host that keeps no names has none.
+  virtual std::optional<std::string> nameReference(std::string_view name, std::string_view sheet,
+                                                   bool sheetOnly) const {
+    (void)name, (void)sheet, (void)sheetOnly;
+    return std::nullopt;
+  }
 };
 
 // Numerical services of the host: TInv, NormDist and ChiInv (distribution_functions.h), and Min
@@ -119,8 +129,9 @@ class Application {
   virtual void SetScreenUpdating(bool on) = 0;
 
   // Application.Range(text): resolves a reference on the active sheet, or on the named sheet of
-  // the active workbook. A text that is no reference, or names no sheet of the active workbook,
-  // is a host failure (1004) whose description quotes the text.
+  // the active workbook, or a name the active workbook defines (frame/defined_name.h). A text
+  // that is neither, or names no sheet of the active workbook, is a host failure (1004) whose
+  // description quotes the text.
   Range ResolveRange(std::string_view reference);
 
   // The clipboard that Range::Copy fills and Range::PasteSpecial reads.
@@ -128,6 +139,8 @@ class Application {
   void setClipboard(std::optional<Range> range) { clipboard_ = std::move(range); }
 
  private:
+  std::optional<Range> resolveName(std::string_view reference);
+
   std::optional<Range> clipboard_;
 };
 

@@ -189,13 +189,19 @@ bool readsAsCell(std::string_view name) {
 }  // namespace
 
 ParsedReference parseReference(std::string_view text) {
-  ParsedReference parsed;
-  ReferenceScanner scanner(text);
-  if (!scanner.parse(parsed)) {
+  std::optional<ParsedReference> parsed = tryParseReference(text);
+  if (!parsed) {
     std::string description = "\"";
     description.append(text).append("\" is not a valid reference");
     raiseHost(description);
   }
+  return std::move(*parsed);
+}
+
+std::optional<ParsedReference> tryParseReference(std::string_view text) {
+  ParsedReference parsed;
+  ReferenceScanner scanner(text);
+  if (!scanner.parse(parsed)) return std::nullopt;
   return parsed;
 }
 

@@ -46,6 +46,8 @@ struct ParsedReference {
 };
 
 ParsedReference parseReference(std::string_view text);
+// As parseReference, without raising: none for a text that is no reference.
+std::optional<ParsedReference> tryParseReference(std::string_view text);
 
 // "A", "Z", "AA", "XFD". Column must be 1..16384.
 std::string columnLetters(std::int32_t column);

@@ -10,6 +10,7 @@
 #include "frequency/clsFreqOutput.h"
 #include "frequency/clsFreq_internal.h"
 #include "support/host_session.h"
+#include "support/kept_rules.h"
 #include "support/range_checks.h"
 #include "support/results_sheet.h"
 
@@ -61,6 +62,16 @@ void clsFreq::CategoryStartPoint(bool v) {
 }
 void clsFreq::ShowRawData(bool v) { kFreq("LetShowRawData", [&] { showRawData_ = v; }); }
 void clsFreq::DataInRows(bool v) { kFreq("LetDataInRows", [&] { dataInRows_ = v; }); }
+// Unlike the older options, a change drops the finished block: it changes the counts.
+void clsFreq::Textbook(bool v) {
+  kFreq("LetTextbook", [&] {
+    if (v != textbook_) {
+      textbook_ = v;
+      block_.reset();
+      tables_.clear();
+    }
+  });
+}
 
 void clsFreq::InputRange(const std::string& reference) {
   kFreq("LetInputRange", [&] { setAddress(input_, reference); });
@@ -160,8 +171,9 @@ Range clsFreq::GetResults() {
     // Taken once the engines have accepted the data, for the histogram's normal curve.
     moments_.clear();
     for (const Analysed& v : variables) {
-      moments_.push_back(histogram_.plot && numerical && v.data ? sampleMoments(*v.data, v.weights)
-                                                                 : std::nullopt);
+      moments_.push_back(histogram_.plot && numerical && v.data
+                             ? sampleMoments(*v.data, v.weights, textbook_ ? EmptyCells::Skipped : EmptyCells::Zero)
+                             : std::nullopt);
     }
     return FormatResults(tables);
   });
@@ -177,6 +189,7 @@ clsFreq::Table clsFreq::countTable(Kind kind, const std::vector<Analysed>& varia
       try {
         bo.DataType(dataType_);
         bo.DataAreStartPoints(histogram_.categoryStartPoints);
+        bo.Textbook(textbook_);
         if (v.data) bo.Data(*v.data);
         if (v.weights) bo.Frequencies(*v.weights);
         if (kind == Kind::ProposedBins) {
@@ -204,8 +217,8 @@ clsFreq::Table clsFreq::countTable(Kind kind, const std::vector<Analysed>& varia
 Range clsFreq::FormatResults(const std::vector<Table>& tables) {
   return kFreq("FormatResults", [&] {
     clsFreqOutput writer;
-    writer.OutputHeader(addressText(input_.range), addressText(bin_.range),
-                        addressText(frequency_.range));
+    writer.OutputHeader(addressText(input_.range), addressText(bin_.range), addressText(frequency_.range),
+                        textbook_ ? std::string(kTextbookComment) : "");
     writer.InsertBlankLines(1);
     tables_.clear();
     for (const Table& table : tables) {

@@ -84,6 +84,11 @@ class clsFreq {
   void CategoryStartPoint(bool v);
   void ShowRawData(bool v);
   void DataInRows(bool v);
+  // Textbook arithmetic instead of the kept rules (default false; frequency/clsFreqBO.h): whole
+  // sheet columns, and empty data cells left out of binned tables and of the normal curve. The
+  // results header then carries the comment line "Textbook arithmetic". A change drops the
+  // finished block.
+  void Textbook(bool v);
   // Address setters: a text equal to the stored one changes nothing; any other text is resolved
   // at once (empty: no range) and drops the finished block. A bad reference fails the setter
   // and stores nothing.
@@ -138,6 +143,7 @@ class clsFreq {
   HistogramOptions histogram_;
   bool showRawData_ = false;
   bool dataInRows_ = false;
+  bool textbook_ = false;
   AddressProperty input_;
   AddressProperty frequency_;
   AddressProperty bin_;

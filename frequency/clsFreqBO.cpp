@@ -30,6 +30,7 @@ void clsFreqBO::Frequencies(const ValueArray1D& weights) {
 }
 void clsFreqBO::Bin(const ValueArray1D& bins) { kFreqBO("LetBin", [&] { bin_ = bins; }); }
 void clsFreqBO::DataType(std::int32_t type) { kFreqBO("LetDataType", [&] { dataType_ = type; }); }
+void clsFreqBO::Textbook(bool v) { kFreqBO("LetTextbook", [&] { rules_.textbook = v; }); }
 void clsFreqBO::DataAreStartPoints(bool v) {
   kFreqBO("LetDataAreStartPoints", [&] { dataAreStartPoints_ = v; });
 }
@@ -97,9 +98,9 @@ Array1D<std::int32_t> clsFreqBO::UniqueCounts(ValueArray1D& categories, const Va
                                           const ValueArray1D& weights, bool binned) {
   return kFreqBO("UniqueCounts", [&] {
     if (binned) {
-      return detail::binnedCounts(categories, data, weights, lessThanCatUsed_, greaterThanCatUsed_);
+      return detail::binnedCounts(categories, data, weights, lessThanCatUsed_, greaterThanCatUsed_, rules_);
     }
-    return detail::exactCounts(categories, data, weights);
+    return detail::exactCounts(categories, data, weights, rules_);
   });
 }
 

@@ -19,12 +19,17 @@
 //   total fails the percentages (11 or 6); Type mismatch (13) for nominal analysis without Data
 //   and for a non-numeric text where a number is needed; Subscript out of range (9) for an empty
 //   Data array or weights shorter than the data they weigh.
+// Textbook (off by default) replaces the kept rules by textbook arithmetic: loops over observations
+// and bins count in 64 bits (a whole sheet column), and an empty data cell is no observation in
+// binned counting and in the proposed bins either. Sums of counts stay 32-bit.
+//
 // Nothing is cleared by Analyse: an object serves one analysis.
 
 #include <cstdint>
 #include <optional>
 
 #include "frame/value_array.h"
+#include "frequency/counting_rules.h"
 
 namespace orv {
 
@@ -39,6 +44,8 @@ class clsFreqBO {  // NOLINT(readability-identifier-naming): the component's own
   void DataType(std::int32_t type);
   // Kept without effect: bin values are always the lower edges of their bins.
   void DataAreStartPoints(bool v);
+  // Textbook arithmetic instead of the kept rules.
+  void Textbook(bool v);
 
   // Copies of the results; empty arrays and False before Analyse.
   ValueArray1D Values() const;
@@ -76,6 +83,7 @@ class clsFreqBO {  // NOLINT(readability-identifier-naming): the component's own
   std::optional<ValueArray1D> frequencies_;
   std::optional<ValueArray1D> bin_;
   std::int32_t dataType_ = 0;
+  CountingRules rules_;
   bool dataAreStartPoints_ = false;
   ValueArray1D values_;
   Array1D<std::int32_t> counts_;

@@ -4,6 +4,9 @@
 // x >= bin, i.e. the highest-numbered bin not above x. A binary search over the suffix minima of
 // the bins finds that bin in log time for bins in any order, so the result is the scan's own.
 //
+// With the kept rules an empty data cell is the value 0 (it reads as 0); textbook arithmetic
+// skips it, as the other tables do.
+//
 // Equal widths are tested in four-decimal fixed point, so 0.1, 0.2, 0.3 are equal steps. Only
 // with equal widths does the last bin have a closed top (last + width): observations at or beyond
 // it move to a ">=" category. With unequal widths the last bin stays open, yet the ">=" flag is
@@ -73,7 +76,7 @@ struct WidthTest {
 };
 
 // The first width, then every later one against it; the first that differs ends the test.
-WidthTest testWidths(const ValueArray1D& bins, bool& greaterThanCatUsed) {
+WidthTest testWidths(const ValueArray1D& bins, bool& greaterThanCatUsed, CountingRules rules) {
   WidthTest t;
   const std::int32_t m = bins.size();
   if (m <= 1) return t;
@@ -82,7 +85,7 @@ WidthTest testWidths(const ValueArray1D& bins, bool& greaterThanCatUsed) {
   if (t.width == Fixed4()) return t;
   t.equalWidth = true;
   for (std::int32_t i = 2; i <= m - 1; ++i) {
-    step16BitCounter(i);
+    rules.step(i);
     const Fixed4 next = fixedOf(bins(i + 1));
     if (next - previous != t.width) {
       t.equalWidth = false;
@@ -98,19 +101,20 @@ WidthTest testWidths(const ValueArray1D& bins, bool& greaterThanCatUsed) {
 
 Array1D<std::int32_t> binnedCounts(ValueArray1D& categories, const ValueArray1D& data,
                                    const ValueArray1D& weights, bool& lessThanCatUsed,
-                                   bool& greaterThanCatUsed) {
+                                   bool& greaterThanCatUsed, CountingRules rules) {
   const std::int32_t m = categories.size();
   const std::int32_t n = data.size();
   Array1D<std::int32_t> counts(m);
   Int32 lessCount = 0;
   Int32 greaterCount = 0;
-  const WidthTest widths = testWidths(categories, greaterThanCatUsed);
+  const WidthTest widths = testWidths(categories, greaterThanCatUsed, rules);
   const BinScan scan(categories);
   std::optional<Fixed4> closedTop;  // last bin + width, with equal widths
 
   for (std::int32_t j = 1; j <= n; ++j) {
-    step16BitCounter(j);
-    step16BitCounter(m);  // the downward bin counter cannot start
+    rules.step(j);
+    rules.step(m);  // the downward bin counter cannot start
+    if (rules.skips(data(j))) continue;
     double x = 0.0;
     std::int32_t b = 0;
     if (m >= 1) {
@@ -135,7 +139,7 @@ Array1D<std::int32_t> binnedCounts(ValueArray1D& categories, const ValueArray1D&
   std::vector<std::int32_t>& cnt = counts.items();
   if (lessCount >= 1) {
     // The front category keeps the first bin's value, which the layout shows as its "<" bound.
-    step16BitCounter(std::int64_t{m} + 1);
+    rules.step(std::int64_t{m} + 1);
     cats.insert(cats.begin(), m >= 1 ? cats.front() : CellValue());
     cnt.insert(cnt.begin(), lessCount.value());
     lessThanCatUsed = true;

@@ -10,13 +10,12 @@
 #include "frame/platform_loop.h"
 #include "frame/procedure.h"
 #include "frame/value_array.h"
+#include "frequency/counting_rules.h"
 
 namespace orv::detail {
 
 inline constexpr Procedures kFreqBO{"clsFreqBO"};
 
-// Loop counters over observations and bins are 16-bit (frame/platform_loop.h): the engine refuses
-// longer lists with an overflow, exactly where a counter would pass kLast16BitStep.
 
 // The key under which two cell values are the same category: their text form. A number equals
 // the text made from it ("3" and 3), an empty cell equals the empty text, and texts compare
@@ -31,12 +30,12 @@ inline std::int32_t weightOf(const CellValue& v) { return toInt32(toNumber(v)); 
 // Exact-mode counting: category i gets the weights of every datum equal to it. Errors surface
 // as the category-by-category, datum-by-datum scan meets them (see clsFreqBO_exact.cpp).
 Array1D<std::int32_t> exactCounts(const ValueArray1D& categories, const ValueArray1D& data,
-                                  const ValueArray1D& weights);
+                                  const ValueArray1D& weights, CountingRules rules);
 
 // Binned counting with the "<" and ">=" categories; may lengthen `categories` and sets the flags
 // it reports on (see clsFreqBO_binned.cpp).
 Array1D<std::int32_t> binnedCounts(ValueArray1D& categories, const ValueArray1D& data,
                                    const ValueArray1D& weights, bool& lessThanCatUsed,
-                                   bool& greaterThanCatUsed);
+                                   bool& greaterThanCatUsed, CountingRules rules);
 
 }  // namespace orv::detail

@@ -8,6 +8,7 @@
 // the bins are counted (0..10 gives bins 0..9 and a ">=" category 10), which is kept.
 
 #include <algorithm>
+#include <iterator>
 #include <optional>
 #include <vector>
 
@@ -34,9 +35,15 @@ double stepFor(double x) {
 
 std::optional<ValueArray1D> clsFreqBO::ProposeBins(const ValueArray1D& data) {
   return kFreqBO("ProposeBins", [&]() -> std::optional<ValueArray1D> {
-    const std::int32_t n = data.size();
+    // Textbook arithmetic leaves empty cells out: they are no observations.
+    std::vector<CellValue> cells;
+    std::copy_if(data.items().begin(), data.items().end(), std::back_inserter(cells),
+                 [&](const CellValue& v) { return !rules_.skips(v); });
+    const std::int32_t n = static_cast<std::int32_t>(cells.size());
+    // Only empty cells: no observation to propose bins for (the kept rules read them as 0s).
+    if (n == 0 && !data.items().empty()) return std::nullopt;
     ValueArray2D column(n, 1);
-    std::copy(data.items().begin(), data.items().end(), column.cells().begin());
+    std::move(cells.begin(), cells.end(), column.cells().begin());
     const Real max = ArrayTools::MaxOf(column);
     const Real min = ArrayTools::MinOf(column);
     const Real range = max - min;
@@ -47,7 +54,7 @@ std::optional<ValueArray1D> clsFreqBO::ProposeBins(const ValueArray1D& data) {
     ArrayTools::SortRows(column, 1);
     Real gap = range;
     for (std::int32_t i = 2; i <= n; ++i) {
-      step16BitCounter(i);
+      rules_.step(i);
       const Real d = Real(toNumber(column(i, 1))) - toNumber(column(i - 1, 1));
       if (d.v < gap.v && d.v != 0.0) gap = d;
     }

@@ -68,10 +68,11 @@ std::vector<std::string> rangeLabels(const std::vector<CategoryEdges>& edges) {
 }
 
 std::optional<SampleMoments> sampleMoments(const ValueArray1D& data,
-                                           const std::optional<ValueArray1D>& weights) {
+                                           const std::optional<ValueArray1D>& weights, EmptyCells empty) {
   std::vector<double> x;
   std::vector<double> w;
   for (std::int32_t i = 1; i <= data.size(); ++i) {
+    if (empty == EmptyCells::Skipped && data(i).isEmpty()) continue;
     const std::optional<double> value = observation(data(i));
     if (!value) return std::nullopt;
     double weight = 1;

@@ -37,12 +37,17 @@ std::vector<CategoryEdges> binnedCategoryEdges(const std::vector<double>& values
 // "10 - 15", "<10" and ">=45", with numbers in the sheet's default text form.
 std::vector<std::string> rangeLabels(const std::vector<CategoryEdges>& edges);
 
+// How binned counting takes an empty data cell: as the value 0 (the kept rules) or as no
+// observation (textbook arithmetic).
+enum class EmptyCells { Zero, Skipped };
+
 // Mean and sample standard deviation (n - 1) of the data, each observation counted as often as
-// its weight (rounded half to even; all 1 without weights). Empty cells are the value 0, as
-// binned counting takes them. Nothing when a cell is neither a number nor a text holding one,
-// when fewer than two observations are counted, or when every value is equal.
+// its weight (rounded half to even; all 1 without weights). Empty cells are taken as binned
+// counting takes them. Nothing when a cell is neither a number nor a text holding one, when fewer
+// than two observations are counted, or when every value is equal.
 std::optional<SampleMoments> sampleMoments(const ValueArray1D& data,
-                                           const std::optional<ValueArray1D>& weights);
+                                           const std::optional<ValueArray1D>& weights,
+                                           EmptyCells empty = EmptyCells::Zero);
 
 // The same from a table alone (pre-counted data): each category's observations taken at its
 // middle, or at its one finite edge when it is open.

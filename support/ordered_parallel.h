@@ -17,6 +17,7 @@
 // The calling thread reads only a few pieces ahead of the one it collects, so the inputs held at
 // once stay bounded by the number of threads rather than by the number of pieces. When collect
 // throws, the helper threads finish the piece they hold and stop; nothing outlives the call.
+// Each piece collected is reported as done (frame/work_progress.h).
 
 #include <algorithm>
 #include <condition_variable>
@@ -28,6 +29,8 @@
 #include <thread>
 #include <utility>
 #include <vector>
+
+#include "frame/work_progress.h"
 
 namespace orv {
 
@@ -158,7 +161,10 @@ void orderedPipeline(std::size_t count, bool parallel, Read&& read, Compute&& co
   const std::size_t helpers =
       parallel && count > 1 ? std::min(helperThreadCount(), count - 1) : 0;
   if (helpers == 0) {
-    for (std::size_t i = 0; i < count; ++i) collect(i, compute(read(i)));
+    for (std::size_t i = 0; i < count; ++i) {
+      collect(i, compute(read(i)));
+      reportWork(i + 1, count);
+    }
     return;
   }
   detail::Pipeline<Input, Result> pipeline(count, helpers, compute);
@@ -177,6 +183,7 @@ void orderedPipeline(std::size_t count, bool parallel, Read&& read, Compute&& co
     typename detail::Pipeline<Input, Result>::Slot slot = pipeline.await(i, compute);
     if (slot.failure) std::rethrow_exception(slot.failure);
     collect(i, std::move(*slot.result));
+    reportWork(i + 1, count);
   }
 }
 

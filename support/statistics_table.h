@@ -21,6 +21,7 @@
 #include "frame/value_array.h"
 #include "support/column_failure.h"
 #include "support/input_columns.h"
+#include "support/kept_rules.h"
 #include "support/ordered_parallel.h"
 
 namespace orv {
@@ -91,11 +92,13 @@ struct StatisticsTable {
   Array1D<std::string> names;
 };
 
-// The values of one column's selected rows, in order, and what else an analysis keeps of it.
+// The values of one column's selected rows, in order, what else an analysis keeps of it, and
+// what the kept rules changed in it.
 template <class Extra>
 struct ColumnResults {
   std::vector<CellValue> values;
   Extra extra{};
+  ColumnFindings findings{};
 };
 
 // Where one column's calculation stands, for the failure record: step(k) before the k-th
@@ -136,10 +139,12 @@ struct DataColumns {
 // helper threads when `parallel`), and its values, its name and then `keep(extra)` are taken in
 // column order. The first failing column, in that order, is the one whose error leaves, as it
 // came; beside it `failure` records the column and the step, stepLabel(k) naming step k (reading
-// the data, handing them to the engine included, has no label).
+// the data, handing them to the engine included, has no label). Each column's findings become
+// notes, in column order.
 template <class Extra, class Compute, class Keep, class StepLabel>
 void fillColumns(StatisticsTable& table, const DataColumns& data, bool parallel, Compute&& compute,
-                 Keep&& keep, StepLabel&& stepLabel, std::optional<ColumnFailure>& failure) {
+                 Keep&& keep, StepLabel&& stepLabel, std::optional<ColumnFailure>& failure,
+                 std::vector<ArithmeticNote>& notes) {
   const std::vector<InputColumn> places = inputColumns(data.input);
   ColumnSteps steps(places.size());
   struct Read {
@@ -164,6 +169,10 @@ void fillColumns(StatisticsTable& table, const DataColumns& data, bool parallel,
       table.matrix(static_cast<std::int64_t>(r) + 1, j) = std::move(column.values[r]);
     }
     table.names(j - 1) = columnName(data.input, places[i], data.headers);
+    if (!column.findings.changed.empty()) {
+      addColumnNotes(notes, table.names(j - 1), columnData(data.input, places[i], data.firstDataRow),
+                     column.findings);
+    }
     keep(std::move(column.extra));
   };
   try {
@@ -182,14 +191,14 @@ void fillColumns(StatisticsTable& table, const DataColumns& data, bool parallel,
 // "Data!$A$1:$C$20": the range's sheet name, "!" and its absolute address.
 std::string sheetAddress(const Range& range);
 
-// The heading with the input's address, a blank line, the table with its names row (firstRow
-// receives the sheet row of the table's first row) and a blank line, through the analysis's
-// results writer (clsDSOutput, or any writer with its OutputHeader, InsertBlankLines and
-// OutputMatrix).
+// The heading with the input's address (and the comment line below it, when there is one), a
+// blank line, the table with its names row (firstRow receives the sheet row of the table's first
+// row) and a blank line, through the analysis's results writer (clsDSOutput, or any writer with
+// its OutputHeader, InsertBlankLines and OutputMatrix).
 template <class Writer>
 void writeStatisticsTable(Writer& writer, const Range& input, const StatisticsTable& table,
-                          Int16& firstRow) {
-  writer.OutputHeader(sheetAddress(input), "");
+                          Int16& firstRow, const std::string& comment) {
+  writer.OutputHeader(sheetAddress(input), comment);
   writer.InsertBlankLines(1);
   writer.OutputMatrix(table.names, table.matrix, firstRow);
   writer.InsertBlankLines(1);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "frame/defined_name.h"
 #include "frame/errors.h"
 #include "frame/sheet_name.h"
 #include "workbook/in_memory_application.h"
@@ -87,6 +88,37 @@ void InMemoryWorkbook::renameSheet(InMemoryWorksheet& sheet, std::string name) {
   if (find(sheet) == sheets_.end()) raise(err::kSubscriptOutOfRange);
   checkNewName(name, &sheet);
   sheet.name_ = std::move(name);
+}
+
+namespace {
+
+bool sameScope(const std::optional<std::string>& a, const std::optional<std::string>& b) {
+  return a.has_value() == b.has_value() && (!a || sameSheetName(*a, *b));
+}
+
+}  // namespace
+
+void InMemoryWorkbook::addName(DefinedName name) {
+  const auto same = std::find_if(names_.begin(), names_.end(), [&](const DefinedName& n) {
+    return sameName(n.name, name.name) && sameScope(n.sheet, name.sheet);
+  });
+  if (same != names_.end()) {
+    *same = std::move(name);
+  } else {
+    names_.push_back(std::move(name));
+  }
+}
+
+std::optional<std::string> InMemoryWorkbook::nameReference(std::string_view name, std::string_view sheet,
+                                                           bool sheetOnly) const {
+  const DefinedName* workbookLevel = nullptr;
+  for (const DefinedName& n : names_) {
+    if (!sameName(n.name, name)) continue;
+    if (n.sheet && sameSheetName(*n.sheet, sheet)) return n.reference;
+    if (!n.sheet) workbookLevel = &n;
+  }
+  if (workbookLevel == nullptr || sheetOnly) return std::nullopt;
+  return workbookLevel->reference;
 }
 
 }  // namespace orv

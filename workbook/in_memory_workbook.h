@@ -8,6 +8,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,6 +19,14 @@
 namespace orv {
 
 class InMemoryApplication;
+
+// A name the workbook defines, as its file keeps it.
+struct DefinedName {
+  std::string name;
+  std::optional<std::string> sheet;  // the sheet of a sheet-level name; none for the workbook's
+  std::string reference;             // what it stands for, without a leading "=" ("Data!$A$1:$A$9")
+  bool hidden = false;               // hidden from the user, as built-in names often are
+};
 
 class InMemoryWorkbook final : public Workbook {
  public:
@@ -54,6 +63,13 @@ class InMemoryWorkbook final : public Workbook {
   void moveAfter(InMemoryWorksheet& moved, InMemoryWorksheet& after);
   void renameSheet(InMemoryWorksheet& sheet, std::string name);
 
+  // The names in the order they were added. A name added again for the same scope replaces the
+  // earlier one.
+  const std::vector<DefinedName>& names() const { return names_; }
+  void addName(DefinedName name);
+  std::optional<std::string> nameReference(std::string_view name, std::string_view sheet,
+                                           bool sheetOnly) const override;
+
  private:
   void checkNewName(std::string_view name, const InMemoryWorksheet* renamed) const;
   std::vector<std::unique_ptr<InMemoryWorksheet>>::iterator find(const InMemoryWorksheet& sheet);
@@ -64,6 +80,7 @@ class InMemoryWorkbook final : public Workbook {
   std::vector<std::unique_ptr<InMemoryWorksheet>> sheets_;
   InMemoryWorksheet* active_ = nullptr;
   std::int64_t sheetCounter_ = 0;  // the n of the last default name handed out
+  std::vector<DefinedName> names_;
 };
 
 }  // namespace orv

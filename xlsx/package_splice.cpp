@@ -53,7 +53,7 @@ std::uint32_t crcOf(std::string_view text) {
 
 }  // namespace
 
-HeadSplice spliceDeflatedHead(const CompressedEntry& entry, std::string_view marker,
+HeadSplice spliceDeflatedHead(CompressedEntry entry, std::string_view marker,
                               const std::function<std::optional<std::string>(std::string_view)>& edit,
                               std::size_t headLimit) {
   HeadSplice result;
@@ -107,9 +107,11 @@ HeadSplice spliceDeflatedHead(const CompressedEntry& entry, std::string_view mar
   const uLong restCrc = entry.crc ^ crc32_combine(crcOf(head), 0, rest);
   result.part.crc = static_cast<std::uint32_t>(crc32_combine(crcOf(*edited), restCrc, rest));
   result.part.size = edited->size() + restLength;
-  result.part.bytes = std::move(*deflated);
-  result.part.bytes.append(entry.bytes, consumed, std::string::npos);
   result.keptBytes = entry.bytes.size() - consumed;
+  // The new head takes the old one's place in the entry's own buffer: the kept blocks move (in
+  // place, when the new head is no longer) rather than being copied into a second buffer.
+  entry.bytes.replace(0, consumed, *deflated);
+  result.part.bytes = std::move(entry.bytes);
   result.outcome = HeadSplice::Outcome::Spliced;
   return result;
 }

@@ -42,8 +42,10 @@ struct HeadSplice {
 
 // `edit` gets the inflated head (the marker and at least 32 KiB after it) and returns it edited,
 // or nothing when it has nothing to change; it must leave the text from the marker on alone.
-// No boundary is looked for past `headLimit` bytes of inflated text.
-HeadSplice spliceDeflatedHead(const CompressedEntry& entry, std::string_view marker,
+// No boundary is looked for past `headLimit` bytes of inflated text. The entry is taken by value:
+// moved in, its bytes become the spliced part's, so that a part of a hundred megabytes is not
+// held twice.
+HeadSplice spliceDeflatedHead(CompressedEntry entry, std::string_view marker,
                               const std::function<std::optional<std::string>(std::string_view)>& edit,
                               std::size_t headLimit = std::size_t{16} << 20);
 

@@ -19,6 +19,7 @@
 // `maxStringBytes`, texts beyond `maxTextBytes` in all.
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -57,6 +58,9 @@ struct SheetReadOptions {
   const std::vector<bool>* dateStyles = nullptr;
   // Where the noticed cells go; none: nothing is noted.
   SheetNotes* notes = nullptr;
+  // Called with the size of each piece of a part streamed in (readSheetPart) once it is scanned,
+  // for progress; none: not called.
+  std::function<void(std::size_t bytes)> pieceScanned;
 };
 
 void readSheetXml(std::string_view xml, InMemoryWorksheet& sheet, const SheetReadOptions& options);

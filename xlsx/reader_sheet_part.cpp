@@ -110,7 +110,10 @@ bool readSheetPart(ZipInput& zip, std::string_view part, InMemoryWorksheet& shee
   SheetXmlStream stream(sheet, options);
   std::string piece;
   try {
-    while (queue.pop(piece)) stream.feed(piece);
+    while (queue.pop(piece)) {
+      stream.feed(piece);
+      if (options.pieceScanned) options.pieceScanned(piece.size());
+    }
   } catch (...) {
     scanError = std::current_exception();
     queue.abandon();

@@ -7,6 +7,7 @@
 #include <pugixml.hpp>
 
 #include "frame/procedure.h"
+#include "frame/work_progress.h"
 #include "workbook/in_memory_application.h"
 #include "xlsx/csv_reader.h"
 #include "xlsx/reader_errors.h"
@@ -150,11 +151,34 @@ std::vector<bool> dateStylesOf(ZipInput& zip, const std::vector<Relationship>& r
   return readDateStyles(*xml);
 }
 
+// The workbook's defined names; a sheet-level name's localSheetId counts every sheet the
+// workbook lists, chart sheets included. Names scoped to a sheet that is not there are left out.
+std::vector<DefinedName> readDefinedNames(const pugi::xml_node& root) {
+  std::vector<std::string> allSheets;
+  for (pugi::xml_node s = xml::child(xml::child(root, "sheets"), "sheet"); s; s = s.next_sibling()) {
+    if (xml::isElement(s, "sheet")) allSheets.emplace_back(xml::attributeNamed(s, "name").value());
+  }
+  std::vector<DefinedName> names;
+  for (pugi::xml_node n = xml::child(xml::child(root, "definedNames"), "definedName"); n; n = n.next_sibling()) {
+    if (!xml::isElement(n, "definedName")) continue;
+    DefinedName name{xml::attributeNamed(n, "name").value(), std::nullopt, n.text().get(),
+                     truthy(xml::attributeNamed(n, "hidden").value())};
+    if (const pugi::xml_attribute local = xml::attributeNamed(n, "localSheetId")) {
+      const unsigned index = local.as_uint(allSheets.size());
+      if (index >= allSheets.size()) continue;
+      name.sheet = allSheets[index];
+    }
+    if (!name.name.empty()) names.push_back(std::move(name));
+  }
+  return names;
+}
+
 // What the workbook part and its relationships say: the date system, the worksheets, the
-// shared strings and which cell formats are dates.
+// shared strings, which cell formats are dates, and the defined names.
 struct PackageContents {
   LoadedPackageInfo info;
   std::vector<SheetEntry> sheets;
+  std::vector<DefinedName> names;
   std::vector<std::string> sharedStrings;
   std::vector<bool> dateStyles;
 };
@@ -174,6 +198,7 @@ PackageContents readWorkbookPart(ZipInput& zip, const ReadLimits& limits) {
   info.date1904 = truthy(xml::attributeNamed(xml::child(root, "workbookPr"), "date1904").value());
   const std::vector<Relationship> rels = readRelationships(zip, info.workbookPart);
   contents.sheets = listWorksheets(zip, root, rels);
+  contents.names = readDefinedNames(root);
   contents.sharedStrings = readSharedStrings(zip, rels, limits);
   contents.dateStyles = dateStylesOf(zip, rels);
   return contents;
@@ -192,6 +217,15 @@ void readWorksheets(ZipInput& zip, PackageContents& contents, InMemoryWorkbook& 
   options.maxTextBytes = limits.maxTextBytes;
   options.usedTextBytes = &usedTextBytes;
   options.dateStyles = &contents.dateStyles;
+  // Progress in bytes of sheet XML, against the sizes the archive declares (a hint only: the
+  // fraction is held below 1 until the last sheet is read).
+  std::uint64_t declared = 0;
+  for (const SheetEntry& entry : contents.sheets) declared += zip.declaredSize(entry.part);
+  std::uint64_t scanned = 0;
+  options.pieceScanned = [&](std::size_t bytes) {
+    scanned += bytes;
+    reportWork(std::min(scanned, declared > 0 ? declared - 1 : 0), declared);
+  };
   contents.info.sheetNotes.reserve(contents.sheets.size());
   for (const SheetEntry& entry : contents.sheets) {
     InMemoryWorksheet* sheet = nullptr;
@@ -206,6 +240,7 @@ void readWorksheets(ZipInput& zip, PackageContents& contents, InMemoryWorkbook& 
     }
     contents.info.sheetParts.push_back(entry.part);
   }
+  reportWork(declared, declared);
 }
 
 LoadedWorkbook loadPackage(InMemoryApplication& app, const std::filesystem::path& file, const ReadLimits& limits) {
@@ -217,6 +252,7 @@ LoadedWorkbook loadPackage(InMemoryApplication& app, const std::filesystem::path
   });
   InMemoryWorkbook& book = app.AddWorkbook(file.filename().string(), {});
   namingFile(file, [&] { readWorksheets(*zip, contents, book, limits); });
+  for (DefinedName& name : contents.names) book.addName(std::move(name));
   book.activateSheet(book.Worksheets(1));
   return {book, std::move(contents.info)};
 }

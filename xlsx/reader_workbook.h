@@ -6,7 +6,8 @@
 // so a renamed file is still read for what it is. A package gives every worksheet in workbook
 // order under its own name, with the values its cells hold (shared and inline
 // strings, numbers, Booleans, error values, cached formula results; reader_sheet.h) and the
-// row heights and column widths it sets. Chart sheets and macro sheets are not worksheets and
+// row heights and column widths it sets, and the names it defines (workbook- and sheet-level,
+// hidden ones too). Chart sheets and macro sheets are not worksheets and
 // are left out. The workbook is named after the file ("data.xlsx") and becomes the active one.
 //
 // Errors: kFileUnreadable (frame/errors.h), the description naming the file, what it is or what

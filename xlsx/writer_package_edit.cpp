@@ -51,7 +51,7 @@ constexpr std::uint64_t kSpliceAbove = std::uint64_t{1} << 20;
 HeadSplice deselectedLargeSheet(const ZipPackage& zip, const std::string& part) {
   std::optional<CompressedEntry> entry = zip.readDeflated(part, kSpliceAbove);
   if (!entry) return {};
-  return spliceDeflatedHead(*entry, "sheetData", [](std::string_view head) -> std::optional<std::string> {
+  return spliceDeflatedHead(std::move(*entry), "sheetData", [](std::string_view head) -> std::optional<std::string> {
     std::string cleared = withoutTabSelected(head);
     if (cleared.size() == head.size()) return std::nullopt;  // it only ever takes text out
     return cleared;

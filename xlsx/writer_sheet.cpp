@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "frame/reference.h"
+#include "frame/work_progress.h"
 #include "workbook/in_memory_worksheet.h"
 #include "xlsx/column_width.h"
 #include "xlsx/writer_cell.h"
@@ -139,9 +140,12 @@ std::string rowOpen(std::int32_t row, const std::map<std::int32_t, double>& heig
   return out + ">";
 }
 
-void appendSheetData(std::string& out, const std::vector<Cell>& cells,
-                     const std::map<std::int32_t, double>& heights) {
+// Cells between two reports of the writing's progress (frame/work_progress.h).
+constexpr std::size_t kCellsPerReport = std::size_t{1} << 16;
+
+void appendSheetData(std::string& out, const std::vector<Cell>& cells, const std::map<std::int32_t, double>& heights) {
   out += "<sheetData>";
+  std::size_t nextReport = kCellsPerReport;
   auto cell = cells.begin();
   auto height = heights.begin();
   while (cell != cells.end() || height != heights.end()) {
@@ -153,6 +157,10 @@ void appendSheetData(std::string& out, const std::vector<Cell>& cells,
     }
     out += "</row>";
     if (height != heights.end() && height->first == row) ++height;
+    if (const auto written = static_cast<std::size_t>(cell - cells.begin()); written >= nextReport) {
+      reportWork(written, cells.size());
+      nextReport = written + kCellsPerReport;
+    }
   }
   out += "</sheetData>";
 }

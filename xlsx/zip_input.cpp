@@ -52,6 +52,14 @@ std::optional<std::uint64_t> ZipInput::locate(std::string_view part) const {
 
 bool ZipInput::contains(std::string_view part) const { return locate(part).has_value(); }
 
+std::uint64_t ZipInput::declaredSize(std::string_view part) const {
+  const auto index = locate(part);
+  zip_stat_t st;
+  zip_stat_init(&st);
+  if (!index || zip_stat_index(archive_, *index, 0, &st) != 0 || (st.valid & ZIP_STAT_SIZE) == 0) return 0;
+  return st.size;
+}
+
 std::vector<std::string> ZipInput::partNames() const {
   std::vector<std::string> names;
   const zip_int64_t count = zip_get_num_entries(archive_, 0);

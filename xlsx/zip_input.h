@@ -40,6 +40,9 @@ class ZipInput {
   ~ZipInput();
 
   bool contains(std::string_view part) const;
+  // The inflated size the archive declares for a part (a hint, never trusted); 0 when it
+  // declares none or has no such part.
+  std::uint64_t declaredSize(std::string_view part) const;
   // The inflated part; none when the package has no such part.
   std::optional<std::string> read(std::string_view part);
   // The inflated part handed to `sink` piece by piece (at most kPieceBytes each, in order) as it

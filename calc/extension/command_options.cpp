@@ -73,6 +73,7 @@ const std::vector<Option<clsDS>>& describeOptions() {
       {{"ErrorError", Kind::Choice, text(), kErrorBars}, &clsDS::ErrorError},
       // Stored and never read by the class.
       {{"OutputFrequencies", Kind::Flag, false, {}, false}, &clsDS::OutputFrequencies},
+      {{"Textbook", Kind::Flag, false}, &clsDS::Textbook},
       overWrite<clsDS>(),
   };
   return options;
@@ -95,6 +96,7 @@ const std::vector<Option<clsDSCirc>>& circularOptions() {
       {{"OutputRange", Kind::OutputRange, text()}, &clsDSCirc::OutputRange},
       // Stored, but the confidence row is always the 95 % one.
       {{"CL", Kind::Byte, whole(95), {}, false}, &clsDSCirc::CL},
+      {{"Textbook", Kind::Flag, false}, &clsDSCirc::Textbook},
       overWrite<clsDSCirc>(),
   };
   return options;
@@ -113,6 +115,7 @@ const std::vector<Option<clsFreq>>& frequencyOptions() {
       {{"CategoryStartPoint", Kind::Flag, false}, &clsFreq::CategoryStartPoint},
       {{"ShowRawData", Kind::Flag, false}, &clsFreq::ShowRawData},
       {{"DataInRows", Kind::Flag, false}, &clsFreq::DataInRows},
+      {{"Textbook", Kind::Flag, false}, &clsFreq::Textbook},
       {{"InputRange", Kind::DataRange, text()}, &clsFreq::InputRange},
       {{"FrequencyRange", Kind::DataRange, text()}, &clsFreq::FrequencyRange},
       {{"BinRange", Kind::DataRange, text()}, &clsFreq::BinRange},

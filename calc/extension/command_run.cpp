@@ -4,6 +4,7 @@
 #include <stdexcept>
 
 #include "circular/clsDSCirc.h"
+#include "cli/arithmetic_notes.h"
 #include "cli/column_messages.h"
 #include "cli/error_messages.h"
 #include "cli/used_cells.h"
@@ -27,31 +28,34 @@ struct FailureNotes {
 };
 
 // Sets the options and runs Results; on a failure of Results the driver's record of the failed
-// column goes to `notes`. Returns the pasted block.
+// column goes to `failed`. Returns the pasted block and the analysis's notes as sentences
+// (clsFreq keeps none).
 template <class A>
-Range runAnalysis(const OptionValues& values, Application& app, FailureNotes& notes) {
+RunOutcome runAnalysis(const OptionValues& values, Application& app, FailureNotes& failed) {
   A analysis;
   applyOptions(analysis, values, app);
   try {
     analysis.Results(overWriteOf(values));
   } catch (const ComponentError&) {
-    notes.failure = analysis.failure();
+    failed.failure = analysis.failure();
     throw;
   }
-  return *analysis.pastedBlock();
+  RunOutcome outcome{true, analysis.pastedBlock()->AddressWithSheet(), {}};
+  if constexpr (requires { analysis.notes(); }) cli::addNoteWarnings(analysis.notes(), outcome.notes);
+  return outcome;
 }
 
-Range run(Command command, const OptionValues& values, Application& app, FailureNotes& notes) {
+RunOutcome run(Command command, const OptionValues& values, Application& app, FailureNotes& failed) {
   switch (command) {
-    case Command::Describe: return runAnalysis<clsDS>(values, app, notes);
-    case Command::Circular: try { return runAnalysis<clsDSCirc>(values, app, notes);
+    case Command::Describe: return runAnalysis<clsDS>(values, app, failed);
+    case Command::Circular: try { return runAnalysis<clsDSCirc>(values, app, failed);
       } catch (const ComponentError& e) {
         if (e.number() == err::kCircularInput) {
-          notes.cause = cli::angleOutsideSentence(app, cli::usedCells(app, textOption(values, "InputRange")));
+          failed.cause = cli::angleOutsideSentence(app, cli::usedCells(app, textOption(values, "InputRange")));
         }
         throw;
       }
-    case Command::Frequency: return runAnalysis<clsFreq>(values, app, notes);
+    case Command::Frequency: return runAnalysis<clsFreq>(values, app, failed);
   }
   throw std::logic_error("unknown command");
 }
@@ -62,11 +66,11 @@ RunOutcome runCommand(Command command, const OptionValues& values) {
   Application& app = HostSession::Application();
   const cli::ErrorContext context{textOption(values, "InputRange"), textOption(values, "OutputRange"),
                                   std::string(commandInfo(command).analysis)};
-  FailureNotes notes;
+  FailureNotes failed;
   try {
-    return {true, run(command, values, app, notes).AddressWithSheet()};
+    return run(command, values, app, failed);
   } catch (const ComponentError& e) {
-    return {false, cli::messageFor(e, context, notes.failure, notes.cause)};
+    return {false, cli::messageFor(e, context, failed.failure, failed.cause), {}};
   }
 }
 

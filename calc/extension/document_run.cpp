@@ -73,14 +73,14 @@ RunOutcome runOnDocument(const Reference<css::uno::XComponentContext>& context,
                          const Reference<css::frame::XModel>& document, Command command, const OptionValues& values) {
   const std::unique_lock lock(runLock, std::try_to_lock);
   if (!lock.owns_lock()) {
-    return {false, "Another Orvella command is still running; try again when it has finished."};
+    return {false, "Another Orvella command is still running; try again when it has finished.", {}};
   }
   const UndoStep undo(document, commandInfo(command).title);
   try {
     return runAttached(context, document, command, values);
   } catch (const ComponentError& e) {
     // The host itself failed (the office refused a call), outside the analysis.
-    return {false, e.description()};
+    return {false, e.description(), {}};
   }
 }
 

@@ -11,6 +11,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "calc/extension/dispatch_arguments.h"
 #include "calc/extension/document_run.h"
@@ -33,13 +34,33 @@ using css::frame::DispatchResultState::SUCCESS;
 using css::uno::Reference;
 using css::uno::UNO_QUERY;
 
-// How a dispatch ended: a DispatchResultState and the text given as its result.
+// How a dispatch ended: a DispatchResultState and the texts given as its result (protocol_handler.h).
 struct Finish {
   sal_Int16 state;
-  std::string text;
+  std::vector<std::string> texts;
 };
 
-Finish failure(std::string text) { return {FAILURE, std::move(text)}; }
+Finish failure(std::string text) { return {FAILURE, {std::move(text)}}; }
+
+Finish finishOf(const RunOutcome& outcome) {
+  if (!outcome.succeeded) return failure(outcome.text);
+  Finish done{SUCCESS, {outcome.text}};
+  done.texts.insert(done.texts.end(), outcome.notes.begin(), outcome.notes.end());
+  return done;
+}
+
+// The notes of a run, one paragraph each.
+std::string paragraphs(const std::vector<std::string>& notes) {
+  std::string text;
+  for (const std::string& note : notes) text += (text.empty() ? "" : "\n\n") + note;
+  return text;
+}
+
+css::uno::Sequence<OUString> unoTexts(const std::vector<std::string>& texts) {
+  css::uno::Sequence<OUString> out(static_cast<sal_Int32>(texts.size()));
+  for (std::size_t i = 0; i < texts.size(); ++i) out.getArray()[i] = calc::toUno(texts[i]);
+  return out;
+}
 
 // "vnd.orvella:Describe" -> "Describe"; anything after a "?" is no part of the command.
 std::optional<std::string> commandPath(const css::util::URL& url) {
@@ -57,10 +78,13 @@ Finish throughDialog(const Reference<css::uno::XComponentContext>& context, cons
   dialog.fill(values);
   while (dialog.execute()) {
     const RunOutcome outcome = runOnDocument(context, document, command.command, dialog.values());
-    if (outcome.succeeded) return {SUCCESS, outcome.text};
+    if (outcome.succeeded) {
+      if (!outcome.notes.empty()) showInfoBox(context, frame, std::string(command.title), paragraphs(outcome.notes));
+      return finishOf(outcome);
+    }
     showErrorBox(context, frame, std::string(command.title), outcome.text);
   }
-  return {DONTKNOW, std::string()};
+  return {DONTKNOW, {}};
 }
 
 Finish handle(const Reference<css::uno::XComponentContext>& context, const Reference<css::frame::XFrame>& frame,
@@ -79,8 +103,7 @@ Finish handle(const Reference<css::uno::XComponentContext>& context, const Refer
   const std::vector<Argument> given = withoutFrameArguments(argumentsOf(arguments));
   if (given.empty()) return throughDialog(context, frame, document, info);
   try {
-    const RunOutcome outcome = runOnDocument(context, document, *command, optionValuesOf(info, given));
-    return {outcome.succeeded ? SUCCESS : FAILURE, outcome.text};
+    return finishOf(runOnDocument(context, document, *command, optionValuesOf(info, given)));
   } catch (const ArgumentError& e) {
     return failure(e.what());
   }
@@ -142,7 +165,7 @@ void ProtocolHandler::dispatchWithNotification(const css::util::URL& url,
                                                const Reference<css::frame::XDispatchResultListener>& listener) {
   // Keeps this handler alive until the listener has heard the end, whoever else lets go of it.
   const Reference<css::frame::XNotifyingDispatch> self(this);
-  Finish finish{FAILURE, std::string()};
+  Finish finish{FAILURE, {}};
   try {
     finish = handle(context_, Reference<css::frame::XFrame>(frame_), url, arguments);
   } catch (const css::uno::Exception& e) {
@@ -156,7 +179,7 @@ void ProtocolHandler::dispatchWithNotification(const css::util::URL& url,
   css::frame::DispatchResultEvent event;
   event.Source = static_cast<cppu::OWeakObject*>(this);
   event.State = finish.state;
-  event.Result <<= calc::toUno(finish.text);
+  event.Result <<= unoTexts(finish.texts);
   listener->dispatchFinished(event);
 }
 

@@ -10,10 +10,13 @@
 //   - without, through the command's dialog (options_dialog.h), filled with the class's initial
 //     options and the current selection as input; OK runs the command, a failure is shown in a
 //     message box in the words the orvella command prints, and the dialog comes back with the
-//     values as they were, until the run succeeds or the user cancels.
-// A dispatch with notification always ends with dispatchFinished, whatever happened: SUCCESS
-// with the pasted block's reference ("Sheet2!$A$1:$D$7") as result, FAILURE with the sentence
-// saying why, DONTKNOW when the dialog was cancelled (nothing was done).
+//     values as they were, until the run succeeds or the user cancels. When the kept arithmetic
+//     rules changed values of a successful run, one information box says so in the sentences the
+//     command prints as warnings.
+// A dispatch with notification always ends with dispatchFinished, whatever happened, its result
+// a sequence of texts: SUCCESS with the pasted block's reference ("Sheet2!$A$1:$D$7") followed
+// by one sentence per note, FAILURE with the one sentence saying why, DONTKNOW with none when
+// the dialog was cancelled (nothing was done).
 
 #include <com/sun/star/frame/XDispatchProvider.hpp>
 #include <com/sun/star/frame/XFrame.hpp>

@@ -47,11 +47,14 @@ class CliTest : public ::testing::Test {
   }
   ~CliTest() override { std::filesystem::remove_all(dir); }
 
-  RunResult run(const std::vector<std::string>& args) const {
+  RunResult run(const std::vector<std::string>& args) const { return runWithInput(args, "/dev/null"); }
+
+  // With standard input read from `input`.
+  RunResult runWithInput(const std::vector<std::string>& args, const std::filesystem::path& input) const {
     std::string command = quoted(ORVELLA_BINARY);
     for (const std::string& a : args) command += " " + quoted(a);
     const auto outFile = dir / "stdout.txt", errFile = dir / "stderr.txt";
-    command += " >" + quoted(outFile.string()) + " 2>" + quoted(errFile.string()) + " </dev/null";
+    command += " >" + quoted(outFile.string()) + " 2>" + quoted(errFile.string()) + " <" + quoted(input.string());
     const int status = std::system(command.c_str());
     return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, readFile(outFile), readFile(errFile)};
   }

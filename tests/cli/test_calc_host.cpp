@@ -14,6 +14,7 @@
 
 #include "cli_fixture.h"
 #include "frame/errors.h"
+#include "named_workbook.h"
 #include "xlsx/reader_workbook.h"
 
 extern char** environ;
@@ -134,14 +135,16 @@ TEST_F(CalcHostTest, PrintsWhatTheInMemoryHostPrintsAndSavesWhatItPrints) {
   const std::vector<std::string> args = {"describe",     input.string(), "-i",         "Data!A1:C13",
                                          "--headers",    "--all",        "--box-plot", "--error-plot",
                                          "--error-bars", "Range",        "--json"};
-  std::vector<std::string> calc = args;
+  std::vector<std::string> calc = args, inMemory = args;
   calc.insert(calc.end(), {"--host", "calc", "-o", (dir / "calc.xlsx").string()});
-  const RunResult memory = run(args);
+  inMemory.insert(inMemory.end(), {"-o", (dir / "memory.xlsx").string()});
+  const RunResult memory = run(inMemory);
   const RunResult live = run(calc);
   ASSERT_EQ(live.exitCode, 0) << live.err;
   nlohmann::json a = nlohmann::json::parse(memory.out), b = nlohmann::json::parse(live.out);
-  EXPECT_EQ(b["output"], a["output"]);
-  EXPECT_EQ(b["written"], (dir / "calc.xlsx").string());
+  for (const char* member : {"sheet", "cell", "range"}) EXPECT_EQ(b["output"][member], a["output"][member]);
+  EXPECT_EQ(b["output"]["file"], (dir / "calc.xlsx").string());
+  EXPECT_EQ(b["columns"].size(), a["columns"].size());
   ASSERT_EQ(b["block"].size(), a["block"].size());
   for (std::size_t r = 0; r < a["block"].size(); ++r) {
     for (std::size_t c = 0; c < a["block"][r].size(); ++c) {
@@ -182,7 +185,8 @@ TEST_F(CalcHostTest, PrintsWhatTheInMemoryHostPrintsAndSavesWhatItPrints) {
   EXPECT_TRUE(sheet.cellValue(heading + 3, 2).isNumber());
   const std::string package = readFile(dir / "calc.xlsx");
   EXPECT_NE(package.find("xl/charts/chart2.xml"), std::string::npos);
-  EXPECT_EQ(filesIn(dir), (std::vector<std::string>{"calc.xlsx", "plants.xlsx", "stderr.txt", "stdout.txt"}));
+  EXPECT_EQ(filesIn(dir),
+            (std::vector<std::string>{"calc.xlsx", "memory.xlsx", "plants.xlsx", "stderr.txt", "stdout.txt"}));
 }
 
 // A workbook saved as .ods by the office is read by it again, as is delimited text.
@@ -201,6 +205,26 @@ TEST_F(CalcHostTest, ReadsOdsAndTextAndWritesOds) {
   const nlohmann::json block = nlohmann::json::parse(again.out)["block"];
   EXPECT_EQ(block[4][1], 15);  // Sum
   EXPECT_EQ(block[5][1], 5);   // Count
+}
+
+// The office keeps the file's names as named ranges of its own, workbook- and sheet-level; they
+// stand for the same cells as on the default host.
+TEST_F(CalcHostTest, DefinedNamesResolveThroughTheOfficesNamedRanges) {
+  const std::string file = namedWorkbook(dir).string();
+  const std::vector<std::vector<std::string>> runs = {
+      {"describe", file, "-i", "Heights", "--headers", "--mean", "--count", "--json"},
+      {"describe", file, "-i", "Other!Left", "--headers", "--sum", "--json"},
+  };
+  for (std::vector<std::string> args : runs) {
+    SCOPED_TRACE(args[3]);
+    const RunResult memory = run(args);
+    args.insert(args.end(), {"--host", "calc"});
+    const RunResult live = run(args);
+    ASSERT_EQ(live.exitCode, 0) << live.err;
+    const nlohmann::json a = nlohmann::json::parse(memory.out), b = nlohmann::json::parse(live.out);
+    EXPECT_EQ(b["input"], a["input"]);
+    EXPECT_EQ(b["columns"].dump(), a["columns"].dump());
+  }
 }
 
 TEST_F(CalcHostTest, RefusesWhatItCannotWrite) {

@@ -18,7 +18,8 @@ TEST_F(CliTest, PrintsTheDefaultTableAndWritesNothing) {
   ASSERT_EQ(r.exitCode, 0) << r.err;
   EXPECT_NE(r.out.find("Input Range = Data!$A$1:$B$9"), std::string::npos) << r.out;
   EXPECT_EQ(words(lineStarting(r.out, "Mean")), (std::vector<std::string>{"Mean", "5", "4.5"}));
-  EXPECT_EQ(words(lineStarting(r.out, "Std Dev.")), (std::vector<std::string>{"Std", "Dev.", "2.13809", "2.44949"}));
+  EXPECT_EQ(words(lineStarting(r.out, "Std Dev.")),
+            (std::vector<std::string>{"Std", "Dev.", "2.1380899352994", "2.44948974278318"}));
   // Numbers are right-aligned: the last characters of the value lines line up.
   EXPECT_EQ(lineStarting(r.out, "Mean").size(), lineStarting(r.out, "Std Error").size());
   EXPECT_EQ(readFile(file), before);
@@ -33,10 +34,10 @@ TEST_F(CliTest, JsonBlockIsWhatTheWorkbookHolds) {
   ASSERT_EQ(r.exitCode, 0) << r.err;
   const nlohmann::json doc = nlohmann::json::parse(r.out);
   EXPECT_EQ(doc["analysis"], "describe");
-  EXPECT_EQ(doc["input"], "Data!A1:B9");
+  EXPECT_EQ(doc["input"], "Data!$A$1:$B$9");
   EXPECT_EQ(doc["output"]["sheet"], "Sheet1");
   EXPECT_EQ(doc["output"]["cell"], "$A$1");
-  EXPECT_EQ(doc["written"], out.string());
+  EXPECT_EQ(doc["output"]["file"], out.string());
   InMemoryApplication app;
   InMemoryWorkbook& book = openWorkbookFile(app, out).book;
   ASSERT_EQ(book.WorksheetsCount(), 2);

@@ -61,11 +61,16 @@ TEST_F(CliTest, FrequencyWarnsWhenEmptyCellsAreCountedAsZero) {
     std::string warning;  // empty: none expected
   };
   const std::vector<Case> cases = {
-      {"binned, two cells below the data", {"-i", "Data!A1:A13", "--headers", "--bins", "Data!C1:C4"},
+      {"binned, two cells below the data",
+       {"-i", "Data!A1:A13", "--headers", "--bins", "Data!C1:C4"},
        "2 empty cells of \"Time\" (Data!$A$2:$A$13) are counted as the value 0"},
-      {"binned without headers", {"-i", "Data!A2:A12", "--bins", "Data!C2:C4"},
+      {"an unqualified reference reads the data sheet, not the results sheet",
+       {"-i", "A1:A13", "--headers", "--bins", "C1:C4"},
+       "2 empty cells of \"Time\" (Data!$A$2:$A$13) are counted as the value 0"},
+      {"binned without headers",
+       {"-i", "Data!A2:A12", "--bins", "Data!C2:C4"},
        "1 empty cell of \"Column A\" (Data!$A$2:$A$12) is counted as the value 0"},
-      {"nominal counting leaves empty cells out", {"-i", "Data!B1:B13", "--headers", "--nominal", "--bins", "Data!C1:C4"}, ""},
+      {"nominal counting leaves empty cells out", {"-i", "Data!B1:B13", "--headers", "--nominal"}, ""},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.name);

@@ -31,10 +31,12 @@ TEST_F(CliTest, WrongUsageIsOneLineNamingTheFlagAndWhatItTakes) {
       {{"describe", f, "-i", "A1:A3", "--zzzzzz"},
        "describe has no option --zzzzzz (orvella describe --help lists them)"},
       {{"descibe", f}, "no command \"descibe\"; did you mean describe?"},
-      {{}, "give a command: describe, circular, frequency or sheets (orvella --help)"},
-      {{"describe", f}, "describe needs --input: range to analyse, e.g. \"Data!A1:C20\" or \"A1:A10,C1:C10\""},
+      {{}, "give a command: describe, circular, frequency, sheets or completion (orvella --help)"},
+      {{"describe", f},
+       "describe needs --input: range to analyse, e.g. \"Data!A1:C20\", \"A1:A10,C1:C10\" or a name the workbook defines"},
       {{"circular", "-i", "A1:A3"}, "circular needs the workbook FILE to read (.xlsx, .xlsm, .csv or .tsv)"},
-      {{"describe", f, "-i"}, "--input needs a value: range to analyse, e.g. \"Data!A1:C20\" or \"A1:A10,C1:C10\""},
+      {{"describe", f, "-i"},
+       "--input needs a value: range to analyse, e.g. \"Data!A1:C20\", \"A1:A10,C1:C10\" or a name the workbook defines"},
       {{"describe", f, "-i", "A1:A3", "extra.xlsx"},
        "describe takes one FILE; \"extra.xlsx\" is one argument too many (a reference with blanks must be quoted)"},
       {{"describe", f, "-i", "A1:A3", "-o", "out.csv"},
@@ -49,6 +51,41 @@ TEST_F(CliTest, WrongUsageIsOneLineNamingTheFlagAndWhatItTakes) {
     EXPECT_EQ(r.out, "");
   }
   EXPECT_EQ(run({"describe", "--help"}).exitCode, 0);
+}
+
+TEST_F(CliTest, ContradictoryFlagsAreWrongUsage) {
+  const auto file = workbook("u.xlsx", {{"A", {1.0, 2.0}}});
+  const std::string f = file.string();
+  const struct {
+    std::vector<std::string> args;
+    std::string line;
+  } cases[] = {
+      {{"describe", f, "-i", "A1:A3", "--box-plot"},
+       "--box-plot draws a chart into the written workbook; give -o OUT.xlsx (or --in-place) to write one"},
+      {{"describe", f, "-i", "A1:A3", "--mean", "--error-plot"},
+       "--error-plot draws a chart into the written workbook; give -o OUT.xlsx (or --in-place) to write one"},
+      {{"circular", f, "-i", "A1:A3", "--plot", "--json"},
+       "--plot draws a chart into the written workbook; give -o OUT.xlsx (or --in-place) to write one"},
+      {{"frequency", f, "-i", "A1:A3", "--histogram"},
+       "--histogram draws a chart into the written workbook; give -o OUT.xlsx (or --in-place) to write one"},
+      {{"frequency", f, "-i", "A1:A3", "--nominal", "--bins", "B1:B3"},
+       "--nominal counts items, which have no bins; leave out --bins, or --nominal to count numbers in bins"},
+      {{"describe", f, "-i", "A1:A3", "--json", "--csv"}, "give either --json or --csv, not both"},
+      {{"circular", f, "-i", "A1:A3", "--quiet", "--csv", "-o", "x.xlsx"},
+       "--quiet prints nothing, but --csv asks for the results on standard output; leave out one of them"},
+      {{"describe", f, "-i", "A1:A3", "--quiet"},
+       "--quiet prints nothing and nothing would be written; give -o OUT.xlsx (or --in-place) to keep the results, or "
+       "leave out --quiet"},
+      {{"describe", "-", "-i", "A1:A3", "--in-place"},
+       "standard input cannot be written in place; use -o OUT.xlsx instead of --in-place"},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.line);
+    const RunResult r = run(c.args);
+    EXPECT_EQ(r.exitCode, 2);
+    EXPECT_EQ(r.err, "orvella: " + c.line + "\n");
+    EXPECT_FALSE(std::filesystem::exists(dir / "x.xlsx"));
+  }
   EXPECT_EQ(run({"--version"}).exitCode, 0);
 }
 

@@ -60,13 +60,14 @@ TEST(DoubleSort, MatchesTheStableComparisonSortBitForBit) {
   const double extremes[] = {std::numeric_limits<double>::infinity(), -std::numeric_limits<double>::infinity(),
                              std::numeric_limits<double>::denorm_min(), -std::numeric_limits<double>::denorm_min(),
                              std::numeric_limits<double>::max(), std::numeric_limits<double>::lowest(), 0.0, -0.0};
-  std::vector<double> wide, zeros, edges;
+  std::vector<double> wide, zeros, edges, unsignedEdges;
   for (int i = 0; i < 5000; ++i) {
     wide.push_back(spread(random));
     zeros.push_back(i % 3 == 0 ? -0.0 : (i % 3 == 1 ? 0.0 : few(random) * 0.5));  // many ties and signed zeros
     edges.push_back(extremes[random() % 8]);
+    unsignedEdges.push_back(extremes[random() % 7]);  // without -0, sorted by their keys alone
   }
-  for (const auto& values : {wide, zeros, edges}) expectSameAsStableSort(values);
+  for (const auto& values : {wide, zeros, edges, unsignedEdges}) expectSameAsStableSort(values);
   expectSameAsStableSort({3.0, -0.0, 1.0, 0.0});  // short: the comparison sort itself
 }
 

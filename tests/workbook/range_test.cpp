@@ -27,6 +27,60 @@ TEST_F(HostTest, ReferencesResolveOnTheActiveSheetOrTheNamedOne) {
   }
 }
 
+TEST_F(HostTest, DefinedNamesResolveSheetLevelFirstThenWorkbookLevel) {
+  book.addName({"Heights", std::nullopt, "Data!$A$1:$C$13", false});
+  book.addName({"Local", std::nullopt, "Data!$B$2", false});
+  book.addName({"local", std::string("My data"), "'My data'!$D$4:$D$6", false});
+  book.addName({"Pair", std::nullopt, "=Data!$A$1:$A$3,Data!$C$1:$C$3", false});
+  book.addName({"Here", std::nullopt, "$E$1:$E$2", false});  // no sheet: the scope's sheet
+  book.addName({"Rate", std::nullopt, "0.05", false});
+  const struct {
+    const char* active;
+    std::string reference, sheet, address;
+  } cases[] = {
+      {"Data", "Heights", "Data", "$A$1:$C$13"},
+      {"Data", "HEIGHTS", "Data", "$A$1:$C$13"},
+      {"Data", "Local", "Data", "$B$2"},                    // the active sheet has no sheet-level Local
+      {"My data", "Local", "My data", "$D$4:$D$6"},         // its sheet-level name comes first
+      {"Data", "'My data'!LOCAL", "My data", "$D$4:$D$6"},  // qualified: that sheet's name
+      {"Data", "Pair", "Data", "$A$1:$A$3,$C$1:$C$3"},      // a leading "=" and several areas
+      {"My data", "Here", "My data", "$E$1:$E$2"},
+      {"Data", "Heights!A1", "Data", "$A$1"},  // no sheet Heights: not a name either
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.reference);
+    book.Worksheets(c.active).Activate();
+    const Raised failure = raised([&] {
+      const Range r = app.ResolveRange(c.reference);
+      EXPECT_EQ(r.Parent().Name(), c.sheet);
+      EXPECT_EQ(r.Address(), c.address);
+    });
+    if (c.reference == "Heights!A1") {
+      EXPECT_EQ(failure.number, 1004);
+    } else {
+      EXPECT_EQ(failure.number, 0) << failure.description;
+    }
+  }
+  book.Worksheets("Data").Activate();
+  const struct {
+    std::string text, said;
+  } failures[] = {
+      {"Rate",
+       "The name \"Rate\" of the workbook \"Book1.xlsx\" does not stand for cells of the workbook: it is \"0.05\""},
+      {"Nameless", "\"Nameless\" is not a valid reference"},
+      {"Data!Heights", "\"Data!Heights\" is not a valid reference"},  // a workbook-level name under a sheet
+  };
+  for (const auto& f : failures) {
+    SCOPED_TRACE(f.text);
+    const Raised r = raised([&] { app.ResolveRange(f.text); });
+    EXPECT_EQ(r.number, 1004);
+    EXPECT_EQ(r.description, f.said);
+  }
+  book.addName({"heights", std::nullopt, "Data!$A$1", false});  // the same name again replaces it
+  EXPECT_EQ(book.names().size(), 6u);
+  EXPECT_EQ(app.ResolveRange("Heights").Address(), "$A$1");
+}
+
 TEST_F(HostTest, CellsRowsColumnsAreasAndAddresses) {
   const Range r = app.ResolveRange("B2:D5");
   EXPECT_EQ(r.Cells(5, 4).Address(), "$E$6");  // relative to the top left, may lie outside

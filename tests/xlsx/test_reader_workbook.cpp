@@ -92,6 +92,39 @@ TEST(ReaderWorkbook, SheetsInWorkbookOrderWithTheirPartsAndChartSheetsLeftOut) {
   EXPECT_EQ(loadWorkbook(app, writeZip("norels.xlsm", noRootRels)).Worksheets(1).cellValue(1, 1), CellValue("x"));
 }
 
+TEST(ReaderWorkbook, DefinedNamesKeepTheirScopeCountingChartSheets) {
+  // localSheetId counts every sheet the workbook lists: 2 is "Other", behind the chart sheet.
+  const std::string names =
+      R"(<definedNames><definedName name="Heights">Data!$A$1:$B$3</definedName>)"
+      R"(<definedName name="Local" localSheetId="2">Other!$C$1</definedName>)"
+      R"(<definedName name="_xlnm.Print_Area" localSheetId="0" hidden="1">Data!$A$1:$B$9</definedName>)"
+      R"(<definedName name="Lost" localSheetId="7">Data!$A$1</definedName></definedNames>)";
+  std::string wb = workbookXml({{"Data", "rId1"}, {"Chart1", "rId2"}, {"Other", "rId3"}});
+  wb.insert(wb.find("</workbook>"), names);
+  const Parts parts = {
+      {"_rels/.rels", rootRels()},
+      {"xl/workbook.xml", wb},
+      {"xl/_rels/workbook.xml.rels", workbookRels({{"rId1", "worksheet", "worksheets/sheet1.xml"},
+                                                   {"rId2", "chartsheet", "chartsheets/sheet1.xml"},
+                                                   {"rId3", "worksheet", "worksheets/sheet2.xml"}})},
+      {"xl/chartsheets/sheet1.xml", "<chartsheet/>"},
+      {"xl/worksheets/sheet1.xml", sheetXml("")},
+      {"xl/worksheets/sheet2.xml", sheetXml("")},
+  };
+  InMemoryApplication app;
+  const LoadedWorkbook loaded = openWorkbookFile(app, writeZip("names.xlsx", parts));
+  const std::vector<DefinedName>& read = loaded.book.names();
+  ASSERT_EQ(read.size(), 3u);  // the name of a sheet that is not there is left out
+  EXPECT_EQ(read[0].name, "Heights");
+  EXPECT_FALSE(read[0].sheet.has_value());
+  EXPECT_EQ(read[0].reference, "Data!$A$1:$B$3");
+  EXPECT_EQ(read[1].sheet, "Other");
+  EXPECT_EQ(read[2].sheet, "Data");
+  EXPECT_TRUE(read[2].hidden);
+  EXPECT_EQ(app.ResolveRange("Heights").Address(), "$A$1:$B$3");
+  EXPECT_EQ(app.ResolveRange("Other!Local").AddressWithSheet(), "Other!$C$1");
+}
+
 TEST(ReaderWorkbook, CellsLandWhereTheySayOrFollowThePreviousOneAndLaterDuplicatesWin) {
   const std::string sheet = sheetXml(
       R"(<row><c><v>1</v></c><c><v>2</v></c><c r="E1"><v>5</v></c><c><v>6</v></c></row>)"

@@ -1,8 +1,8 @@
 // The options of the extension's commands: every option reaches its own property, and the
 // options a dialog opens with are the ones a new object has. Each case runs the command through
 // its table on one in-memory host and the class with its setters called directly on another,
-// on the same data, and compares what they leave: the pasted block, the charts beside it, or
-// the failure.
+// on the same data, and compares what they leave: the pasted block, the charts beside it and the
+// notes on kept arithmetic rules, or the failure.
 
 #include <gtest/gtest.h>
 
@@ -15,6 +15,7 @@
 #include "calc/extension/command_options.h"
 #include "calc/extension/command_run.h"
 #include "circular/clsDSCirc.h"
+#include "cli/arithmetic_notes.h"
 #include "descriptive/clsDS.h"
 #include "frame/conversions.h"
 #include "frame/errors.h"
@@ -47,9 +48,9 @@ struct Host {
   Host& operator=(const Host&) = delete;
 };
 
-// What a run left, as text: the pasted block row by row and every chart on its sheet, or that
-// it failed.
-std::string outcomeOf(const std::optional<Range>& pasted) {
+// What a run left, as text: the pasted block row by row, every chart on its sheet and the notes,
+// or that it failed.
+std::string outcomeOf(const std::optional<Range>& pasted, const std::vector<std::string>& notes) {
   if (!pasted) return "failed";
   std::string text = pasted->AddressWithSheet() + "\n";
   const ValueArray2D values = pasted->Values();
@@ -64,6 +65,7 @@ std::string outcomeOf(const std::optional<Range>& pasted) {
     for (const AxisModel& axis : chart.axes) text += " axis " + axis.title.value_or("-");
     text += "\n";
   }
+  for (const std::string& note : notes) text += "note: " + note + "\n";
   return text;
 }
 
@@ -85,7 +87,11 @@ std::string runDirectly(const Case<A>& c) {
   } catch (const ComponentError&) {
     return "failed";
   }
-  return outcomeOf(analysis.pastedBlock());
+  std::vector<std::string> notes;
+  if constexpr (requires { analysis.notes(); }) {
+    for (const ArithmeticNote& note : analysis.notes()) notes.push_back(cli::noteSentence(note));
+  }
+  return outcomeOf(analysis.pastedBlock(), notes);
 }
 
 std::string runThroughTable(Command command, OptionValues options) {
@@ -93,7 +99,7 @@ std::string runThroughTable(Command command, OptionValues options) {
   options.insert_or_assign("InputRange", std::string(kInput));
   const RunOutcome outcome = runCommand(command, options);
   if (!outcome.succeeded) return "failed";
-  return outcomeOf(host.app.ResolveRange(outcome.text));
+  return outcomeOf(host.app.ResolveRange(outcome.text), outcome.notes);
 }
 
 template <class A>
@@ -148,6 +154,7 @@ TEST(CommandOptions, DescribeOptionsReachTheirProperties) {
          a.Smallest(3);
        }},
       {{{"GetRange", true}}, [](clsDS& a) { a.GetRange(true); }},
+      // The 90th percentile of 12 values lies next to the last one: the kept rule leaves a note.
       {{{"GetPercentile", true}, {"Percentile", std::int64_t{10}}},
        [](clsDS& a) {
          a.GetPercentile(true);
@@ -172,6 +179,15 @@ TEST(CommandOptions, DescribeOptionsReachTheirProperties) {
          a.ErrorError("Range");
        }},
       {{{"OutputFrequencies", true}}, [](clsDS& a) { a.OutputFrequencies(true); }},
+      // The 5th percentile of 12 values fails with the kept rules and is the smallest value with
+      // textbook arithmetic.
+      {{{"Textbook", true}, {"GetKurtosis", true}, {"GetPercentile", true}, {"Percentile", std::int64_t{5}}},
+       [](clsDS& a) {
+         a.Textbook(true);
+         a.GetKurtosis(true);
+         a.GetPercentile(true);
+         a.Percentile(5);
+       }},
       {{{"OutputRange", S("Data!G3")}}, [](clsDS& a) { a.OutputRange("Data!G3"); }},
       // Data!A1 holds data: only with OverWrite does the table go there.
       {{{"OutputRange", S("Data!A1")}, {"OverWrite", true}}, [](clsDS& a) { a.OutputRange("Data!A1"); }, true},
@@ -198,6 +214,12 @@ TEST(CommandOptions, CircularOptionsReachTheirProperties) {
          a.CL(90);
        }},
       {{{"Plot", true}}, [](clsDSCirc& a) { a.Plot(true); }},
+      {{{"Textbook", true}, {"GetMean", true}, {"GetRayleigh", true}},
+       [](clsDSCirc& a) {
+         a.Textbook(true);
+         a.GetMean(true);
+         a.GetRayleigh(true);
+       }},
       {{{"OutputRange", std::string("Data!G3")}}, [](clsDSCirc& a) { a.OutputRange("Data!G3"); }},
       {{{"OutputRange", std::string("Data!A1")}, {"OverWrite", true}},
        [](clsDSCirc& a) { a.OutputRange("Data!A1"); },
@@ -238,6 +260,11 @@ TEST(CommandOptions, FrequencyOptionsReachTheirProperties) {
        }},
       {{{"FrequencyRange", S("Data!E1:E12")}}, [](clsFreq& a) { a.FrequencyRange("Data!E1:E12"); }},
       {{{"DataInRows", true}}, [](clsFreq& a) { a.DataInRows(true); }},
+      {{{"Textbook", true}, {"BinRange", S("Data!D1:D4")}},
+       [](clsFreq& a) {
+         a.Textbook(true);
+         a.BinRange("Data!D1:D4");
+       }},
       {{{"OutputRange", S("Data!G3")}}, [](clsFreq& a) { a.OutputRange("Data!G3"); }},
       {{{"OutputRange", S("Data!A1")}, {"OverWrite", true}}, [](clsFreq& a) { a.OutputRange("Data!A1"); }, true},
   };
@@ -292,14 +319,14 @@ TEST(CommandOptions, OptionsAreThePublicPropertiesInMemberOrder) {
                            "BoxYTitle",     "ErrorTitle",
                            "ErrorYTitle",   "ErrorCentre",
                            "ErrorError",    "OutputFrequencies",
-                           "OverWrite"}},
+                           "Textbook",      "OverWrite"}},
       {Command::Circular,
        {"Headers", "GetMean", "GetMeanVector", "GetCount", "GetAngularSD", "GetAngularVar", "GetCircularSD",
-        "GetCircularVar", "GetRayleigh", "GetCL", "Plot", "InputRange", "OutputRange", "CL", "OverWrite"}},
+        "GetCircularVar", "GetRayleigh", "GetCL", "Plot", "InputRange", "OutputRange", "CL", "Textbook", "OverWrite"}},
       {Command::Frequency,
        {"Headers", "DataType", "PlotHistogram", "PlotNormal", "PlotCumulative", "HistogramTitle", "HistogramXTitle",
-        "HistogramYTitle", "CategoryStartPoint", "ShowRawData", "DataInRows", "InputRange", "FrequencyRange",
-        "BinRange", "OutputRange", "OverWrite"}},
+        "HistogramYTitle", "CategoryStartPoint", "ShowRawData", "DataInRows", "Textbook", "InputRange",
+        "FrequencyRange", "BinRange", "OutputRange", "OverWrite"}},
   };
   for (const auto& [command, names] : interfaces) {
     std::vector<std::string_view> options;

@@ -94,12 +94,12 @@ TEST(DispatchArguments, AValueThatDoesNotFitIsRefusedByName) {
        "GetSE, GetSD, GetVariance, GetCV, GetCL, GetSum, GetSkewness, GetKurtosis, GetMin, GetMax, GetCount, "
        "GetLargest, GetSmallest, GetRange, GetPercentile, PlotBox, PlotError, InputRange, OutputRange, CL, "
        "Percentile, Largest, Smallest, BoxTitle, BoxYTitle, ErrorTitle, ErrorYTitle, ErrorCentre, ErrorError, "
-       "OutputFrequencies, OverWrite."},
+       "OutputFrequencies, Textbook, OverWrite."},
       {Command::Circular,
        {"Percentile", std::int64_t{10}},
        "vnd.orvella:Circular has no argument named \"Percentile\"; it takes Headers, GetMean, GetMeanVector, "
        "GetCount, GetAngularSD, GetAngularVar, GetCircularSD, GetCircularVar, GetRayleigh, GetCL, Plot, "
-       "InputRange, OutputRange, CL, OverWrite."},
+       "InputRange, OutputRange, CL, Textbook, OverWrite."},
   };
   for (const Refused& c : cases) {
     SCOPED_TRACE(c.argument.name);

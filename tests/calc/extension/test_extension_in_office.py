@@ -5,9 +5,10 @@ The package is installed with unopkg into a private folder (profile and shared p
 the office is started on that folder and a free local port, and this script drives it through
 UNO as a macro would: it opens workbooks, dispatches vnd.orvella:Describe, :Circular and
 :Frequency with arguments, and checks the cells and charts the commands leave, against what the
-orvella command computes for the same file with its in-memory host. Failures must finish the
-dispatch with the sentence the command prints, and leave the document as it was. The office is
-stopped by its process id at the end, whatever happened.
+orvella command computes for the same file with its in-memory host, and the notes on kept
+arithmetic rules that come back in the dispatch's result against the command's warnings.
+Failures must finish the dispatch with the sentence the command prints, and leave the document
+as it was. The office is stopped by its process id at the end, whatever happened.
 
 Usage: test_extension_in_office.py --oxt orvella.oxt --orvella ORVELLA --office PROGRAM_DIR --examples DIR
 """
@@ -140,19 +141,32 @@ def tearDownModule():
         shutil.rmtree(OFFICE.folder, ignore_errors=True)
 
 
-def command_json(analysis, workbook, *options):
-    """The block the orvella command pastes for the same file and options, with its own host."""
-    done = subprocess.run([ARGS.orvella, analysis, workbook, *options, '--json'], stdout=subprocess.PIPE,
-                          stderr=subprocess.PIPE, timeout=120)
+def run_command(analysis, workbook, *options):
+    """The orvella command on the same file and options, with its own host. It writes its workbook
+    to a scratch folder, since the command draws charts only into a workbook it writes."""
+    with tempfile.TemporaryDirectory(prefix='orvella-command-') as scratch:
+        suffix = os.path.splitext(workbook)[1].lower()
+        written = os.path.join(scratch, 'out' + (suffix if suffix in ('.xlsx', '.xlsm') else '.xlsx'))
+        return subprocess.run([ARGS.orvella, analysis, workbook, *options, '-o', written], stdout=subprocess.PIPE,
+                              stderr=subprocess.PIPE, timeout=120)
+
+
+def command_report(analysis, workbook, *options):
+    """What the orvella command reports for the same file and options, with its own host."""
+    done = run_command(analysis, workbook, *options, '--json')
     if done.returncode != 0:
         raise AssertionError(f'orvella {analysis} failed: {done.stderr.decode()}')
-    return json.loads(done.stdout)['block']
+    return json.loads(done.stdout)
+
+
+def command_json(analysis, workbook, *options):
+    """The block the orvella command pastes for the same file and options."""
+    return command_report(analysis, workbook, *options)['block']
 
 
 def command_failure(analysis, workbook, *options):
     """The line the orvella command prints for a failure, without its "orvella: " prefix."""
-    done = subprocess.run([ARGS.orvella, analysis, workbook, *options], stdout=subprocess.PIPE,
-                          stderr=subprocess.PIPE, timeout=120)
+    done = run_command(analysis, workbook, *options)
     line = done.stderr.decode().strip().splitlines()[-1]
     assert done.returncode == 1 and line.startswith('orvella: '), done.stderr.decode()
     return line[len('orvella: '):]
@@ -226,6 +240,23 @@ class ExtensionTest(unittest.TestCase):
         self.documents.append(document)
         return path, document
 
+    def succeeded(self, result):
+        """The pasted block's reference and the notes of a successful dispatch."""
+        self.assertEqual(result.State, SUCCESS, result.Result)
+        self.assertGreaterEqual(len(result.Result), 1)
+        return result.Result[0], list(result.Result[1:])
+
+    def made_workbook(self, name, cells, values):
+        """A new workbook with `values` in Sheet1's `cells`, saved as .xlsx and opened again."""
+        made = OFFICE.desktop.loadComponentFromURL('private:factory/scalc', '_blank', 0, (prop('Hidden', True),))
+        made.Sheets.getByIndex(0).getCellRangeByName(cells).setDataArray(values)
+        path = os.path.join(self.folder, name)
+        made.storeToURL(file_url(path), (prop('FilterName', 'Calc MS Excel 2007 XML'),))
+        made.close(True)
+        document = OFFICE.load(path)
+        self.documents.append(document)
+        return path, document
+
     def assertSameBlock(self, office_block, command_block):
         self.assertEqual(len(office_block), len(command_block))
         for r, (got_row, want_row) in enumerate(zip(office_block, command_block)):
@@ -262,13 +293,13 @@ class ExtensionTest(unittest.TestCase):
                                  GetMedian=True, GetSD=True, GetCL=True, CL=99, GetPercentile=True, PlotBox=True,
                                  BoxTitle='Heights', PlotError=True, ErrorTitle='Means', ErrorCentre='Mean',
                                  ErrorError='Confidence Limits')
-        self.assertEqual(result.State, SUCCESS, result.Result)
+        block, _ = self.succeeded(result)
         expected = command_json('describe', path, '-i', 'Heights!A1:C13', '--headers', '--mean', '--median', '--sd',
                                 '--cl', '99', '--percentiles', '--box-plot', '--box-title', 'Heights',
                                 '--error-plot', '--error-title', 'Means', '--error-centre', 'Mean',
                                 '--error-bars', 'Confidence Limits')
-        self.assertSameBlock(cells(document, result.Result), expected)
-        sheet, _ = split_reference(result.Result)
+        self.assertSameBlock(cells(document, block), expected)
+        sheet, _ = split_reference(block)
         # The box plot's price series become one candlestick series; the median comes twice, as
         # the box builder adds it (the second on the secondary axis).
         self.assertEqual(charts_on(document, sheet), [
@@ -283,11 +314,11 @@ class ExtensionTest(unittest.TestCase):
         path, document = self.open_copy('headings.xlsx')
         result = OFFICE.dispatch(document, 'Circular', InputRange='Pigeons!A1:B16', Headers=True, GetMean=True,
                                  GetRayleigh=True, Plot=True, OutputRange='Pigeons!E2')
-        self.assertEqual(result.State, SUCCESS, result.Result)
-        self.assertTrue(result.Result.startswith('Pigeons!$E$2:'), result.Result)
+        block, _ = self.succeeded(result)
+        self.assertTrue(block.startswith('Pigeons!$E$2:'), block)
         expected = command_json('circular', path, '-i', 'Pigeons!A1:B16', '--headers', '--mean-angle', '--rayleigh',
                                 '--plot', '--output', 'Pigeons!E2')
-        self.assertSameBlock(cells(document, result.Result), expected)
+        self.assertSameBlock(cells(document, block), expected)
         self.assertEqual(charts_on(document, 'Pigeons'), [
             ('Kestrel Farm', ('ScatterChartType',), 1, 0),
             ('Millbrook', ('ScatterChartType',), 1, 0),
@@ -299,27 +330,63 @@ class ExtensionTest(unittest.TestCase):
         result = OFFICE.dispatch(document, 'Frequency', InputRange='Survey!A1:A31', Headers=True,
                                  BinRange='Survey!C1:C7', PlotHistogram=True, HistogramTitle='Ages',
                                  PlotCumulative=True)
-        self.assertEqual(result.State, SUCCESS, result.Result)
+        block, _ = self.succeeded(result)
         expected = command_json('frequency', path, '-i', 'Survey!A1:A31', '--headers', '--bins', 'Survey!C1:C7',
                                 '--histogram', '--title', 'Ages', '--cumulative')
-        self.assertSameBlock(cells(document, result.Result), expected)
-        sheet, _ = split_reference(result.Result)
+        self.assertSameBlock(cells(document, block), expected)
+        sheet, _ = split_reference(block)
         charts = charts_on(document, sheet)
         self.assertEqual(len(charts), 1)
         self.assertEqual(charts[0][0], 'Ages')
         self.assertIn('ColumnChartType', charts[0][1])
         self.assertKeptThroughFiles(document, sheet)
 
+    def test_textbook_arithmetic_gives_the_commands_textbook_block_without_notes(self):
+        # Each where a kept rule would change a value: percentiles next to the last of 12 values,
+        # Rayleigh's probability, empty cells among the reaction times counted into bins.
+        cases = [
+            ('plants.xlsx', 'Describe', 'describe',
+             dict(InputRange='Heights!A1:C13', Headers=True, GetMean=True, GetPercentile=True, Percentile=10,
+                  GetKurtosis=True),
+             ['-i', 'Heights!A1:C13', '--headers', '--mean', '--percentiles', '10', '--kurtosis']),
+            ('headings.xlsx', 'Circular', 'circular',
+             dict(InputRange='Pigeons!A1:B16', Headers=True, GetMean=True, GetRayleigh=True),
+             ['-i', 'Pigeons!A1:B16', '--headers', '--mean-angle', '--rayleigh']),
+            ('survey.xlsx', 'Frequency', 'frequency',
+             dict(InputRange='Survey!A1:A40', Headers=True, BinRange='Survey!C1:C7'),
+             ['-i', 'Survey!A1:A40', '--headers', '--bins', 'Survey!C1:C7']),
+        ]
+        for example, command, analysis, arguments, flags in cases:
+            with self.subTest(command=command):
+                path, document = self.open_copy(example)
+                block, notes = self.succeeded(OFFICE.dispatch(document, command, Textbook=True, **arguments))
+                self.assertSameBlock(cells(document, block), command_json(analysis, path, *flags, '--textbook'))
+                self.assertEqual(notes, [])
+
+    def test_notes_on_kept_rules_come_back_in_the_commands_words(self):
+        # Bearings around 225 degrees: the kept rules read their mean reflected into the fourth quadrant.
+        angles_path, angles = self.made_workbook('bearings.xlsx', 'A1:A5',
+                                                 (('Bearing',), (200.0,), (215.0,), (235.0,), (250.0,)))
+        plants_path, plants = self.open_copy('plants.xlsx')
+        cases = [
+            (plants, plants_path, 'Describe', 'describe',
+             dict(InputRange='Heights!A1:C13', Headers=True, GetPercentile=True, Percentile=10),
+             ['-i', 'Heights!A1:C13', '--headers', '--percentiles', '10']),
+            (angles, angles_path, 'Circular', 'circular', dict(InputRange='Sheet1!A1:A5', Headers=True, GetMean=True),
+             ['-i', 'Sheet1!A1:A5', '--headers', '--mean-angle']),
+        ]
+        for document, path, command, analysis, arguments, flags in cases:
+            with self.subTest(command=command):
+                block, notes = self.succeeded(OFFICE.dispatch(document, command, **arguments))
+                report = command_report(analysis, path, *flags)
+                self.assertSameBlock(cells(document, block), report['block'])
+                self.assertTrue(notes)
+                self.assertEqual(notes, report['warnings'])
+
     def test_a_failure_finishes_in_the_commands_words_and_changes_nothing(self):
         # A text among the numbers, in a workbook saved and opened again, so that it starts unmodified.
-        made = OFFICE.desktop.loadComponentFromURL('private:factory/scalc', '_blank', 0, (prop('Hidden', True),))
-        made.Sheets.getByIndex(0).getCellRangeByName('A1:B5').setDataArray(
-            (('a', 'b'), (1.0, 2.0), (3.0, 'x'), (5.0, 6.0), (7.0, 8.0)))
-        path = os.path.join(self.folder, 'text among numbers.xlsx')
-        made.storeToURL(file_url(path), (prop('FilterName', 'Calc MS Excel 2007 XML'),))
-        made.close(True)
-        document = OFFICE.load(path)
-        self.documents.append(document)
+        path, document = self.made_workbook('text among numbers.xlsx', 'A1:B5',
+                                            (('a', 'b'), (1.0, 2.0), (3.0, 'x'), (5.0, 6.0), (7.0, 8.0)))
         before = snapshot(document)
         cases = [
             ('Describe', 'describe', dict(InputRange='Sheet1!A1:B5', Headers=True, GetMean=True), ['--mean']),
@@ -333,11 +400,12 @@ class ExtensionTest(unittest.TestCase):
             with self.subTest(command=command, arguments=sorted(arguments)):
                 result = OFFICE.dispatch(document, command, **arguments)
                 self.assertEqual(result.State, FAILURE)
+                self.assertEqual(len(result.Result), 1, result.Result)
                 if analysis is not None:
-                    self.assertEqual(result.Result, command_failure(analysis, path, '-i', 'Sheet1!A1:B5', '--headers',
-                                                                    *flags))
+                    self.assertEqual(result.Result[0], command_failure(analysis, path, '-i', 'Sheet1!A1:B5',
+                                                                       '--headers', *flags))
                 else:
-                    self.assertIn('has no argument named "GetMeen"', result.Result)
+                    self.assertIn('has no argument named "GetMeen"', result.Result[0])
                 self.assertEqual(snapshot(document), before)
 
     def test_an_angle_outside_the_circle_is_named_by_its_cell(self):
@@ -348,8 +416,8 @@ class ExtensionTest(unittest.TestCase):
         made.storeToURL(file_url(path), (prop('FilterName', 'Calc MS Excel 2007 XML'),))
         result = OFFICE.dispatch(made, 'Circular', InputRange='Sheet1!A1:A4')
         self.assertEqual(result.State, FAILURE)
-        self.assertEqual(result.Result, command_failure('circular', path, '-i', 'Sheet1!A1:A4'))
-        self.assertIn('Sheet1!$A$3 holds 400', result.Result)
+        self.assertEqual(result.Result, (command_failure('circular', path, '-i', 'Sheet1!A1:A4'),))
+        self.assertIn('Sheet1!$A$3 holds 400', result.Result[0])
 
     def test_without_arguments_the_dialog_opens_and_is_cancelled_headless(self):
         # A headless office cancels a modal dialog at once: the dispatch ends as "nothing done",
@@ -362,6 +430,7 @@ class ExtensionTest(unittest.TestCase):
                 with self.subTest(command=command, arguments=arguments):
                     result = OFFICE.dispatch(document, command, **arguments)
                     self.assertEqual(result.State, DONTKNOW, result.Result)
+                    self.assertEqual(result.Result, ())
                     self.assertEqual(snapshot(document), before)
 
     def test_menu_entries_are_merged_into_data_statistics(self):

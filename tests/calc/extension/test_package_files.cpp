@@ -134,6 +134,36 @@ TEST(PackageFiles, EveryDialogControlIsAnOptionShowingItsInitialValue) {
   }
 }
 
+// A control placed over another, or beyond the dialog's edge, hides part of it.
+TEST(PackageFiles, DialogControlsNeitherOverlapNorLeaveTheDialog) {
+  struct Box {
+    std::string id;
+    std::int64_t left, top, right, bottom;
+  };
+  for (const CommandInfo& command : allCommands()) {
+    SCOPED_TRACE(std::string(command.name));
+    const pugi::xml_document dialog = load("dialogs/" + std::string(command.name) + ".xdl");
+    const pugi::xml_node window = dialog.child("dlg:window");
+    std::vector<Box> boxes;
+    for (const pugi::xml_node& n : controlsOf(dialog)) {
+      const std::int64_t left = whole(n, "dlg:left"), top = whole(n, "dlg:top");
+      boxes.push_back(
+          {n.attribute("dlg:id").value(), left, top, left + whole(n, "dlg:width"), top + whole(n, "dlg:height")});
+    }
+    for (std::size_t i = 0; i < boxes.size(); ++i) {
+      const Box& a = boxes[i];
+      EXPECT_TRUE(a.left >= 0 && a.top >= 0 && a.right <= whole(window, "dlg:width") &&
+                  a.bottom <= whole(window, "dlg:height"))
+          << a.id << " leaves the dialog";
+      for (std::size_t j = i + 1; j < boxes.size(); ++j) {
+        const Box& b = boxes[j];
+        EXPECT_FALSE(a.left < b.right && b.left < a.right && a.top < b.bottom && b.top < a.bottom)
+            << a.id << " overlaps " << b.id;
+      }
+    }
+  }
+}
+
 TEST(PackageFiles, TheOfficeFindsTheExtensionByTheNamesTheCodeUses) {
   const pugi::xml_document description = load("description.xml.in");
   EXPECT_EQ(std::string(description.child("description").child("identifier").attribute("value").value()),

@@ -1,0 +1,93 @@
+// The table printed on the terminal: numbers as a General cell shows them, columns aligned by the
+// width the terminal gives each character.
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "cli/block_report.h"
+#include "cli/display_width.h"
+
+namespace orv::cli {
+namespace {
+
+std::vector<std::string> linesOf(const std::string& text) {
+  std::vector<std::string> lines;
+  std::istringstream in(text);
+  for (std::string line; std::getline(in, line);) lines.push_back(line);
+  return lines;
+}
+
+TEST(DisplayWidth, CountsColumnsNotBytes) {
+  const struct {
+    std::string text;
+    std::size_t width;
+  } cases[] = {
+      {"", 0},
+      {"Mean", 4},
+      {"µg/l", 4},                // µ is two bytes, one column
+      {"95%CL (±)", 9},           // so is ±
+      {"身長", 4},                // CJK ideographs take two columns each
+      {"ｱｲ", 2},                  // halfwidth katakana take one
+      {"Ｎ", 2},                  // fullwidth forms take two
+      {"e\xCC\x81t\xC3\xA9", 3},  // a combining accent takes none
+      {"\xFF\xFEx", 3},           // bytes that are no UTF-8 take one each
+      {"\xE4\xB8", 2},            // a sequence cut short as well
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.text);
+    EXPECT_EQ(displayWidth(c.text), c.width);
+    EXPECT_EQ(displayWidth(padRight(c.text, 12)), std::max<std::size_t>(12, c.width));
+    EXPECT_EQ(displayWidth(padLeft(c.text, 12)), std::max<std::size_t>(12, c.width));
+  }
+}
+
+TEST(PrintedTable, NumbersLookAsInAGeneralCell) {
+  const struct {
+    double value;
+    std::string shown;
+  } cases[] = {
+      {4500000.12, "4500000.12"},
+      {21.641666666666666, "21.6416666666667"},  // 15 significant digits
+      {0.1 + 0.2, "0.3"},
+      {-0.0, "0"},
+      {123456789012345.0, "123456789012345"},
+      {1e15, "1E+15"},
+      {0.0001, "0.0001"},
+      {6.252705014900346e-08, "6.25270501490035E-08"},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.shown);
+    ValueArray2D block(1, 2);
+    block(1, 1) = CellValue("x");
+    block(1, 2) = CellValue(c.value);
+    EXPECT_EQ(formatTable(block), "x  " + c.shown + "\n");
+  }
+}
+
+TEST(PrintedTable, ColumnsAlignByDisplayWidth) {
+  ValueArray2D block(4, 3);
+  block(1, 2) = CellValue("身長");
+  block(1, 3) = CellValue("µg");
+  block(2, 1) = CellValue("Mean");
+  block(2, 2) = CellValue(172.5);
+  block(2, 3) = CellValue(3.25);
+  block(3, 1) = CellValue("95%CL (±)");
+  block(3, 2) = CellValue(1.0);
+  block(3, 3) = CellValue("n/a");
+  block(4, 1) = CellValue("Count");
+  block(4, 2) = CellValue(12.0);
+  block(4, 3) = CellValue(12.0);
+  const std::vector<std::string> lines = linesOf(formatTable(block));
+  ASSERT_EQ(lines.size(), 4u);
+  // Every value column ends at the same terminal column on every line.
+  for (const std::string& line : lines) {
+    SCOPED_TRACE(line);
+    EXPECT_EQ(displayWidth(line), displayWidth(lines[1]));
+  }
+  EXPECT_EQ(lines[0], "            身長    µg");
+  EXPECT_EQ(lines[2], "95%CL (±)      1   n/a");
+}
+
+}  // namespace
+}  // namespace orv::cli

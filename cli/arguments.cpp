@@ -147,6 +147,17 @@ std::string missingValue(const CLI::App* command, const std::string& message) {
   return option->get_name() + " needs a value: " + option->get_description();
 }
 
+// "--box-title requires --box-plot": the options that shape a chart need the flag that draws it.
+std::string chartOptionAlone(const std::string& message) {
+  const std::string marker = " requires ";
+  const std::size_t at = message.find(marker);
+  if (at == std::string::npos) return message;
+  const std::string option = message.substr(0, at);
+  const std::string chart = message.substr(at + marker.size());
+  return option + " shapes the chart that " + chart + " draws, which was not asked for; add " + chart +
+         " or leave out " + option;
+}
+
 }  // namespace
 
 CLI::Validator wholeNumberFrom(const std::string& flag, const std::string& what, int low, int high) {
@@ -193,6 +204,7 @@ std::string usageLine(const CLI::ParseError& error, const CLI::App& app) {
   }
   if (dynamic_cast<const CLI::RequiredError*>(&error) != nullptr) return missingOption(app, command);
   if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr) return missingValue(command, message);
+  if (dynamic_cast<const CLI::RequiresError*>(&error) != nullptr) return chartOptionAlone(message);
   return message;
 }
 

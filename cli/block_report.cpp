@@ -69,13 +69,18 @@ std::string formatTable(const ValueArray2D& block, const std::vector<std::string
       w = std::max(w, displayWidth(shown(block(r, c), r, c)));
     }
   }
-  // Trailing empty rows of the block are not printed.
+  // Trailing empty rows of the block are not printed, nor a heading line that ends it: what such
+  // a heading heads (the chart data written below a table) lies outside the block.
+  const auto emptyRow = [&](std::int32_t r) {
+    for (std::int32_t c = 1; c <= cols; ++c)
+      if (!block(r, c).isEmpty()) return false;
+    return true;
+  };
   std::int32_t last = rows;
-  while (last > 0) {
-    bool empty = true;
-    for (std::int32_t c = 1; c <= cols && empty; ++c) empty = block(last, c).isEmpty();
-    if (!empty) break;
+  while (last > 0 && emptyRow(last)) --last;
+  if (last > 1 && isHeadingRow(block, last)) {
     --last;
+    while (last > 0 && emptyRow(last)) --last;
   }
 
   std::string out;

@@ -204,23 +204,32 @@ Charts stand beside the table in the written workbook, the error plot below the 
                          ->type_name("K")
                          ->group(kStatisticsGroup)
                          ->check(wholeNumberFrom("--smallest", "a whole number", 1));
-  cmd->add_flag("--box-plot", o.boxPlot,
+  CLI::Option* boxPlot = cmd->add_flag("--box-plot", o.boxPlot,
                 "draw a box-and-whisker chart (median, percentiles, minimum, maximum) beside the table")
       ->group(kChartsGroup);
-  cmd->add_option("--box-title", o.boxTitle, "title of the box plot")->type_name("TEXT")->group(kChartsGroup);
+  cmd->add_option("--box-title", o.boxTitle, "title of the box plot")
+      ->type_name("TEXT")
+      ->group(kChartsGroup)
+      ->needs(boxPlot);
   cmd->add_option("--box-y-title", o.boxYTitle, "title of the box plot's value axis")
       ->type_name("TEXT")
+      ->group(kChartsGroup)
+      ->needs(boxPlot);
+  CLI::Option* errorPlot = cmd->add_flag("--error-plot", o.errorPlot, "draw each column's centre with error bars beside the table")
       ->group(kChartsGroup);
-  cmd->add_flag("--error-plot", o.errorPlot, "draw each column's centre with error bars beside the table")
-      ->group(kChartsGroup);
-  cmd->add_option("--error-title", o.errorTitle, "title of the error plot")->type_name("TEXT")->group(kChartsGroup);
+  cmd->add_option("--error-title", o.errorTitle, "title of the error plot")
+      ->type_name("TEXT")
+      ->group(kChartsGroup)
+      ->needs(errorPlot);
   cmd->add_option("--error-y-title", o.errorYTitle, "title of the error plot's value axis")
       ->type_name("TEXT")
-      ->group(kChartsGroup);
+      ->group(kChartsGroup)
+      ->needs(errorPlot);
   const std::vector<std::string> centres = {"Mean", "Median"};
   setChoices(cmd->add_option("--error-centre", o.errorCentre, "the plotted centre: Mean or Median (default Mean)")
                  ->type_name("CENTRE")
                  ->group(kChartsGroup)
+                 ->needs(errorPlot)
                  ->check(oneOf("--error-centre", centres)),
              centres);
   setChoices(cmd->add_option("--error-bars", o.errorBars,
@@ -228,6 +237,7 @@ Charts stand beside the table in the written workbook, the error plot below the 
                              "Variance, Range, \"Interpercentile Range\" or \"Confidence Limits\"")
                  ->type_name("KIND")
                  ->group(kChartsGroup)
+                 ->needs(errorPlot)
                  ->check(oneOf("--error-bars", kErrorBars)),
              kErrorBars);
   cmd->callback([options, &exitCode] { exitCode = run(*options); });

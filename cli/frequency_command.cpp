@@ -197,23 +197,31 @@ Examples:
                 "textbook arithmetic: whole sheet columns, and empty cells counted nowhere in binned "
                 "tables either (see README)")
       ->group(kStatisticsGroup);
-  cmd->add_flag("--histogram", o.histogram.plot,
+  CLI::Option* histogram = cmd->add_flag("--histogram", o.histogram.plot,
                 "draw a histogram of the counts beside the tables (bins are proposed when none are given)")
       ->group(kChartsGroup);
   cmd->add_flag("--normal,!--no-normal", o.histogram.normal,
                 "draw the normal curve over the histogram (default on; --no-normal leaves it out)")
-      ->group(kChartsGroup);
-  cmd->add_flag("--cumulative", o.histogram.cumulative, "draw the cumulative percentage too")->group(kChartsGroup);
+      ->group(kChartsGroup)
+      ->needs(histogram);
+  cmd->add_flag("--cumulative", o.histogram.cumulative, "draw the cumulative percentage too")
+      ->group(kChartsGroup)
+      ->needs(histogram);
   cmd->add_flag("--start-points", o.startPoints,
                 "label the histogram's categories by their start values instead of \"from - to\"")
       ->group(kChartsGroup);
-  cmd->add_option("--title", o.histogram.title, "title of the histogram")->type_name("TEXT")->group(kChartsGroup);
+  cmd->add_option("--title", o.histogram.title, "title of the histogram")
+      ->type_name("TEXT")
+      ->group(kChartsGroup)
+      ->needs(histogram);
   cmd->add_option("--x-title", o.histogram.xTitle, "title of the histogram's category axis")
       ->type_name("TEXT")
-      ->group(kChartsGroup);
+      ->group(kChartsGroup)
+      ->needs(histogram);
   cmd->add_option("--y-title", o.histogram.yTitle, "title of the histogram's count axis")
       ->type_name("TEXT")
-      ->group(kChartsGroup);
+      ->group(kChartsGroup)
+      ->needs(histogram);
   cmd->callback([options, &exitCode] { exitCode = run(*options); });
 }
 

@@ -6,6 +6,7 @@
 
 #include "frame/errors.h"
 #include "frame/host.h"
+#include "frame/work_progress.h"
 #include "frequency/clsFreqBO.h"
 #include "frequency/clsFreqOutput.h"
 #include "frequency/clsFreq_internal.h"
@@ -160,14 +161,18 @@ Range clsFreq::GetResults() {
     if (bin_.range) bins = CheckBins(readVariables(*bin_.range).front().cells);
 
     const bool numerical = dataType_ == ORVDescriptivesFreqNumerical;
-    std::vector<Table> tables;
+    std::vector<Kind> kinds;
     if (!numerical || (input_.range && (showRawData_ || (!bin_.range && !histogram_.plot)))) {
-      tables.push_back(countTable(Kind::Raw, variables, std::nullopt));
+      kinds.push_back(Kind::Raw);
     }
-    if (!bin_.range && histogram_.plot && numerical) {
-      tables.push_back(countTable(Kind::ProposedBins, variables, std::nullopt));
+    if (!bin_.range && histogram_.plot && numerical) kinds.push_back(Kind::ProposedBins);
+    if (bin_.range) kinds.push_back(Kind::GivenBins);
+    // Every variable counted for a table is a step of the run's progress (frame/work_progress.h).
+    WorkTally tally{0, kinds.size() * variables.size()};
+    std::vector<Table> tables;
+    for (const Kind kind : kinds) {
+      tables.push_back(countTable(kind, variables, kind == Kind::GivenBins ? bins : std::nullopt, tally));
     }
-    if (bin_.range) tables.push_back(countTable(Kind::GivenBins, variables, bins));
     // Taken once the engines have accepted the data, for the histogram's normal curve.
     moments_.clear();
     for (const Analysed& v : variables) {
@@ -180,7 +185,7 @@ Range clsFreq::GetResults() {
 }
 
 clsFreq::Table clsFreq::countTable(Kind kind, const std::vector<Analysed>& variables,
-                                   const std::optional<ValueArray1D>& bins) {
+                                   const std::optional<ValueArray1D>& bins, WorkTally& tally) {
   return kFreq("CountTable", [&] {
     Table table;
     table.kind = kind;
@@ -209,6 +214,7 @@ clsFreq::Table clsFreq::countTable(Kind kind, const std::vector<Analysed>& varia
       table.results.items().push_back(
           {bo.Values(), bo.Counts(), bo.CumCounts(), bo.Percents(), bo.CumPercents()});
       if (kind != Kind::Raw) table.flags.push_back({bo.LessThanCatUsed(), bo.GreaterThanCatUsed()});
+      reportWork(++tally.done, tally.total);
     }
     return table;
   });

@@ -125,8 +125,12 @@ class clsFreq {
   std::vector<Variable> readVariables(const Range& range) const;
   std::vector<Analysed> analysedVariables() const;
   ValueArray1D CheckBins(const ValueArray1D& column) const;
+  struct WorkTally {
+    std::uint64_t done;
+    std::uint64_t total;
+  };
   Table countTable(FrequencyTablePlace::Kind kind, const std::vector<Analysed>& variables,
-                   const std::optional<ValueArray1D>& bins);
+                   const std::optional<ValueArray1D>& bins, WorkTally& tally);
   Range FormatResults(const std::vector<Table>& tables);
   void PasteResults(bool overWrite);
   void DrawHistogram();

@@ -89,5 +89,17 @@ TEST(PrintedTable, ColumnsAlignByDisplayWidth) {
   EXPECT_EQ(lines[2], "95%CL (±)      1   n/a");
 }
 
+// The heading of chart data written below a table stands in the block's last row; the data lie
+// outside it, so the heading alone is not printed. Headings above a table are.
+TEST(PrintedTable, AHeadingThatEndsTheBlockIsNotPrinted) {
+  ValueArray2D block(6, 2);
+  block(1, 1) = CellValue("Descriptive Statistics for:");
+  block(3, 2) = CellValue("Control");
+  block(4, 1) = CellValue("Mean");
+  block(4, 2) = CellValue(21.5);
+  block(6, 1) = CellValue("Data for Error Bars");
+  EXPECT_EQ(formatTable(block), "Descriptive Statistics for:\n\n      Control\nMean     21.5\n");
+}
+
 }  // namespace
 }  // namespace orv::cli

@@ -67,6 +67,11 @@ TEST_F(CliTest, ProgressShowsPercentagesOnATerminalOnly) {
   ASSERT_EQ(piped.exitCode, 0) << piped.err;
   EXPECT_EQ(piped.err.find('%'), std::string::npos) << piped.err;
   EXPECT_EQ(piped.err.find('\r'), std::string::npos) << piped.err;
+
+  // A frequency analysis counts variable after variable, each a step of its percentage.
+  const std::string counting =
+      stderrOnTerminal({"frequency", file.string(), "-i", "Data!A1:E5", "--headers"}, dir / "stdout.txt");
+  EXPECT_NE(counting.find("Analysing Data!A1:E5 ... 100%"), std::string::npos) << counting;
 }
 
 }  // namespace

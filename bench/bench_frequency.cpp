@@ -11,9 +11,9 @@
 #include <string>
 #include <vector>
 
+#include "frame/value_array.h"
 #include "frequency/clsFreq.h"
 #include "frequency/clsFreqBO.h"
-#include "frame/value_array.h"
 #include "support/host_session.h"
 #include "workbook/in_memory_application.h"
 

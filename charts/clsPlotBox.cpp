@@ -16,19 +16,32 @@ clsPlotBox::clsPlotBox() : PlotFrame(kProc) {
   kProc("Class_Initialize", [] {});
 }
 
-void clsPlotBox::OutputRange(const Range& cell) { kProc("SetOutputRange", [&] { output_ = cell; }); }
-void clsPlotBox::HeadersRange(const Range& cells) { kProc("SetHeadersRange", [&] { headers_ = cells; }); }
-void clsPlotBox::MedianRange(const Range& cells) { kProc("SetMedianRange", [&] { median_ = cells; }); }
-void clsPlotBox::LPRange(const Range& cells) { kProc("SetLPRange", [&] { lowerPercentile_ = cells; }); }
-void clsPlotBox::UPRange(const Range& cells) { kProc("SetUPRange", [&] { upperPercentile_ = cells; }); }
-void clsPlotBox::MinRange(const Range& cells) { kProc("SetMinRange", [&] { minimum_ = cells; }); }
-void clsPlotBox::MaxRange(const Range& cells) { kProc("SetMaxRange", [&] { maximum_ = cells; }); }
+void clsPlotBox::OutputRange(const Range& cell) {
+  kProc("SetOutputRange", [&] { output_ = cell; });
+}
+void clsPlotBox::HeadersRange(const Range& cells) {
+  kProc("SetHeadersRange", [&] { headers_ = cells; });
+}
+void clsPlotBox::MedianRange(const Range& cells) {
+  kProc("SetMedianRange", [&] { median_ = cells; });
+}
+void clsPlotBox::LPRange(const Range& cells) {
+  kProc("SetLPRange", [&] { lowerPercentile_ = cells; });
+}
+void clsPlotBox::UPRange(const Range& cells) {
+  kProc("SetUPRange", [&] { upperPercentile_ = cells; });
+}
+void clsPlotBox::MinRange(const Range& cells) {
+  kProc("SetMinRange", [&] { minimum_ = cells; });
+}
+void clsPlotBox::MaxRange(const Range& cells) {
+  kProc("SetMaxRange", [&] { maximum_ = cells; });
+}
 
 void clsPlotBox::CreatePlot() {
   kProc("CreatePlot", [&] {
     const Range& output = plot_steps::required(output_);
-    const plot_steps::Placement at =
-        plot_steps::placeChart(output, verticalOffset_, horizontalOffset_);
+    const plot_steps::Placement at = plot_steps::placeChart(output, verticalOffset_, horizontalOffset_);
     ChartObject& object = plot_steps::addEmptyChart(output, at, chartWidth_, chartHeight_);
     Chart& chart = object.Chart();
 

@@ -18,9 +18,9 @@
 #include <optional>
 #include <string>
 
-#include "support/plot_frame.h"
 #include "frame/range.h"
 #include "support/chart_settings.h"
+#include "support/plot_frame.h"
 
 namespace orv {
 
@@ -39,8 +39,7 @@ class clsPlotBox : public PlotFrame {
   void CreatePlot();
 
  private:
-  std::optional<Range> output_, headers_, median_, lowerPercentile_, upperPercentile_, minimum_,
-      maximum_;
+  std::optional<Range> output_, headers_, median_, lowerPercentile_, upperPercentile_, minimum_, maximum_;
   ChartSettings settings_;
 };
 

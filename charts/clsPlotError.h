@@ -19,10 +19,10 @@
 #include <string>
 
 #include "frame/chart.h"
-#include "support/plot_frame.h"
 #include "frame/range.h"
 #include "frame/value_array.h"
 #include "support/chart_settings.h"
+#include "support/plot_frame.h"
 
 namespace orv {
 

@@ -52,8 +52,7 @@ void layOutPlotArea(Chart& chart, double height, bool title, bool xTitle, bool y
 }
 
 // A line over the columns, on the columns' categories.
-Series& addLine(Chart& chart, const SeriesSource& values, const SeriesSource& labels,
-                const std::string& name) {
+Series& addLine(Chart& chart, const SeriesSource& values, const SeriesSource& labels, const std::string& name) {
   Series& line = chart.SeriesCollection().NewSeries();
   line.SetChartType(host::ChartType::Line);
   line.SetValues(values);
@@ -68,11 +67,21 @@ HistogramBuilder::HistogramBuilder() : PlotFrame(kProc) {
   kProc("Class_Initialize", [&] { chartWidth_ = 300; });
 }
 
-void HistogramBuilder::OutputRange(const Range& cell) { kProc("SetOutputRange", [&] { output_ = cell; }); }
-void HistogramBuilder::XAxisTitle(const std::string& title) { kProc("LetXAxisTitle", [&] { xAxisTitle_ = title; }); }
-void HistogramBuilder::CategoryLabels(const SeriesSource& labels) { kProc("SetCategoryLabels", [&] { labels_ = labels; }); }
-void HistogramBuilder::CountsRange(const Range& cells) { kProc("SetCountsRange", [&] { counts_ = cells; }); }
-void HistogramBuilder::NormalCounts(const SeriesSource& expected) { kProc("SetNormalCounts", [&] { normal_ = expected; }); }
+void HistogramBuilder::OutputRange(const Range& cell) {
+  kProc("SetOutputRange", [&] { output_ = cell; });
+}
+void HistogramBuilder::XAxisTitle(const std::string& title) {
+  kProc("LetXAxisTitle", [&] { xAxisTitle_ = title; });
+}
+void HistogramBuilder::CategoryLabels(const SeriesSource& labels) {
+  kProc("SetCategoryLabels", [&] { labels_ = labels; });
+}
+void HistogramBuilder::CountsRange(const Range& cells) {
+  kProc("SetCountsRange", [&] { counts_ = cells; });
+}
+void HistogramBuilder::NormalCounts(const SeriesSource& expected) {
+  kProc("SetNormalCounts", [&] { normal_ = expected; });
+}
 void HistogramBuilder::CumulativePercentsRange(const Range& cells) {
   kProc("SetCumulativePercentsRange", [&] { cumulative_ = cells; });
 }

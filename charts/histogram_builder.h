@@ -25,11 +25,11 @@
 #include <optional>
 #include <string>
 
-#include "support/plot_frame.h"
 #include "frame/chart.h"
 #include "frame/range.h"
 #include "frame/value_array.h"
 #include "support/chart_settings.h"
+#include "support/plot_frame.h"
 
 namespace orv {
 
@@ -44,8 +44,8 @@ class HistogramBuilder : public PlotFrame {
   // One cell per category each, top to bottom.
   void CategoryLabels(const SeriesSource& labels);
   void CountsRange(const Range& cells);
-  void NormalCounts(const SeriesSource& expected);       // not set: no normal curve
-  void CumulativePercentsRange(const Range& cells);      // not set: no cumulative line
+  void NormalCounts(const SeriesSource& expected);   // not set: no normal curve
+  void CumulativePercentsRange(const Range& cells);  // not set: no cumulative line
 
   void CreatePlot();
 

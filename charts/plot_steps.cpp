@@ -30,9 +30,7 @@ constexpr double kFirstTop = 1315.8;
 
 }  // namespace
 
-
-ChartObject& addEmptyChart(const Range& output, const Placement& at, std::int32_t width,
-                           std::int32_t height) {
+ChartObject& addEmptyChart(const Range& output, const Placement& at, std::int32_t width, std::int32_t height) {
   ChartObject& object = output.Parent().chartObjects().Add(at.left, at.top, width, height);
   object.SetHeight(height);
   object.SetWidth(width);
@@ -46,8 +44,7 @@ ChartObject& addEmptyChart(const Range& output, const Placement& at, std::int32_
   return object;
 }
 
-void formatChart(Chart& chart, std::int16_t colorIndex, const std::string& title,
-                 const std::string& valueAxisTitle) {
+void formatChart(Chart& chart, std::int16_t colorIndex, const std::string& title, const std::string& valueAxisTitle) {
   chart.ChartArea().SetAutoScaleFont(false);
   chart.ChartArea().Interior().SetColorIndex(colorIndex);
 
@@ -90,8 +87,7 @@ std::string shortChartName(const std::string& chartName) {
   return name;
 }
 
-void settleChart(ChartObject& object, const Range& output, std::int32_t verticalOffset,
-                 std::int32_t horizontalOffset) {
+void settleChart(ChartObject& object, const Range& output, std::int32_t verticalOffset, std::int32_t horizontalOffset) {
   const std::string name = shortChartName(object.Chart().Name());
   Application& app = HostSession::Application();
   app.ActiveSheet().chartObjects().Item(name);

@@ -56,9 +56,9 @@ constexpr std::array<LayoutRow, 10> kLayout{{
 
 // The statistics an analysis with nothing selected shows: all but Rayleigh's. They are switched
 // on in the options themselves and stay on for later calls.
-constexpr std::array<Switch, 8> kDefaultSwitches{
-    Switch::Mean,       Switch::MeanVector,  Switch::AngularSD, Switch::AngularVar,
-    Switch::CircularSD, Switch::CircularVar, Switch::CL,        Switch::Count};
+constexpr std::array<Switch, 8> kDefaultSwitches{Switch::Mean,       Switch::MeanVector, Switch::AngularSD,
+                                                 Switch::AngularVar, Switch::CircularSD, Switch::CircularVar,
+                                                 Switch::CL,         Switch::Count};
 
 constexpr std::string_view kPlotComment = "Data for Plots";
 
@@ -127,17 +127,16 @@ ColumnFindings keptRuleFindings(clsDSCircBO& bo, const std::vector<const LayoutR
 // data joined side by side. A failing column is recorded in `failure` by the label of the row it
 // failed in, or by the plot data's heading. With the kept rules, `notes` receives what they
 // changed.
-ValueArray2D fillStatistics(StatisticsTable& table, const DataColumns& data,
-                            const std::vector<const LayoutRow*>& rows, bool plot, bool textbook,
-                            std::optional<ColumnFailure>& failure, std::vector<ArithmeticNote>& notes) {
+ValueArray2D fillStatistics(StatisticsTable& table, const DataColumns& data, const std::vector<const LayoutRow*>& rows,
+                            bool plot, bool textbook, std::optional<ColumnFailure>& failure,
+                            std::vector<ArithmeticNote>& notes) {
   DistributionFunctions& functions = HostSession::Application().worksheetFunction();
   const auto compute = [&](ColumnValues column, const ColumnProgress& progress) {
     clsDSCircBO bo;
     bo.Functions(&functions);
     bo.Textbook(textbook);
     giveData(bo, std::move(column));
-    ColumnResults<ValueArray2D> results{
-        rowValues(rows, progress, [&](const LayoutRow& row) { return row.value(bo); })};
+    ColumnResults<ValueArray2D> results{rowValues(rows, progress, [&](const LayoutRow& row) { return row.value(bo); })};
     progress.step(rows.size());
     if (plot) results.extra = bo.PlotData();
     if (!textbook) results.findings = keptRuleFindings(bo, rows, results.values);
@@ -147,11 +146,8 @@ ValueArray2D fillStatistics(StatisticsTable& table, const DataColumns& data,
   const auto keep = [&](ValueArray2D part) {
     if (plot) plotParts.push_back(std::move(part));
   };
-  const auto stepLabel = [&](std::size_t k) {
-    return std::string(k < rows.size() ? rows[k]->label : kPlotComment);
-  };
-  fillColumns<ValueArray2D>(table, data, functions.callableFromAnyThread(), compute, keep,
-                            stepLabel, failure, notes);
+  const auto stepLabel = [&](std::size_t k) { return std::string(k < rows.size() ? rows[k]->label : kPlotComment); };
+  fillColumns<ValueArray2D>(table, data, functions.callableFromAnyThread(), compute, keep, stepLabel, failure, notes);
   return plot ? ArrayTools::JoinAll(plotParts) : ValueArray2D();
 }
 
@@ -262,8 +258,8 @@ Range clsDSCirc::GetResults(Int16& columnCount, PlotDataRows& plotPositions) {
 
     StatisticsTable table(Int16::from(rows.size()), columnCount);
     table.writeLabels(rows, [](const LayoutRow& row) { return std::string(row.label); });
-    const ValueArray2D plotData = fillStatistics(table, DataColumns{*input_, startRow, headers_}, rows, plot_,
-                                                 textbook_, failure_, notes_);
+    const ValueArray2D plotData =
+        fillStatistics(table, DataColumns{*input_, startRow, headers_}, rows, plot_, textbook_, failure_, notes_);
 
     if (plot_) return FormatResults(table, &plotData, &plotPositions);
     return FormatResults(table);

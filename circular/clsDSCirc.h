@@ -40,7 +40,16 @@ namespace orv {
 // The statistics a Get* option of clsDSCirc selects, in the order of their rows; Rayleigh's
 // selects two.
 enum class CircularStatistic : std::uint8_t {
-  Mean, MeanVector, AngularSD, AngularVar, CircularSD, CircularVar, CL, Count, Rayleigh, kCount
+  Mean,
+  MeanVector,
+  AngularSD,
+  AngularVar,
+  CircularSD,
+  CircularVar,
+  CL,
+  Count,
+  Rayleigh,
+  kCount
 };
 
 class clsDSCirc {  // NOLINT(readability-identifier-naming): the component's own class name

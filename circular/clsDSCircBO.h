@@ -56,15 +56,15 @@ class clsDSCircBO {  // NOLINT(readability-identifier-naming): the component's o
   // needs the observations fails with a type mismatch (13).
   void Data(const CellValue& single);
 
-  double Mean();         // mean direction, 0 <= value < 360 (a third-quadrant mean reflects)
-  double MeanVector();   // r, 0 to 1
-  double AngularVar();   // (180/π)² × 2(1 - r)
+  double Mean();        // mean direction, 0 <= value < 360 (a third-quadrant mean reflects)
+  double MeanVector();  // r, 0 to 1
+  double AngularVar();  // (180/π)² × 2(1 - r)
   double AngularSD();
   double CircularVar();  // (180/π)² × (-2 ln r)
   double CircularSD();
-  double Count();        // n
-  double Rayleigh();     // Z = n r²
-  double RayleighP();    // probability of Z under uniformity (rayleigh_probability.h)
+  double Count();      // n
+  double Rayleigh();   // Z = n r²
+  double RayleighP();  // probability of Z under uniformity (rayleigh_probability.h)
   // The 95 % confidence half-width of the mean direction after Zar, in degrees, or "n/a".
   CellValue CL();
   // Rows 1..n: the sine of each observation in column 1, its cosine in column 2.

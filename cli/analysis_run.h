@@ -70,9 +70,9 @@ struct DataRange {
 };
 
 struct AnalysisRequest {
-  std::string analysis;     // "describe", ...
-  nlohmann::json options;   // the options as given, for the JSON report
-  ErrorContext context;     // references, for error sentences
+  std::string analysis;           // "describe", ...
+  nlohmann::json options;         // the options as given, for the JSON report
+  ErrorContext context;           // references, for error sentences
   std::vector<DataRange> ranges;  // looked over before the run (cli/input_checks.h)
   bool headers = false;           // --headers: the first row (column, with --rows) holds names
   bool rows = false;              // --rows: variables run along rows

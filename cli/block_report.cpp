@@ -57,8 +57,7 @@ std::string formatTable(const ValueArray2D& block, const std::vector<std::string
   const std::int32_t cols = block.columns();
   const auto shown = [&](const CellValue& v, std::int32_t r, std::int32_t c) {
     if (numberFormats == nullptr) return cellText(v);
-    const auto at = static_cast<std::size_t>(r - 1) * static_cast<std::size_t>(cols) +
-                    static_cast<std::size_t>(c - 1);
+    const auto at = static_cast<std::size_t>(r - 1) * static_cast<std::size_t>(cols) + static_cast<std::size_t>(c - 1);
     return cellText(v, at < numberFormats->size() ? (*numberFormats)[at] : "");
   };
   std::vector<std::size_t> width(static_cast<std::size_t>(cols), 0);

@@ -19,8 +19,7 @@ namespace orv::cli {
 // says where the format is one the analyses write: "0" and "0.00" (fixed decimals), and a leading
 // mark such as "<" or ">=" before them or "General" (the frequency tables' open categories).
 // Any other format shows the number as without one.
-std::string formatTable(const ValueArray2D& block,
-                        const std::vector<std::string>* numberFormats = nullptr);
+std::string formatTable(const ValueArray2D& block, const std::vector<std::string>* numberFormats = nullptr);
 
 // Row by row; empty cells null, numbers at full precision, Booleans as JSON Booleans, error
 // values as their text.

@@ -34,17 +34,14 @@ struct StatisticFlag {
 // In the order of the table's rows.
 const std::vector<StatisticFlag> kFlags = {
     {"--mean-angle", "direction of the mean vector, degrees", &clsDSCirc::GetMean},
-    {"--mean-vector", "length r of the mean vector, 0 (spread) to 1 (all equal)",
-     &clsDSCirc::GetMeanVector},
+    {"--mean-vector", "length r of the mean vector, 0 (spread) to 1 (all equal)", &clsDSCirc::GetMeanVector},
     {"--angular-sd", "angular deviation, degrees", &clsDSCirc::GetAngularSD},
     {"--angular-var", "angular variance, square degrees", &clsDSCirc::GetAngularVar},
     {"--circular-sd", "circular standard deviation, degrees", &clsDSCirc::GetCircularSD},
     {"--circular-var", "circular variance, square degrees", &clsDSCirc::GetCircularVar},
-    {"--cl", "half-width of the 95% confidence interval of the mean angle (from 8 angles)",
-     &clsDSCirc::GetCL},
+    {"--cl", "half-width of the 95% confidence interval of the mean angle (from 8 angles)", &clsDSCirc::GetCL},
     {"--count", "number of angles", &clsDSCirc::GetCount},
-    {"--rayleigh", "Rayleigh's Z and its probability under uniform directions",
-     &clsDSCirc::GetRayleigh},
+    {"--rayleigh", "Rayleigh's Z and its probability under uniform directions", &clsDSCirc::GetRayleigh},
 };
 
 struct CircularOptions {

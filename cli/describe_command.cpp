@@ -44,9 +44,8 @@ const std::vector<StatisticFlag> kFlags = {
 };
 
 // The error-bar choices clsDS knows, as its ErrorError option spells them.
-const std::vector<std::string> kErrorBars = {
-    "Standard Error", "Standard Deviation", "Variance", "Range", "Interpercentile Range",
-    "Confidence Limits"};
+const std::vector<std::string> kErrorBars = {"Standard Error", "Standard Deviation",    "Variance",
+                                             "Range",          "Interpercentile Range", "Confidence Limits"};
 
 constexpr const char* kInputHelp =
     "range to analyse, e.g. \"Data!A1:C20\", \"A1:A10,C1:C10\" or a name the workbook defines";
@@ -93,8 +92,7 @@ nlohmann::json optionsJson(const DescribeOptions& o) {
   j["percentile"] = o.percentile;
   j["largest"] = o.largest;
   j["smallest"] = o.smallest;
-  j["boxPlot"] = o.boxPlot ? nlohmann::json{{"title", o.boxTitle}, {"yTitle", o.boxYTitle}}
-                           : nlohmann::json(nullptr);
+  j["boxPlot"] = o.boxPlot ? nlohmann::json{{"title", o.boxTitle}, {"yTitle", o.boxYTitle}} : nlohmann::json(nullptr);
   j["errorPlot"] = o.errorPlot ? nlohmann::json{{"title", o.errorTitle},
                                                 {"yTitle", o.errorYTitle},
                                                 {"centre", o.errorCentre},
@@ -204,9 +202,10 @@ Charts stand beside the table in the written workbook, the error plot below the 
                          ->type_name("K")
                          ->group(kStatisticsGroup)
                          ->check(wholeNumberFrom("--smallest", "a whole number", 1));
-  CLI::Option* boxPlot = cmd->add_flag("--box-plot", o.boxPlot,
-                "draw a box-and-whisker chart (median, percentiles, minimum, maximum) beside the table")
-      ->group(kChartsGroup);
+  CLI::Option* boxPlot =
+      cmd->add_flag("--box-plot", o.boxPlot,
+                    "draw a box-and-whisker chart (median, percentiles, minimum, maximum) beside the table")
+          ->group(kChartsGroup);
   cmd->add_option("--box-title", o.boxTitle, "title of the box plot")
       ->type_name("TEXT")
       ->group(kChartsGroup)
@@ -215,8 +214,9 @@ Charts stand beside the table in the written workbook, the error plot below the 
       ->type_name("TEXT")
       ->group(kChartsGroup)
       ->needs(boxPlot);
-  CLI::Option* errorPlot = cmd->add_flag("--error-plot", o.errorPlot, "draw each column's centre with error bars beside the table")
-      ->group(kChartsGroup);
+  CLI::Option* errorPlot =
+      cmd->add_flag("--error-plot", o.errorPlot, "draw each column's centre with error bars beside the table")
+          ->group(kChartsGroup);
   cmd->add_option("--error-title", o.errorTitle, "title of the error plot")
       ->type_name("TEXT")
       ->group(kChartsGroup)

@@ -46,10 +46,8 @@ constexpr std::array kMessages = {
     Entry{err::kTooFewBins, Form::Fixed, "The bin range needs at least two bin values."},
     Entry{err::kBinsWithoutFrequencies, Form::Fixed,
           "Bins were given without frequencies; give --frequencies as well, or leave --bins out."},
-    Entry{err::kBinShape, Form::Fixed,
-          "The frequency range must have as many cells as the bin range."},
-    Entry{err::kBinVariables, Form::Fixed,
-          "The bin range holds more than one column; give one column of bin values."},
+    Entry{err::kBinShape, Form::Fixed, "The frequency range must have as many cells as the bin range."},
+    Entry{err::kBinVariables, Form::Fixed, "The bin range holds more than one column; give one column of bin values."},
     Entry{err::kBinsNotIncreasing, Form::Fixed,
           "The bin values must be numbers that strictly increase from top to bottom, without gaps."},
     Entry{err::kInputColumnNotNumeric, Form::DescriptionThen,
@@ -87,8 +85,8 @@ constexpr std::array kMessages = {
 
 std::string fill(std::string_view text, const ErrorContext& c) {
   std::string s(text);
-  for (const auto& [hole, value] : {std::pair{std::string_view("{input}"), &c.input},
-                                    std::pair{std::string_view("{output}"), &c.output}}) {
+  for (const auto& [hole, value] :
+       {std::pair{std::string_view("{input}"), &c.input}, std::pair{std::string_view("{output}"), &c.output}}) {
     for (std::size_t at = s.find(hole); at != std::string::npos; at = s.find(hole, at)) {
       s.replace(at, hole.size(), *value);
       at += value->size();

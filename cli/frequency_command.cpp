@@ -1,7 +1,7 @@
 #include "cli/frequency_command.h"
 
-#include <CLI/CLI.hpp>
 #include <fmt/format.h>
+#include <CLI/CLI.hpp>
 
 #include <memory>
 #include <optional>
@@ -38,9 +38,7 @@ struct FrequencyOptions {
   HistogramOptions histogram;
 };
 
-nlohmann::json optionalText(const std::string& s) {
-  return s.empty() ? nlohmann::json(nullptr) : nlohmann::json(s);
-}
+nlohmann::json optionalText(const std::string& s) { return s.empty() ? nlohmann::json(nullptr) : nlohmann::json(s); }
 
 nlohmann::json optionsJson(const FrequencyOptions& o) {
   nlohmann::json j;
@@ -78,24 +76,21 @@ std::vector<std::string> emptyCellWarnings(const FrequencyOptions& o, const std:
     const std::int32_t count = o.rows ? area.rows() : area.columns();
     const std::int32_t length = o.rows ? area.columns() : area.rows();
     for (std::int32_t v = 1; v <= count; ++v) {
-      const auto at = [&](std::int32_t i) -> const CellValue& {
-        return o.rows ? values(v, i) : values(i, v);
-      };
+      const auto at = [&](std::int32_t i) -> const CellValue& { return o.rows ? values(v, i) : values(i, v); };
       std::int32_t empty = 0;
       for (std::int32_t i = first; i <= length; ++i) empty += at(i).isEmpty() ? 1 : 0;
       if (empty > 0) {
         const std::string name = o.headers ? toText(at(1))
                                  : o.rows  ? "Row " + std::to_string(area.top + v - 1)
                                            : "Column " + columnLetters(area.left + v - 1);
-        const CellBlock cells = o.rows ? CellBlock{area.top + v - 1, area.left + first - 1,
-                                                   area.top + v - 1, area.right}
-                                       : CellBlock{area.top + first - 1, area.left + v - 1,
-                                                   area.bottom, area.left + v - 1};
-        warnings.push_back(fmt::format(
-            "{} empty cell{} of \"{}\" ({}!{}) {} counted as the value 0 in the binned table; "
-            "give --input only the cells that hold data.",
-            empty, empty == 1 ? "" : "s", name, quoteSheetName(data.Parent().Name()),
-            absoluteAddress(cells), empty == 1 ? "is" : "are"));
+        const CellBlock cells =
+            o.rows ? CellBlock{area.top + v - 1, area.left + first - 1, area.top + v - 1, area.right}
+                   : CellBlock{area.top + first - 1, area.left + v - 1, area.bottom, area.left + v - 1};
+        warnings.push_back(
+            fmt::format("{} empty cell{} of \"{}\" ({}!{}) {} counted as the value 0 in the binned table; "
+                        "give --input only the cells that hold data.",
+                        empty, empty == 1 ? "" : "s", name, quoteSheetName(data.Parent().Name()),
+                        absoluteAddress(cells), empty == 1 ? "is" : "are"));
       }
       // Beside frequencies only the first data variable is counted.
       if (!o.frequencies.empty()) return warnings;
@@ -197,9 +192,10 @@ Examples:
                 "textbook arithmetic: whole sheet columns, and empty cells counted nowhere in binned "
                 "tables either (see README)")
       ->group(kStatisticsGroup);
-  CLI::Option* histogram = cmd->add_flag("--histogram", o.histogram.plot,
-                "draw a histogram of the counts beside the tables (bins are proposed when none are given)")
-      ->group(kChartsGroup);
+  CLI::Option* histogram =
+      cmd->add_flag("--histogram", o.histogram.plot,
+                    "draw a histogram of the counts beside the tables (bins are proposed when none are given)")
+          ->group(kChartsGroup);
   cmd->add_flag("--normal,!--no-normal", o.histogram.normal,
                 "draw the normal curve over the histogram (default on; --no-normal leaves it out)")
       ->group(kChartsGroup)

@@ -31,8 +31,19 @@ using Want = DescriptiveStatistic;
 
 // Rows whose sheet position a chart or the error-row choice needs.
 enum class Slot {
-  None, Mean, Median, SE, SD, Variance, LowerLimit, UpperLimit, LowerPercentile,
-  UpperPercentile, Minimum, Maximum, kCount
+  None,
+  Mean,
+  Median,
+  SE,
+  SD,
+  Variance,
+  LowerLimit,
+  UpperLimit,
+  LowerPercentile,
+  UpperPercentile,
+  Minimum,
+  Maximum,
+  kCount
 };
 
 // Labels that depend on the options.
@@ -61,25 +72,34 @@ struct LayoutRow {
 // are remembered for the charts. A label exists here and nowhere else.
 constexpr std::array<LayoutRow, 22> kLayout{{
     {Want::Mean, Label::Fixed, "Mean", [](clsDSBO& b, const Options&) { return CellValue(b.Mean()); }, Slot::Mean},
-    {Want::Median, Label::Fixed, "Median", [](clsDSBO& b, const Options&) { return CellValue(b.Median()); }, Slot::Median},
+    {Want::Median, Label::Fixed, "Median", [](clsDSBO& b, const Options&) { return CellValue(b.Median()); },
+     Slot::Median},
     {Want::Mode, Label::Fixed, "Mode", [](clsDSBO& b, const Options&) { return b.Mode(); }, Slot::None},
     {Want::SE, Label::Fixed, "Std Error", [](clsDSBO& b, const Options&) { return CellValue(b.SE()); }, Slot::SE},
     {Want::SD, Label::Fixed, "Std Dev.", [](clsDSBO& b, const Options&) { return CellValue(b.SD()); }, Slot::SD},
-    {Want::Variance, Label::Fixed, "Variance", [](clsDSBO& b, const Options&) { return CellValue(b.Variance()); }, Slot::Variance},
+    {Want::Variance, Label::Fixed, "Variance", [](clsDSBO& b, const Options&) { return CellValue(b.Variance()); },
+     Slot::Variance},
     {Want::CV, Label::Fixed, "Coeff. Var.", [](clsDSBO& b, const Options&) { return CellValue(b.CV()); }, Slot::None},
-    {Want::CL, Label::LowerCL, "", [](clsDSBO& b, const Options& o) { return CellValue(b.LCL(o.cl)); }, Slot::LowerLimit},
-    {Want::CL, Label::UpperCL, "", [](clsDSBO& b, const Options& o) { return CellValue(b.UCL(o.cl)); }, Slot::UpperLimit},
-    {Want::Percentile, Label::LowerPercentile, "", [](clsDSBO& b, const Options& o) { return CellValue(b.LP(o.percentile)); }, Slot::LowerPercentile,
+    {Want::CL, Label::LowerCL, "", [](clsDSBO& b, const Options& o) { return CellValue(b.LCL(o.cl)); },
+     Slot::LowerLimit},
+    {Want::CL, Label::UpperCL, "", [](clsDSBO& b, const Options& o) { return CellValue(b.UCL(o.cl)); },
+     Slot::UpperLimit},
+    {Want::Percentile, Label::LowerPercentile, "",
+     [](clsDSBO& b, const Options& o) { return CellValue(b.LP(o.percentile)); }, Slot::LowerPercentile,
      [](clsDSBO& b, const Options& o) { return b.LPKeptRule(o.percentile); }},
-    {Want::Percentile, Label::UpperPercentile, "", [](clsDSBO& b, const Options& o) { return CellValue(b.UP(o.percentile)); }, Slot::UpperPercentile,
+    {Want::Percentile, Label::UpperPercentile, "",
+     [](clsDSBO& b, const Options& o) { return CellValue(b.UP(o.percentile)); }, Slot::UpperPercentile,
      [](clsDSBO& b, const Options& o) { return b.UPKeptRule(o.percentile); }},
     {Want::Sum, Label::Fixed, "Sum", [](clsDSBO& b, const Options&) { return CellValue(b.Sum()); }, Slot::None},
     {Want::Min, Label::Fixed, "Minimum", [](clsDSBO& b, const Options&) { return CellValue(b.Min()); }, Slot::Minimum},
     {Want::Max, Label::Fixed, "Maximum", [](clsDSBO& b, const Options&) { return CellValue(b.Max()); }, Slot::Maximum},
-    {Want::Smallest, Label::Smallest, "", [](clsDSBO& b, const Options& o) { return CellValue(b.Smallest(o.smallest)); }, Slot::None},
-    {Want::Largest, Label::Largest, "", [](clsDSBO& b, const Options& o) { return CellValue(b.Largest(o.largest)); }, Slot::None},
+    {Want::Smallest, Label::Smallest, "",
+     [](clsDSBO& b, const Options& o) { return CellValue(b.Smallest(o.smallest)); }, Slot::None},
+    {Want::Largest, Label::Largest, "", [](clsDSBO& b, const Options& o) { return CellValue(b.Largest(o.largest)); },
+     Slot::None},
     {Want::Range, Label::Fixed, "Range", [](clsDSBO& b, const Options&) { return CellValue(b.rng()); }, Slot::None},
-    {Want::Count, Label::Fixed, "Count", [](clsDSBO& b, const Options&) { return CellValue(static_cast<double>(b.Count())); }, Slot::None},
+    {Want::Count, Label::Fixed, "Count",
+     [](clsDSBO& b, const Options&) { return CellValue(static_cast<double>(b.Count())); }, Slot::None},
     {Want::Skewness, Label::Fixed, "Skewness", [](clsDSBO& b, const Options&) { return b.Skewness(); }, Slot::None,
      [](clsDSBO& b, const Options&) { return b.SkewnessKeptRule(); }},
     {Want::Skewness, Label::Fixed, "P(Skewness)", [](clsDSBO& b, const Options&) { return b.SkewnessP(); }, Slot::None},
@@ -156,10 +176,8 @@ std::string labelOf(const LayoutRow& row, const Options& o) {
     case Label::LowerCL: return "Lower " + std::to_string(o.cl) + "%CL";
     case Label::UpperCL: return "Upper " + std::to_string(o.cl) + "%CL";
     // The lower row always carries the smaller of P and 100 - P.
-    case Label::LowerPercentile:
-      return Ordinal(std::to_string(p > 50 ? 100 - p : p)) + " Percentile";
-    case Label::UpperPercentile:
-      return Ordinal(std::to_string(p > 50 ? p : 100 - p)) + " Percentile";
+    case Label::LowerPercentile: return Ordinal(std::to_string(p > 50 ? 100 - p : p)) + " Percentile";
+    case Label::UpperPercentile: return Ordinal(std::to_string(p > 50 ? p : 100 - p)) + " Percentile";
     case Label::Smallest: return Ordinal(std::to_string(o.smallest)) + " Smallest";
     case Label::Largest: return Ordinal(std::to_string(o.largest)) + " Largest";
   }
@@ -178,8 +196,7 @@ SlotRows slotRowsOf(const std::vector<const LayoutRow*>& rows) {
 }
 
 // The matrix rows that the box and error plots read (step 8 chooses the centre and error rows).
-PlotRows plotRowsOf(Int16 columns, const SlotRows& rowOf, ErrorCentreChoice centre,
-                    ErrorBarsChoice bars) {
+PlotRows plotRowsOf(Int16 columns, const SlotRows& rowOf, ErrorCentreChoice centre, ErrorBarsChoice bars) {
   const auto at = [&](Slot s) { return rowOf[static_cast<std::size_t>(s)]; };
   PlotRows rows;
   rows.columns = columns;
@@ -198,9 +215,8 @@ PlotRows plotRowsOf(Int16 columns, const SlotRows& rowOf, ErrorCentreChoice cent
 // Matrix rows become sheet rows, the table's first row being sheet row `first`; the header row
 // (0) becomes the names row above the table.
 void toSheetRows(PlotRows& rows, Int16 first) {
-  for (Int16* field : {&rows.header, &rows.lowerPercentile, &rows.upperPercentile, &rows.minimum,
-                       &rows.maximum, &rows.median, &rows.centre, &rows.upperError,
-                       &rows.lowerError}) {
+  for (Int16* field : {&rows.header, &rows.lowerPercentile, &rows.upperPercentile, &rows.minimum, &rows.maximum,
+                       &rows.median, &rows.centre, &rows.upperError, &rows.lowerError}) {
     *field = first + *field - 1;
   }
 }
@@ -221,9 +237,9 @@ ColumnFindings keptRuleFindings(clsDSBO& bo, const std::vector<const LayoutRow*>
 // functions allow it), taken into the table in column order; a failing column is recorded in
 // `failure` by the label of the row it failed in. With the kept rules, `notes` receives what
 // they changed.
-void fillStatistics(StatisticsTable& table, const DataColumns& data,
-                    const std::vector<const LayoutRow*>& rows, const Options& options, bool textbook,
-                    std::optional<ColumnFailure>& failure, std::vector<ArithmeticNote>& notes) {
+void fillStatistics(StatisticsTable& table, const DataColumns& data, const std::vector<const LayoutRow*>& rows,
+                    const Options& options, bool textbook, std::optional<ColumnFailure>& failure,
+                    std::vector<ArithmeticNote>& notes) {
   DistributionFunctions& functions = HostSession::Application().worksheetFunction();
   const auto compute = [&](ColumnValues column, const ColumnProgress& progress) {
     clsDSBO bo;
@@ -301,7 +317,9 @@ void clsDS::select(std::string_view procedure, DescriptiveStatistic statistic, b
   kProc(procedure, [&] { selected_[statistic] = v; });
 }
 
-void clsDS::Headers(bool v) { kProc("LetHeaders", [&] { headers_ = v; }); }
+void clsDS::Headers(bool v) {
+  kProc("LetHeaders", [&] { headers_ = v; });
+}
 void clsDS::GetMean(bool v) { select("LetGetMean", Want::Mean, v); }
 void clsDS::GetMedian(bool v) { select("LetGetMedian", Want::Median, v); }
 void clsDS::GetMode(bool v) { select("LetGetMode", Want::Mode, v); }
@@ -320,8 +338,12 @@ void clsDS::GetLargest(bool v) { select("LetGetLargest", Want::Largest, v); }
 void clsDS::GetSmallest(bool v) { select("LetGetSmallest", Want::Smallest, v); }
 void clsDS::GetRange(bool v) { select("LetGetRange", Want::Range, v); }
 void clsDS::GetPercentile(bool v) { select("LetGetPercentile", Want::Percentile, v); }
-void clsDS::PlotBox(bool v) { kProc("LetPlotBox", [&] { plotBox_ = v; }); }
-void clsDS::PlotError(bool v) { kProc("LetPlotError", [&] { plotError_ = v; }); }
+void clsDS::PlotBox(bool v) {
+  kProc("LetPlotBox", [&] { plotBox_ = v; });
+}
+void clsDS::PlotError(bool v) {
+  kProc("LetPlotError", [&] { plotError_ = v; });
+}
 
 // The two range setters have no trap: their failures reach the caller as raised.
 void clsDS::InputRange(const std::string& reference) {
@@ -341,14 +363,30 @@ void clsDS::OutputRange(const std::string& reference) {
   }
 }
 
-void clsDS::CL(std::uint8_t v) { kProc("LetCL", [&] { cl_ = v; }); }
-void clsDS::Percentile(std::uint8_t v) { kProc("LetPercentile", [&] { percentile_ = v; }); }
-void clsDS::Largest(std::int32_t v) { kProc("LetLargest", [&] { largest_ = v; }); }
-void clsDS::Smallest(std::int32_t v) { kProc("LetSmallest", [&] { smallest_ = v; }); }
-void clsDS::BoxTitle(const std::string& v) { kProc("LetBoxTitle", [&] { boxTitle_ = v; }); }
-void clsDS::BoxYTitle(const std::string& v) { kProc("LetBoxYTitle", [&] { boxYTitle_ = v; }); }
-void clsDS::ErrorTitle(const std::string& v) { kProc("LetErrorTitle", [&] { errorTitle_ = v; }); }
-void clsDS::ErrorYTitle(const std::string& v) { kProc("LetErrorYTitle", [&] { errorYTitle_ = v; }); }
+void clsDS::CL(std::uint8_t v) {
+  kProc("LetCL", [&] { cl_ = v; });
+}
+void clsDS::Percentile(std::uint8_t v) {
+  kProc("LetPercentile", [&] { percentile_ = v; });
+}
+void clsDS::Largest(std::int32_t v) {
+  kProc("LetLargest", [&] { largest_ = v; });
+}
+void clsDS::Smallest(std::int32_t v) {
+  kProc("LetSmallest", [&] { smallest_ = v; });
+}
+void clsDS::BoxTitle(const std::string& v) {
+  kProc("LetBoxTitle", [&] { boxTitle_ = v; });
+}
+void clsDS::BoxYTitle(const std::string& v) {
+  kProc("LetBoxYTitle", [&] { boxYTitle_ = v; });
+}
+void clsDS::ErrorTitle(const std::string& v) {
+  kProc("LetErrorTitle", [&] { errorTitle_ = v; });
+}
+void clsDS::ErrorYTitle(const std::string& v) {
+  kProc("LetErrorYTitle", [&] { errorYTitle_ = v; });
+}
 
 // A changed text drops the block even when it means the same (two texts that are not listed).
 void clsDS::ErrorCentre(const std::string& v) {
@@ -371,7 +409,9 @@ void clsDS::ErrorError(const std::string& v) {
   });
 }
 
-void clsDS::Textbook(bool v) { kProc("LetTextbook", [&] { textbook_ = v; }); }
+void clsDS::Textbook(bool v) {
+  kProc("LetTextbook", [&] { textbook_ = v; });
+}
 
 void clsDS::OutputFrequencies(bool v) {
   kProc("LetOutputFrequencies", [&] { outputFrequencies_ = v; });
@@ -382,9 +422,7 @@ void clsDS::Results(bool overWrite) {
     failure_.reset();
     if (!input_) raise(err::kNoInputRange);
     // Every column acceptable and every area as high as the first, before anything is written.
-    checkInputAreas(*input_, [&](const Range& column) {
-      RangeChecks::CheckInputColumn(column, headers_);
-    });
+    checkInputAreas(*input_, [&](const Range& column) { RangeChecks::CheckInputColumn(column, headers_); });
     if (!block_) block_ = GetResults();
     const PastedResults pasted = pasteResults(*block_, output_, overWrite);
     pasted_ = pasted.cells;
@@ -395,13 +433,11 @@ void clsDS::Results(bool overWrite) {
     if (errorAmounts_) written.push_back(errorAmounts_->area);
     fitColumnWidths(written, pasted.ownSheet);
     if (plotBox_) {
-      DrawBoxPlot(plotRows_.columns, plotRows_.header, plotRows_.lowerPercentile,
-                  plotRows_.upperPercentile, plotRows_.minimum, plotRows_.maximum,
-                  plotRows_.median);
+      DrawBoxPlot(plotRows_.columns, plotRows_.header, plotRows_.lowerPercentile, plotRows_.upperPercentile,
+                  plotRows_.minimum, plotRows_.maximum, plotRows_.median);
     }
     if (plotError_) {
-      DrawErrorPlot(plotRows_.columns, plotRows_.header, plotRows_.centre, plotRows_.upperError,
-                    plotRows_.lowerError);
+      DrawErrorPlot(plotRows_.columns, plotRows_.header, plotRows_.centre, plotRows_.upperError, plotRows_.lowerError);
     }
     output_->Cells(1, 1).Select();
     block_.reset();
@@ -438,8 +474,7 @@ Range clsDS::GetResults() {
 
     StatisticsTable table(Int16::from(rows.size()), columns);
     table.writeLabels(rows, [&](const LayoutRow& row) { return labelOf(row, options); });
-    fillStatistics(table, DataColumns{*input_, firstDataRow, headers_}, rows, options, textbook_, failure_,
-                   notes_);
+    fillStatistics(table, DataColumns{*input_, firstDataRow, headers_}, rows, options, textbook_, failure_, notes_);
     plotRows_ = plotRowsOf(columns, slotRowsOf(rows), errorCentre_, errorBars_);
 
     Int16 first = 0;
@@ -457,9 +492,8 @@ Range clsDS::FormatResults(const StatisticsTable& table, Int16& firstRow) {
   });
 }
 
-void clsDS::DrawBoxPlot(Int16 columns, Int16 headerRow, Int16 lowerPercentileRow,
-                        Int16 upperPercentileRow, Int16 minimumRow, Int16 maximumRow,
-                        Int16 medianRow) {
+void clsDS::DrawBoxPlot(Int16 columns, Int16 headerRow, Int16 lowerPercentileRow, Int16 upperPercentileRow,
+                        Int16 minimumRow, Int16 maximumRow, Int16 medianRow) {
   kProc("DrawBoxPlot", [&] {
     clsPlotBox plot;
     const Range& output = *output_;
@@ -483,8 +517,7 @@ void clsDS::DrawBoxPlot(Int16 columns, Int16 headerRow, Int16 lowerPercentileRow
   });
 }
 
-void clsDS::DrawErrorPlot(Int16 columns, Int16 headerRow, Int16 centreRow, Int16 upperErrorRow,
-                          Int16 lowerErrorRow) {
+void clsDS::DrawErrorPlot(Int16 columns, Int16 headerRow, Int16 centreRow, Int16 upperErrorRow, Int16 lowerErrorRow) {
   kProc("DrawErrorPlot", [&] {
     clsPlotError plot;
     const Range& output = *output_;

@@ -95,10 +95,9 @@ class clsDS {
   Statistics chartNeeds();
   Range GetResults();
   Range FormatResults(const StatisticsTable& table, Int16& firstRow);
-  void DrawBoxPlot(Int16 columns, Int16 headerRow, Int16 lowerPercentileRow,
-                   Int16 upperPercentileRow, Int16 minimumRow, Int16 maximumRow, Int16 medianRow);
-  void DrawErrorPlot(Int16 columns, Int16 headerRow, Int16 centreRow, Int16 upperErrorRow,
-                     Int16 lowerErrorRow);
+  void DrawBoxPlot(Int16 columns, Int16 headerRow, Int16 lowerPercentileRow, Int16 upperPercentileRow, Int16 minimumRow,
+                   Int16 maximumRow, Int16 medianRow);
+  void DrawErrorPlot(Int16 columns, Int16 headerRow, Int16 centreRow, Int16 upperErrorRow, Int16 lowerErrorRow);
 
   bool headers_ = false;
   Statistics selected_;  // the Get* options

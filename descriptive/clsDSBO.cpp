@@ -129,9 +129,7 @@ double clsDSBO::Variance() {
       // from zero. This loop counts in 32 bits; the 16-bit limit comes from Mean.
       const Real mean = Mean();
       Real squares = 0.0;
-      forRows<Int32>(Count(), [&](std::int64_t i) {
-        squares = squares + math::pow(Real(value(i)) - mean, 2.0);
-      });
+      forRows<Int32>(Count(), [&](std::int64_t i) { squares = squares + math::pow(Real(value(i)) - mean, 2.0); });
       const Int32 n = Count();
       variance_ = n.value() < 2 ? 0.0 : (squares / real((n - Int32(1)).value())).v;
       haveVariance_ = true;

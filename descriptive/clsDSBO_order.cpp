@@ -7,8 +7,8 @@
 
 #include "descriptive/clsDSBO.h"
 #include "descriptive/clsDSBO_internal.h"
-#include "frame/checked_real.h"
 #include "descriptive/frequency_table.h"
+#include "frame/checked_real.h"
 #include "frame/conversions.h"
 #include "frame/numerics.h"
 #include "support/array_tools.h"

@@ -89,14 +89,12 @@ CellValue clsDSBO::Kurtosis() {
       const Real n = real(count);
       const Real s = Sum();
       powerSums();
-      const Real numerator = (pow(n, 3) + pow(n, 2)) * sum4_ -
-                             Real(4) * (pow(n, 2) + n) * s * sum3_ +
-                             real(Int32(12) * count) * pow(s, 2) * sum2_ -
-                             Real(3) * (pow(n, 2) - n) * pow(sum2_, 2) - Real(6) * pow(s, 4);
+      const Real numerator = (pow(n, 3) + pow(n, 2)) * sum4_ - Real(4) * (pow(n, 2) + n) * s * sum3_ +
+                             real(Int32(12) * count) * pow(s, 2) * sum2_ - Real(3) * (pow(n, 2) - n) * pow(sum2_, 2) -
+                             Real(6) * pow(s, 4);
       // 32-bit product: 0 for n <= 3, and beyond the 32-bit range (an overflow) from 217
       // observations on, so that the kurtosis of larger samples is "-". Kept on purpose.
-      const Int32 denominator =
-          (count - Int32(1)) * count * (count - Int32(2)) * (count - Int32(3));
+      const Int32 denominator = (count - Int32(1)) * count * (count - Int32(2)) * (count - Int32(3));
       const Real variance = Variance();
       return CellValue((numerator / real(denominator) / pow(variance, 2)).v);
     });
@@ -114,8 +112,8 @@ CellValue clsDSBO::SkewnessP() {
       const Real n = real(count);
       const Real b = g * (n - 2) / math::sqrt(n * (n - 1));
       const Real y = b * math::sqrt((n + 1) * (n + 3) / (Real(6) * (n - 2)));
-      const Real beta2 = Real(3) * (pow(n, 2) + Real(27) * n - 70) * (n + 1) * (n + 3) /
-                         ((n - 2) * (n + 5) * (n + 7) * (n + 9));
+      const Real beta2 =
+          Real(3) * (pow(n, 2) + Real(27) * n - 70) * (n + 1) * (n + 3) / ((n - 2) * (n + 5) * (n + 7) * (n + 9));
       const Real w2 = math::sqrt(Real(2) * (beta2 - 1)) - 1;
       const Real delta = Real(1) / math::sqrt(math::log(math::sqrt(w2)));
       const Real alpha = math::sqrt(Real(2) / (w2 - 1));
@@ -136,16 +134,14 @@ CellValue clsDSBO::KurtosisP() {
       const Real k = toNumber(Kurtosis());
       if (textbook_) return CellValue(textbookKurtosisP(k.v));
       const Real n = real(count);
-      const Real varB =
-          Real(24) * n * (n - 2) * (n - 3) / (pow(n + 1, 2) * (n + 3) * (n + 5));
+      const Real varB = Real(24) * n * (n - 2) * (n - 3) / (pow(n + 1, 2) * (n + 3) * (n + 5));
       // |K|: a negative kurtosis is tested like a positive one of the same size. Kept on purpose.
       const Real x = abs(k) * (n - 3) * (n - 2) / ((n - 1) * (n + 1) * math::sqrt(varB));
       const Real c = Real(6) * (pow(n, 2) - Real(5) * n + 2) / ((n + 9) * (n + 7)) *
                      math::sqrt(Real(6) * (n + 3) * (n + 5) / ((n - 2) * n * (n - 3)));
       const Real a = Real(6) + (Real(8) / c) * (Real(2) / c + math::sqrt(Real(1) + Real(4) / pow(c, 2)));
       const Real q = (Real(1) - Real(2) / a) / (Real(1) + x * math::sqrt(Real(2) / (a - 4)));
-      const Real z = ((Real(1) - Real(2) / (Real(9) * a)) - pow(q, 1.0 / 3.0)) /
-                     math::sqrt(Real(2) / (Real(9) * a));
+      const Real z = ((Real(1) - Real(2) / (Real(9) * a)) - pow(q, 1.0 / 3.0)) / math::sqrt(Real(2) / (Real(9) * a));
       return CellValue(twoTailed(functions(), z).v);
     });
   });

@@ -28,8 +28,7 @@ void clsDSOutput::OutputHeader(const std::string& xRange, const std::string& com
   });
 }
 
-void clsDSOutput::OutputMatrix(const Array1D<std::string>& columnNames, const ValueArray2D& matrix,
-                               Int16& firstRow) {
+void clsDSOutput::OutputMatrix(const Array1D<std::string>& columnNames, const ValueArray2D& matrix, Int16& firstRow) {
   kProc("OutputMatrix", [&] {
     const std::int32_t rows = matrix.rows();
     const std::int32_t columns = matrix.columns();
@@ -45,8 +44,7 @@ void clsDSOutput::OutputMatrix(const Array1D<std::string>& columnNames, const Va
   });
 }
 
-void clsDSOutput::OutputPlotData(const Array1D<std::string>& names, const ValueArray2D& matrix,
-                                 PlotDataRows& rows) {
+void clsDSOutput::OutputPlotData(const Array1D<std::string>& names, const ValueArray2D& matrix, PlotDataRows& rows) {
   kProc("OutputPlotData", [&] {
     const std::int32_t r = matrix.rows();
     const std::int32_t c = matrix.columns();
@@ -67,8 +65,7 @@ void clsDSOutput::OutputPlotData(const Array1D<std::string>& names, const ValueA
   });
 }
 
-void clsDSOutput::OutputComment(const std::string& comment, std::int16_t numBlankLines,
-                                bool heading) {
+void clsDSOutput::OutputComment(const std::string& comment, std::int16_t numBlankLines, bool heading) {
   kProc("OutputComment", [&] {
     cursor_.cell(cursor_.row(), 1).SetValue(comment);
     formatter_.EmphasisFormat(cursor_.cell(cursor_.row(), 1), heading);

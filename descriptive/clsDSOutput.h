@@ -34,13 +34,10 @@ class clsDSOutput {
   void OutputHeader(const std::string& xRange, const std::string& comment = {});
   // The names row (names from column 2 on), then the matrix below it. firstRow receives the sheet
   // row of the matrix's first row.
-  void OutputMatrix(const Array1D<std::string>& columnNames, const ValueArray2D& matrix,
-                    Int16& firstRow);
+  void OutputMatrix(const Array1D<std::string>& columnNames, const ValueArray2D& matrix, Int16& firstRow);
   // Names over column pairs, a "Sin"/"Cos" row, then the values; rows receives their sheet rows.
-  void OutputPlotData(const Array1D<std::string>& names, const ValueArray2D& matrix,
-                      PlotDataRows& rows);
-  void OutputComment(const std::string& comment, std::int16_t numBlankLines = 0,
-                     bool heading = false);
+  void OutputPlotData(const Array1D<std::string>& names, const ValueArray2D& matrix, PlotDataRows& rows);
+  void OutputComment(const std::string& comment, std::int16_t numBlankLines = 0, bool heading = false);
   void InsertBlankLines(std::int16_t n);
 
   // The written block, from A1 to the current row and the widest column (at least six columns

@@ -9,8 +9,25 @@ namespace orv {
 // The statistics a Get* option selects, in the order of their rows in the table. A chart may
 // force some of them on as well.
 enum class DescriptiveStatistic : std::uint8_t {
-  Mean, Median, Mode, SE, SD, Variance, CV, CL, Percentile, Sum, Min, Max, Smallest, Largest,
-  Range, Count, Skewness, Kurtosis, kCount
+  Mean,
+  Median,
+  Mode,
+  SE,
+  SD,
+  Variance,
+  CV,
+  CL,
+  Percentile,
+  Sum,
+  Min,
+  Max,
+  Smallest,
+  Largest,
+  Range,
+  Count,
+  Skewness,
+  Kurtosis,
+  kCount
 };
 
 // ErrorCentre: "Mean", "Median", or any other text.
@@ -19,7 +36,13 @@ enum class ErrorCentreChoice : std::uint8_t { Mean, Median, Other };
 // ErrorError: the six texts of the error bars, or any other text. Another text still forces the
 // standard error into the table but leaves the plot without error rows.
 enum class ErrorBarsChoice : std::uint8_t {
-  StandardError, StandardDeviation, Variance, Range, InterpercentileRange, ConfidenceLimits, Other
+  StandardError,
+  StandardDeviation,
+  Variance,
+  Range,
+  InterpercentileRange,
+  ConfidenceLimits,
+  Other
 };
 
 }  // namespace orv

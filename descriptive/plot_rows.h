@@ -8,14 +8,14 @@
 namespace orv {
 
 struct PlotRows {
-  Int16 columns;          // number of data columns
-  Int16 header;           // the row of column names, just above the table
+  Int16 columns;  // number of data columns
+  Int16 header;   // the row of column names, just above the table
   Int16 lowerPercentile;
   Int16 upperPercentile;
   Int16 minimum;
   Int16 maximum;
   Int16 median;
-  Int16 centre;           // mean or median, per ErrorCentre
+  Int16 centre;  // mean or median, per ErrorCentre
   Int16 upperError;
   Int16 lowerError;
 };

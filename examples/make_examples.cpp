@@ -35,14 +35,12 @@ const std::vector<Column> kPigeonHeadings = {
 // Thirty participants of a taste survey: simple reaction time (ms) to a light, their favourite
 // fruit, and the lower edges of 50 ms bins for the reaction times.
 const std::vector<Column> kSurvey = {
-    {"Reaction (ms)",
-     {287, 312, 254, 341, 298, 276, 365, 302, 289, 318, 243, 331, 295, 307, 272,
-      352, 284, 326, 261, 299, 313, 388, 279, 305, 292, 337, 268, 463, 301, 322}},
+    {"Reaction (ms)", {287, 312, 254, 341, 298, 276, 365, 302, 289, 318, 243, 331, 295, 307, 272,
+                       352, 284, 326, 261, 299, 313, 388, 279, 305, 292, 337, 268, 463, 301, 322}},
     {"Favourite fruit",
-     {"Apple", "Banana", "Apple", "Mango", "Orange", "Banana", "Apple", "Grape", "Mango", "Apple",
-      "Orange", "Banana", "Apple", "Strawberry", "Mango", "Banana", "Apple", "Grape", "Orange",
-      "Apple", "Banana", "Mango", "Strawberry", "Apple", "Banana", "Orange", "Apple", "Grape",
-      "Banana", "Mango"}},
+     {"Apple",  "Banana", "Apple",      "Mango",      "Orange", "Banana", "Apple", "Grape", "Mango",  "Apple",
+      "Orange", "Banana", "Apple",      "Strawberry", "Mango",  "Banana", "Apple", "Grape", "Orange", "Apple",
+      "Banana", "Mango",  "Strawberry", "Apple",      "Banana", "Orange", "Apple", "Grape", "Banana", "Mango"}},
     {"Bin (ms)", {200, 250, 300, 350, 400}},
 };
 
@@ -56,8 +54,8 @@ void fill(orv::InMemoryWorksheet& sheet, const std::vector<Column>& columns) {
   }
 }
 
-void write(orv::InMemoryApplication& app, const std::filesystem::path& dir, const char* file,
-           const char* sheet, const std::vector<Column>& columns) {
+void write(orv::InMemoryApplication& app, const std::filesystem::path& dir, const char* file, const char* sheet,
+           const std::vector<Column>& columns) {
   orv::InMemoryWorkbook& book = app.AddWorkbook(file, {sheet});
   fill(book.Worksheets(sheet), columns);
   orv::writeNewWorkbook(book, dir / file);

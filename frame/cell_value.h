@@ -24,20 +24,18 @@ class CellValue {
 
   CellValue() noexcept : payload_{.number = 0.0} {}
   CellValue(double n) noexcept : payload_{.number = n}, kind_(Kind::Number) {}  // NOLINT(google-explicit-constructor)
-  CellValue(int n) noexcept : CellValue(static_cast<double>(n)) {}               // NOLINT
+  CellValue(int n) noexcept : CellValue(static_cast<double>(n)) {}              // NOLINT
   CellValue(std::string s) : payload_{.text = new std::string(std::move(s))}, kind_(Kind::Text) {}  // NOLINT
-  CellValue(const char* s) : CellValue(std::string(s)) {}                        // NOLINT
-  CellValue(std::string_view s) : CellValue(std::string(s)) {}                   // NOLINT
-  CellValue(bool b) noexcept : payload_{.boolean = b}, kind_(Kind::Boolean) {}   // NOLINT
-  CellValue(ErrorValue e) noexcept : payload_{.error = e}, kind_(Kind::Error) {} // NOLINT
+  CellValue(const char* s) : CellValue(std::string(s)) {}                                           // NOLINT
+  CellValue(std::string_view s) : CellValue(std::string(s)) {}                                      // NOLINT
+  CellValue(bool b) noexcept : payload_{.boolean = b}, kind_(Kind::Boolean) {}                      // NOLINT
+  CellValue(ErrorValue e) noexcept : payload_{.error = e}, kind_(Kind::Error) {}                    // NOLINT
 
   CellValue(const CellValue& other) : payload_(other.payload_), kind_(other.kind_) {
     if (kind_ == Kind::Text) payload_.text = new std::string(*other.payload_.text);
   }
   // A moved-from value is empty.
-  CellValue(CellValue&& other) noexcept : payload_(other.payload_), kind_(other.kind_) {
-    other.kind_ = Kind::Empty;
-  }
+  CellValue(CellValue&& other) noexcept : payload_(other.payload_), kind_(other.kind_) { other.kind_ = Kind::Empty; }
   CellValue& operator=(const CellValue& other) {
     if (this != &other) *this = CellValue(other);
     return *this;

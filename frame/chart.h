@@ -41,7 +41,11 @@ enum class TriState : std::int32_t { False = 0, True = -1 };
 enum class ErrorBarDirection : std::int32_t { X = -4168, Y = 1 };
 enum class ErrorBarInclude : std::int32_t { Both = 1, PlusValues = 2, MinusValues = 3, None = -4142 };
 enum class ErrorBarType : std::int32_t {
-  FixedValue = 1, Percent = 2, StDev = -4155, StError = 4, Custom = -4114,
+  FixedValue = 1,
+  Percent = 2,
+  StDev = -4155,
+  StError = 4,
+  Custom = -4114,
 };
 enum class EndStyle : std::int32_t { Cap = 1, NoCap = 2 };
 enum class MarkerStyle : std::int32_t { Automatic = -4105, None = -4142, Circle = 8 };
@@ -163,9 +167,8 @@ class Series {
   virtual orv::ErrorBars& ErrorBars() = 0;
   // Replaces the series' error bars. Only vertical bars of custom amounts are drawn by every
   // host; `amount` and `minusValues` are the plus and minus distances, one per point.
-  virtual void ErrorBar(host::ErrorBarDirection direction, host::ErrorBarInclude include,
-                        host::ErrorBarType type, const ErrorAmount& amount,
-                        const ErrorAmount& minusValues) = 0;
+  virtual void ErrorBar(host::ErrorBarDirection direction, host::ErrorBarInclude include, host::ErrorBarType type,
+                        const ErrorAmount& amount, const ErrorAmount& minusValues) = 0;
   // The line that joins the points.
   virtual ChartBorder& Border() = 0;
   virtual void SetName(const std::string& name) = 0;
@@ -191,9 +194,8 @@ class SeriesCollection {
   // further area is one series; otherwise every area is one series, and a chart that already has
   // series lends the first one's categories. With `seriesLabels`, the first cell of each series
   // area is the series' name. Returns the last series added.
-  virtual Series& Add(const Range& source, host::RowCol rowcol = host::RowCol::Columns,
-                      bool seriesLabels = false, bool categoryLabels = false,
-                      bool replace = false) = 0;
+  virtual Series& Add(const Range& source, host::RowCol rowcol = host::RowCol::Columns, bool seriesLabels = false,
+                      bool categoryLabels = false, bool replace = false) = 0;
   // A series without values, to be given them through SetValues.
   virtual Series& NewSeries() = 0;
 };

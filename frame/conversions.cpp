@@ -2,10 +2,10 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdint>
-#include <limits>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
+#include <limits>
 #include <system_error>
 
 #include "frame/errors.h"
@@ -127,8 +127,7 @@ std::string numberToText(double x) {
   // General format with 15 significant digits already drops trailing zeros and switches to the
   // scientific form below 1E-04 and from 1E+15 on, with an exponent of at least two digits.
   std::array<char, 32> buffer{};
-  const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), x,
-                                    std::chars_format::general, 15);
+  const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), x, std::chars_format::general, 15);
   std::string text(buffer.data(), result.ptr);
   for (char& c : text) {
     if (c == 'e') c = 'E';

@@ -32,8 +32,7 @@ void raise(std::int32_t number, std::string_view description) {
   // An error raised without a description gets the platform's text for its number; the source
   // names the library until a procedure trap stamps its own.
   throw ComponentError(number, "ORVDescriptives",
-                       std::string(description.empty() ? err::standardDescription(number)
-                                                       : description));
+                       std::string(description.empty() ? err::standardDescription(number) : description));
 }
 
 void raiseHost(std::string_view description) { raise(err::kHostFailure, description); }

@@ -27,7 +27,6 @@ class ComponentError : public std::exception {
   std::int32_t number_;
   std::string source_;
   std::string description_;
-  
 };
 
 namespace err {
@@ -47,16 +46,16 @@ inline constexpr std::int32_t kHostFailure = 1004;
 inline constexpr std::int32_t kObjectErrorBase = -2147221504;
 
 // The component's errors.
-inline constexpr std::int32_t kOutputRangeInvalid = kObjectErrorBase + 5001;   // circular OutputRange setter
-inline constexpr std::int32_t kNoInputRange = kObjectErrorBase + 5002;         // no input range
-inline constexpr std::int32_t kFrequencyShape = kObjectErrorBase + 5018;       // frequency/data shapes differ
-inline constexpr std::int32_t kCircularInput = kObjectErrorBase + 5024;        // angle outside 0..360, bad input ref
-inline constexpr std::int32_t kAreaHeights = kObjectErrorBase + 5038;          // areas of different heights
-inline constexpr std::int32_t kFrequencyVariables = kObjectErrorBase + 5052;   // >1 variable in frequency range
-inline constexpr std::int32_t kTooFewBins = kObjectErrorBase + 5081;           // fewer than two bin values
+inline constexpr std::int32_t kOutputRangeInvalid = kObjectErrorBase + 5001;  // circular OutputRange setter
+inline constexpr std::int32_t kNoInputRange = kObjectErrorBase + 5002;        // no input range
+inline constexpr std::int32_t kFrequencyShape = kObjectErrorBase + 5018;      // frequency/data shapes differ
+inline constexpr std::int32_t kCircularInput = kObjectErrorBase + 5024;       // angle outside 0..360, bad input ref
+inline constexpr std::int32_t kAreaHeights = kObjectErrorBase + 5038;         // areas of different heights
+inline constexpr std::int32_t kFrequencyVariables = kObjectErrorBase + 5052;  // >1 variable in frequency range
+inline constexpr std::int32_t kTooFewBins = kObjectErrorBase + 5081;          // fewer than two bin values
 inline constexpr std::int32_t kBinsWithoutFrequencies = kObjectErrorBase + 5086;
-inline constexpr std::int32_t kBinShape = kObjectErrorBase + 5097;             // frequency/bin shapes differ
-inline constexpr std::int32_t kBinVariables = kObjectErrorBase + 5098;         // >1 variable in bin range
+inline constexpr std::int32_t kBinShape = kObjectErrorBase + 5097;      // frequency/bin shapes differ
+inline constexpr std::int32_t kBinVariables = kObjectErrorBase + 5098;  // >1 variable in bin range
 inline constexpr std::int32_t kBinsNotIncreasing = kObjectErrorBase + 5099;
 
 // Errors of the support services (outside the component's 5001..5099).
@@ -66,7 +65,7 @@ inline constexpr std::int32_t kOutputAreaOccupied = kObjectErrorBase + 6002;    
 // Errors of the file layer.
 inline constexpr std::int32_t kFileUnreadable = kObjectErrorBase + 6101;  // not a workbook or text file we read
 // Errors of the workbook files.
-inline constexpr std::int32_t kFileUnwritable = kObjectErrorBase + 6102;        // output workbook cannot be written
+inline constexpr std::int32_t kFileUnwritable = kObjectErrorBase + 6102;  // output workbook cannot be written
 
 // The description of an error raised without one of its own.
 inline constexpr std::string_view kGenericDescription = "Application-defined or object-defined error";

@@ -35,8 +35,8 @@ std::int64_t roundToUnits(double value, int decimals) {
   if (value == 0.0) return 0;
   // Shortest scientific form: "d[.ddd]e[+-]xx", at most 17 significant digits.
   std::array<char, 40> buffer{};
-  const auto written = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
-                                     std::chars_format::scientific);
+  const auto written =
+      std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::scientific);
   const std::string_view text(buffer.data(), static_cast<std::size_t>(written.ptr - buffer.data()));
   const bool negative = text.front() == '-';
   const std::size_t e = text.find('e');
@@ -48,15 +48,14 @@ std::int64_t roundToUnits(double value, int decimals) {
     ++count;
   }
   int exponent = 0;
-  std::from_chars(text.data() + e + (text[e + 1] == '+' ? 2 : 1), text.data() + text.size(),
-                  exponent);
+  std::from_chars(text.data() + e + (text[e + 1] == '+' ? 2 : 1), text.data() + text.size(), exponent);
 
   // value = digits * 10^(exponent - count + 1); the units are that times 10^decimals.
   const int shift = exponent - count + 1 + decimals;
   std::uint64_t magnitude = 0;
   if (shift >= 0) {
     if (count + shift > 19) raiseOverflow();  // at least 10^19, beyond any int64
-    magnitude = digits * pow10(shift);         // below 10^19, so no wrap-around
+    magnitude = digits * pow10(shift);        // below 10^19, so no wrap-around
   } else if (-shift <= count) {
     const std::uint64_t divisor = pow10(-shift);
     magnitude = digits / divisor;
@@ -76,16 +75,14 @@ std::int64_t roundToUnits(double value, int decimals) {
 Fixed4 Fixed4::fromDouble(double x) { return Fixed4(roundToUnits(x, 4)); }
 
 Fixed4 operator+(Fixed4 a, Fixed4 b) {
-  if ((b.units_ > 0 && a.units_ > kUnitsMax - b.units_) ||
-      (b.units_ < 0 && a.units_ < kUnitsMin - b.units_)) {
+  if ((b.units_ > 0 && a.units_ > kUnitsMax - b.units_) || (b.units_ < 0 && a.units_ < kUnitsMin - b.units_)) {
     raiseOverflow();
   }
   return Fixed4(a.units_ + b.units_);
 }
 
 Fixed4 operator-(Fixed4 a, Fixed4 b) {
-  if ((b.units_ < 0 && a.units_ > kUnitsMax + b.units_) ||
-      (b.units_ > 0 && a.units_ < kUnitsMin + b.units_)) {
+  if ((b.units_ < 0 && a.units_ > kUnitsMax + b.units_) || (b.units_ > 0 && a.units_ < kUnitsMin + b.units_)) {
     raiseOverflow();
   }
   return Fixed4(a.units_ - b.units_);
@@ -93,8 +90,7 @@ Fixed4 operator-(Fixed4 a, Fixed4 b) {
 
 Fixed4 operator*(Fixed4 a, Fixed4 b) {
   // Working in units keeps one division by 10000 instead of two conversions to double.
-  return Fixed4(roundToUnits(
-      static_cast<double>(a.units_) * static_cast<double>(b.units_) / 10000.0, 0));
+  return Fixed4(roundToUnits(static_cast<double>(a.units_) * static_cast<double>(b.units_) / 10000.0, 0));
 }
 
 Fixed4 operator/(Fixed4 a, Fixed4 b) {

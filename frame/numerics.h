@@ -37,24 +37,40 @@ class Checked {
   // Mixed forms with any plain integer, so that `counter + 1` is checked in 64 bits rather than
   // done in int or truncated to T first.
   template <class U, std::enable_if_t<std::is_integral_v<U>, int> = 0>
-  friend Checked operator+(Checked a, U b) { return Checked(narrow(std::int64_t{a.v_} + static_cast<std::int64_t>(b))); }
+  friend Checked operator+(Checked a, U b) {
+    return Checked(narrow(std::int64_t{a.v_} + static_cast<std::int64_t>(b)));
+  }
   template <class U, std::enable_if_t<std::is_integral_v<U>, int> = 0>
-  friend Checked operator+(U a, Checked b) { return Checked(narrow(static_cast<std::int64_t>(a) + b.v_)); }
+  friend Checked operator+(U a, Checked b) {
+    return Checked(narrow(static_cast<std::int64_t>(a) + b.v_));
+  }
   template <class U, std::enable_if_t<std::is_integral_v<U>, int> = 0>
-  friend Checked operator-(Checked a, U b) { return Checked(narrow(std::int64_t{a.v_} - static_cast<std::int64_t>(b))); }
+  friend Checked operator-(Checked a, U b) {
+    return Checked(narrow(std::int64_t{a.v_} - static_cast<std::int64_t>(b)));
+  }
   template <class U, std::enable_if_t<std::is_integral_v<U>, int> = 0>
-  friend Checked operator-(U a, Checked b) { return Checked(narrow(static_cast<std::int64_t>(a) - b.v_)); }
+  friend Checked operator-(U a, Checked b) {
+    return Checked(narrow(static_cast<std::int64_t>(a) - b.v_));
+  }
   template <class U, std::enable_if_t<std::is_integral_v<U>, int> = 0>
-  friend Checked operator*(Checked a, U b) { return Checked(narrow(std::int64_t{a.v_} * static_cast<std::int64_t>(b))); }
+  friend Checked operator*(Checked a, U b) {
+    return Checked(narrow(std::int64_t{a.v_} * static_cast<std::int64_t>(b)));
+  }
   template <class U, std::enable_if_t<std::is_integral_v<U>, int> = 0>
-  friend Checked operator*(U a, Checked b) { return Checked(narrow(static_cast<std::int64_t>(a) * b.v_)); }
+  friend Checked operator*(U a, Checked b) {
+    return Checked(narrow(static_cast<std::int64_t>(a) * b.v_));
+  }
   Checked& operator+=(Checked b) { return *this = *this + b; }
   Checked& operator-=(Checked b) { return *this = *this - b; }
   Checked& operator*=(Checked b) { return *this = *this * b; }
   template <class U, std::enable_if_t<std::is_integral_v<U>, int> = 0>
-  Checked& operator+=(U b) { return *this = *this + b; }
+  Checked& operator+=(U b) {
+    return *this = *this + b;
+  }
   template <class U, std::enable_if_t<std::is_integral_v<U>, int> = 0>
-  Checked& operator-=(U b) { return *this = *this - b; }
+  Checked& operator-=(U b) {
+    return *this = *this - b;
+  }
   Checked& operator++() { return *this += Checked(T{1}); }
 
  private:

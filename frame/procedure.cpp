@@ -9,8 +9,7 @@ std::string procedureSource(std::string_view cls, std::string_view proc) {
   return s;
 }
 
-ComponentError restamp(const ComponentError& e, std::string_view cls, std::string_view proc,
-                       SourceRule rule) {
+ComponentError restamp(const ComponentError& e, std::string_view cls, std::string_view proc, SourceRule rule) {
   if (rule == SourceRule::AppendAfterLine && e.source().find("Line ") != std::string::npos) {
     std::string s = e.source();
     s.append(".").append(proc);

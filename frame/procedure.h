@@ -21,18 +21,16 @@ std::string procedureSource(std::string_view cls, std::string_view proc);
 
 // How a trap treats a source that is already there.
 enum class SourceRule {
-  Replace,           // every procedure: the source becomes this procedure's
-  AppendAfterLine,   // a source that already holds "Line " gets "." + procedure appended instead
+  Replace,          // every procedure: the source becomes this procedure's
+  AppendAfterLine,  // a source that already holds "Line " gets "." + procedure appended instead
 };
 
 // Re-stamps an error that passes through procedure `proc` of class `cls`.
-ComponentError restamp(const ComponentError& e, std::string_view cls, std::string_view proc,
-                       SourceRule rule);
+ComponentError restamp(const ComponentError& e, std::string_view cls, std::string_view proc, SourceRule rule);
 
 class Procedures {
  public:
-  constexpr explicit Procedures(std::string_view cls, SourceRule rule = SourceRule::Replace)
-      : cls_(cls), rule_(rule) {}
+  constexpr explicit Procedures(std::string_view cls, SourceRule rule = SourceRule::Replace) : cls_(cls), rule_(rule) {}
 
   template <class Body>
   decltype(auto) operator()(std::string_view proc, Body&& body) const {

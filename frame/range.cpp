@@ -16,8 +16,8 @@ bool insideSheet(std::int64_t row, std::int64_t column) {
 
 void requireSameSheet(const Range& a, const Range& b, std::string_view what) {
   if (&a.Parent() != &b.Parent()) {
-    raiseHost(std::string(what) + ": the ranges lie on different sheets (\"" + a.Parent().Name() +
-              "\" and \"" + b.Parent().Name() + "\")");
+    raiseHost(std::string(what) + ": the ranges lie on different sheets (\"" + a.Parent().Name() + "\" and \"" +
+              b.Parent().Name() + "\")");
   }
 }
 
@@ -25,8 +25,7 @@ void requireSameSheet(const Range& a, const Range& b, std::string_view what) {
 
 Range::Range(Worksheet& sheet, CellBlock block) : sheet_(&sheet), areas_{block} {}
 
-Range::Range(Worksheet& sheet, std::vector<CellBlock> areas)
-    : sheet_(&sheet), areas_(std::move(areas)) {
+Range::Range(Worksheet& sheet, std::vector<CellBlock> areas) : sheet_(&sheet), areas_(std::move(areas)) {
   if (areas_.empty()) raiseHost("A range needs at least one area");
 }
 
@@ -34,13 +33,11 @@ Range Range::Span(const Range& first, const Range& second) {
   requireSameSheet(first, second, "Range(cell, cell)");
   const CellBlock& a = first.block();
   const CellBlock& b = second.block();
-  return Range(first.Parent(), CellBlock{std::min(a.top, b.top), std::min(a.left, b.left),
-                                         std::max(a.bottom, b.bottom), std::max(a.right, b.right)});
+  return Range(first.Parent(), CellBlock{std::min(a.top, b.top), std::min(a.left, b.left), std::max(a.bottom, b.bottom),
+                                         std::max(a.right, b.right)});
 }
 
-Range Range::AllCells(Worksheet& sheet) {
-  return Range(sheet, CellBlock{1, 1, kMaxRows, kMaxColumns});
-}
+Range Range::AllCells(Worksheet& sheet) { return Range(sheet, CellBlock{1, 1, kMaxRows, kMaxColumns}); }
 
 Range Range::Areas(std::int32_t index) const {
   if (index < 1 || index > AreasCount()) raiseSubscript();
@@ -51,16 +48,14 @@ Range Range::Columns(std::int32_t column) const {
   const CellBlock& b = block();
   const std::int64_t c = std::int64_t{b.left} + column - 1;
   if (!insideSheet(b.top, c)) raiseHost("Columns(" + std::to_string(column) + ") lies outside the sheet");
-  return Range(*sheet_, CellBlock{b.top, static_cast<std::int32_t>(c), b.bottom,
-                                  static_cast<std::int32_t>(c)});
+  return Range(*sheet_, CellBlock{b.top, static_cast<std::int32_t>(c), b.bottom, static_cast<std::int32_t>(c)});
 }
 
 Range Range::Rows(std::int32_t row) const {
   const CellBlock& b = block();
   const std::int64_t r = std::int64_t{b.top} + row - 1;
   if (!insideSheet(r, b.left)) raiseHost("Rows(" + std::to_string(row) + ") lies outside the sheet");
-  return Range(*sheet_, CellBlock{static_cast<std::int32_t>(r), b.left,
-                                  static_cast<std::int32_t>(r), b.right});
+  return Range(*sheet_, CellBlock{static_cast<std::int32_t>(r), b.left, static_cast<std::int32_t>(r), b.right});
 }
 
 Range Range::Cells(std::int64_t row, std::int64_t column) const {
@@ -68,8 +63,8 @@ Range Range::Cells(std::int64_t row, std::int64_t column) const {
   const std::int64_t r = std::int64_t{b.top} + row - 1;
   const std::int64_t c = std::int64_t{b.left} + column - 1;
   if (!insideSheet(r, c)) {
-    raiseHost("Cells(" + std::to_string(row) + ", " + std::to_string(column) +
-              ") of " + Address() + " lies outside the sheet");
+    raiseHost("Cells(" + std::to_string(row) + ", " + std::to_string(column) + ") of " + Address() +
+              " lies outside the sheet");
   }
   const auto r32 = static_cast<std::int32_t>(r);
   const auto c32 = static_cast<std::int32_t>(c);
@@ -109,9 +104,7 @@ void Range::SetValues(const ValueArray2D& values) const {
 
 std::string Range::Address() const { return absoluteAddress(areas_); }
 
-std::string Range::AddressWithSheet() const {
-  return quoteSheetName(sheet_->Name()) + "!" + Address();
-}
+std::string Range::AddressWithSheet() const { return quoteSheetName(sheet_->Name()) + "!" + Address(); }
 
 double Range::Top() const { return sheet_->rowTop(block().top); }
 double Range::Left() const { return sheet_->columnLeft(block().left); }
@@ -174,9 +167,8 @@ void Range::PasteSpecial(PasteType type) const {
   const CellBlock& from = source.block();
   const CellBlock& at = block();
   if (!insideSheet(std::int64_t{at.top} + from.rows() - 1, std::int64_t{at.left} + from.columns() - 1)) {
-    raiseHost("PasteSpecial: a block of " + std::to_string(from.rows()) + " rows by " +
-              std::to_string(from.columns()) + " columns does not fit below and right of " +
-              Address());
+    raiseHost("PasteSpecial: a block of " + std::to_string(from.rows()) + " rows by " + std::to_string(from.columns()) +
+              " columns does not fit below and right of " + Address());
   }
 
   // Read everything first: source and target may overlap on one sheet.

@@ -22,9 +22,9 @@ class Worksheet;
 
 // Paste types of Range::PasteSpecial, with the host's enumeration values.
 enum class PasteType : std::int32_t {
-  All = -4104,        // values and formats
-  Values = -4163,     // values only; the target keeps its formats
-  Formats = -4122,    // formats only
+  All = -4104,      // values and formats
+  Values = -4163,   // values only; the target keeps its formats
+  Formats = -4122,  // formats only
   ValuesAndNumberFormats = 12,
 };
 

@@ -170,8 +170,7 @@ bool readsAsCell(std::string_view name) {
   while (i < name.size() && isLetter(name[i])) ++i;
   const std::size_t letters = i;
   while (i < name.size() && isDigit(name[i])) ++i;
-  if (i == name.size() && letters > 0 && letters < name.size() &&
-      columnNumber(name.substr(0, letters)) != 0) {
+  if (i == name.size() && letters > 0 && letters < name.size() && columnNumber(name.substr(0, letters)) != 0) {
     return true;
   }
   i = 0;
@@ -230,9 +229,7 @@ std::int32_t columnNumber(std::string_view letters) {
 std::string absoluteAddress(const CellBlock& block) {
   // Built by appending: GCC 12 at -O3 misreads `"$" + std::string` as an overlapping copy.
   std::string out;
-  const auto addColumn = [&out](std::int32_t column) {
-    out.append("$").append(columnLetters(column));
-  };
+  const auto addColumn = [&out](std::int32_t column) { out.append("$").append(columnLetters(column)); };
   const auto addRow = [&out](std::int32_t row) { out.append("$").append(std::to_string(row)); };
   // A block that spans whole rows and whole columns (the whole sheet) is shown as rows.
   if (block.wholeRows()) {
@@ -275,8 +272,7 @@ void requireCellOnSheet(std::int32_t row, std::int32_t column) {
 }
 
 void requireBlockOnSheet(const CellBlock& b) {
-  if (b.top < 1 || b.left < 1 || b.bottom > kMaxRows || b.right > kMaxColumns || b.top > b.bottom ||
-      b.left > b.right) {
+  if (b.top < 1 || b.left < 1 || b.bottom > kMaxRows || b.right > kMaxColumns || b.top > b.bottom || b.left > b.right) {
     raise(err::kHostFailure);
   }
 }

@@ -65,8 +65,7 @@ SmallPowers smallPowers(double x) {
   const Product square = exactProduct(x, x);
   const Product cube = exactProduct(square.hi, x);
   const Product fourth = exactProduct(square.hi, square.hi);
-  return {settle(square.hi, square.lo, x, 2),
-          settle(cube.hi, cube.lo + square.lo * x, x, 3),
+  return {settle(square.hi, square.lo, x, 2), settle(cube.hi, cube.lo + square.lo * x, x, 3),
           settle(fourth.hi, fourth.lo + 2.0 * square.hi * square.lo + square.lo * square.lo, x, 4)};
 }
 

@@ -21,12 +21,8 @@ class ValueArray2D {
   std::int32_t columns() const { return columns_; }
   bool empty() const { return rows_ == 0 || columns_ == 0; }
 
-  CellValue& operator()(std::int64_t row, std::int64_t column) {
-    return cells_[index(row, column)];
-  }
-  const CellValue& operator()(std::int64_t row, std::int64_t column) const {
-    return cells_[index(row, column)];
-  }
+  CellValue& operator()(std::int64_t row, std::int64_t column) { return cells_[index(row, column)]; }
+  const CellValue& operator()(std::int64_t row, std::int64_t column) const { return cells_[index(row, column)]; }
 
   // Row-major storage, for hot loops that have already checked their bounds.
   std::vector<CellValue>& cells() { return cells_; }

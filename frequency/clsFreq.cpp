@@ -40,12 +40,18 @@ clsFreq::clsFreq() {
   kFreq("Class_Initialize", [] {});
 }
 
-void clsFreq::Headers(bool v) { kFreq("LetHeaders", [&] { headers_ = v; }); }
+void clsFreq::Headers(bool v) {
+  kFreq("LetHeaders", [&] { headers_ = v; });
+}
 void clsFreq::DataType(ORVDescriptivesFreqDataType v) {
   kFreq("LetDataType", [&] { dataType_ = v; });
 }
-void clsFreq::PlotHistogram(bool v) { kFreq("LetPlotHistogram", [&] { histogram_.plot = v; }); }
-void clsFreq::PlotNormal(bool v) { kFreq("LetPlotNormal", [&] { histogram_.normal = v; }); }
+void clsFreq::PlotHistogram(bool v) {
+  kFreq("LetPlotHistogram", [&] { histogram_.plot = v; });
+}
+void clsFreq::PlotNormal(bool v) {
+  kFreq("LetPlotNormal", [&] { histogram_.normal = v; });
+}
 void clsFreq::PlotCumulative(bool v) {
   kFreq("LetPlotCumulative", [&] { histogram_.cumulative = v; });
 }
@@ -61,8 +67,12 @@ void clsFreq::HistogramYTitle(const std::string& v) {
 void clsFreq::CategoryStartPoint(bool v) {
   kFreq("LetCategoryStartPoint", [&] { histogram_.categoryStartPoints = v; });
 }
-void clsFreq::ShowRawData(bool v) { kFreq("LetShowRawData", [&] { showRawData_ = v; }); }
-void clsFreq::DataInRows(bool v) { kFreq("LetDataInRows", [&] { dataInRows_ = v; }); }
+void clsFreq::ShowRawData(bool v) {
+  kFreq("LetShowRawData", [&] { showRawData_ = v; });
+}
+void clsFreq::DataInRows(bool v) {
+  kFreq("LetDataInRows", [&] { dataInRows_ = v; });
+}
 // Unlike the older options, a change drops the finished block: it changes the counts.
 void clsFreq::Textbook(bool v) {
   kFreq("LetTextbook", [&] {
@@ -127,8 +137,7 @@ void clsFreq::CheckRanges() const {
     const std::optional<Range>& bins = bin_.range;
     if (!data && !bins) raise(err::kNoInputRange);
     if (!data && !frequencies) raise(err::kBinsWithoutFrequencies);
-    if (data && frequencies &&
-        RangeChecks::CountVariables(*frequencies, headers_, dataInRows_) > 1) {
+    if (data && frequencies && RangeChecks::CountVariables(*frequencies, headers_, dataInRows_) > 1) {
       raise(err::kFrequencyVariables);
     }
     if (bins && RangeChecks::CountVariables(*bins, headers_, dataInRows_) > 1) {
@@ -136,9 +145,7 @@ void clsFreq::CheckRanges() const {
     }
 
     // The cells of one variable of an area: its rows, or its columns with DataInRows.
-    const auto length = [&](const CellBlock& area) {
-      return dataInRows_ ? area.columns() : area.rows();
-    };
+    const auto length = [&](const CellBlock& area) { return dataInRows_ ? area.columns() : area.rows(); };
     if (data && frequencies) {
       const std::int32_t weights = length(frequencies->block());
       for (const CellBlock& area : data->areas()) {
@@ -211,8 +218,7 @@ clsFreq::Table clsFreq::countTable(Kind kind, const std::vector<Analysed>& varia
       }
 
       table.names.items().push_back(v.name);
-      table.results.items().push_back(
-          {bo.Values(), bo.Counts(), bo.CumCounts(), bo.Percents(), bo.CumPercents()});
+      table.results.items().push_back({bo.Values(), bo.Counts(), bo.CumCounts(), bo.Percents(), bo.CumPercents()});
       if (kind != Kind::Raw) table.flags.push_back({bo.LessThanCatUsed(), bo.GreaterThanCatUsed()});
       reportWork(++tally.done, tally.total);
     }

@@ -24,18 +24,28 @@ clsFreqBO::clsFreqBO() {
   kFreqBO("Initialise", [&] { dataType_ = 0; });
 }
 
-void clsFreqBO::Data(const ValueArray1D& data) { kFreqBO("LetData", [&] { data_ = data; }); }
+void clsFreqBO::Data(const ValueArray1D& data) {
+  kFreqBO("LetData", [&] { data_ = data; });
+}
 void clsFreqBO::Frequencies(const ValueArray1D& weights) {
   kFreqBO("LetFrequencies", [&] { frequencies_ = weights; });
 }
-void clsFreqBO::Bin(const ValueArray1D& bins) { kFreqBO("LetBin", [&] { bin_ = bins; }); }
-void clsFreqBO::DataType(std::int32_t type) { kFreqBO("LetDataType", [&] { dataType_ = type; }); }
-void clsFreqBO::Textbook(bool v) { kFreqBO("LetTextbook", [&] { rules_.textbook = v; }); }
+void clsFreqBO::Bin(const ValueArray1D& bins) {
+  kFreqBO("LetBin", [&] { bin_ = bins; });
+}
+void clsFreqBO::DataType(std::int32_t type) {
+  kFreqBO("LetDataType", [&] { dataType_ = type; });
+}
+void clsFreqBO::Textbook(bool v) {
+  kFreqBO("LetTextbook", [&] { rules_.textbook = v; });
+}
 void clsFreqBO::DataAreStartPoints(bool v) {
   kFreqBO("LetDataAreStartPoints", [&] { dataAreStartPoints_ = v; });
 }
 
-ValueArray1D clsFreqBO::Values() const { return kFreqBO("GetValues", [&] { return values_; }); }
+ValueArray1D clsFreqBO::Values() const {
+  return kFreqBO("GetValues", [&] { return values_; });
+}
 Array1D<std::int32_t> clsFreqBO::Counts() const {
   return kFreqBO("GetCounts", [&] { return counts_; });
 }
@@ -95,7 +105,7 @@ void clsFreqBO::AnalyseCategorical() {
 }
 
 Array1D<std::int32_t> clsFreqBO::UniqueCounts(ValueArray1D& categories, const ValueArray1D& data,
-                                          const ValueArray1D& weights, bool binned) {
+                                              const ValueArray1D& weights, bool binned) {
   return kFreqBO("UniqueCounts", [&] {
     if (binned) {
       return detail::binnedCounts(categories, data, weights, lessThanCatUsed_, greaterThanCatUsed_, rules_);

@@ -63,8 +63,8 @@ class clsFreqBO {  // NOLINT(readability-identifier-naming): the component's own
 
   // Counts per category. Exact mode: each category gets the weights of the data equal to it.
   // Binned mode: see above; may lengthen `categories` and sets the two flags.
-  Array1D<std::int32_t> UniqueCounts(ValueArray1D& categories, const ValueArray1D& data,
-                                     const ValueArray1D& weights, bool binned);
+  Array1D<std::int32_t> UniqueCounts(ValueArray1D& categories, const ValueArray1D& data, const ValueArray1D& weights,
+                                     bool binned);
   // The distinct values of `data` as texts, ascending (numbers, then texts; an empty cell
   // makes no category unless every cell is empty).
   ValueArray1D UniqueNumbers(const ValueArray1D& data);

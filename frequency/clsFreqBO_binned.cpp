@@ -99,9 +99,8 @@ WidthTest testWidths(const ValueArray1D& bins, bool& greaterThanCatUsed, Countin
 
 }  // namespace
 
-Array1D<std::int32_t> binnedCounts(ValueArray1D& categories, const ValueArray1D& data,
-                                   const ValueArray1D& weights, bool& lessThanCatUsed,
-                                   bool& greaterThanCatUsed, CountingRules rules) {
+Array1D<std::int32_t> binnedCounts(ValueArray1D& categories, const ValueArray1D& data, const ValueArray1D& weights,
+                                   bool& lessThanCatUsed, bool& greaterThanCatUsed, CountingRules rules) {
   const std::int32_t m = categories.size();
   const std::int32_t n = data.size();
   Array1D<std::int32_t> counts(m);

@@ -60,9 +60,8 @@ void clsFreqOutput::OutputHeader(const std::string& dataRange, const std::string
   });
 }
 
-void clsFreqOutput::OutputMatrix(const Array1D<std::string>& headings,
-                                 const Array1D<VariableDistribution>& results, CategoryRows& rows,
-                                 const std::vector<CategoryFlags>* flags) {
+void clsFreqOutput::OutputMatrix(const Array1D<std::string>& headings, const Array1D<VariableDistribution>& results,
+                                 CategoryRows& rows, const std::vector<CategoryFlags>* flags) {
   kProc("OutputMatrix", [&] {
     const std::int32_t variables = results.size();
     const std::int32_t width = (Int32(variables) * kWidth).value();
@@ -122,8 +121,7 @@ void clsFreqOutput::OutputMatrix(const Array1D<std::string>& headings,
   });
 }
 
-void clsFreqOutput::OutputComment(const std::string& comment, std::int16_t numBlankLines,
-                                  bool heading) {
+void clsFreqOutput::OutputComment(const std::string& comment, std::int16_t numBlankLines, bool heading) {
   kProc("OutputComment", [&] {
     writeLine(comment, heading);
     cursor_.advance(numBlankLines);
@@ -135,9 +133,7 @@ void clsFreqOutput::InsertBlankLines(std::int16_t n) {
 }
 
 Range clsFreqOutput::Results() {
-  return kProc("Results", [&] {
-    return cursor_.block();
-  });
+  return kProc("Results", [&] { return cursor_.block(); });
 }
 
 }  // namespace orv

@@ -43,11 +43,9 @@ class clsFreqOutput {
                     const std::string& frequencyRange = {}, const std::string& comment = {});
   // One table of as many variables as `results` holds; `headings` names them. With `flags`
   // (binned tables), the "<" and ">=" marks of each variable.
-  void OutputMatrix(const Array1D<std::string>& headings,
-                    const Array1D<VariableDistribution>& results, CategoryRows& rows,
-                    const std::vector<CategoryFlags>* flags = nullptr);
-  void OutputComment(const std::string& comment, std::int16_t numBlankLines = 0,
-                     bool heading = false);
+  void OutputMatrix(const Array1D<std::string>& headings, const Array1D<VariableDistribution>& results,
+                    CategoryRows& rows, const std::vector<CategoryFlags>* flags = nullptr);
+  void OutputComment(const std::string& comment, std::int16_t numBlankLines = 0, bool heading = false);
   void InsertBlankLines(std::int16_t n);
 
   // The written block, from A1 to the current row and the last column used (six columns when

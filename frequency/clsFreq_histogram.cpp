@@ -124,8 +124,7 @@ HistogramExtras clsFreq::histogramExtras(const PastedTable& table, std::size_t v
   e.name = table.origin.Cells(table.place.headingRow, e.left).Value();
   // Numerical bins have edges: they give the "from - to" labels and the normal curve.
   const bool binned = table.place.kind != Kind::Raw;
-  const std::optional<std::vector<double>> values =
-      binned ? numbersOf(table.column(e.left, last)) : std::nullopt;
+  const std::optional<std::vector<double>> values = binned ? numbersOf(table.column(e.left, last)) : std::nullopt;
   if (!values) return e;
   const CategoryFlags flags = v < table.place.flags.size() ? table.place.flags[v] : CategoryFlags{};
   const std::vector<CategoryEdges> edges = binnedCategoryEdges(*values, flags);
@@ -138,27 +137,24 @@ HistogramExtras clsFreq::histogramExtras(const PastedTable& table, std::size_t v
 
 // The counts a normal distribution expects per category: of the data's own mean and deviation,
 // or for pre-counted data of the table's; nothing where the data do not vary.
-std::optional<std::vector<double>> clsFreq::normalCounts(
-    const PastedTable& table, std::size_t v, const std::vector<CategoryEdges>& edges) const {
+std::optional<std::vector<double>> clsFreq::normalCounts(const PastedTable& table, std::size_t v,
+                                                         const std::vector<CategoryEdges>& edges) const {
   const std::int32_t left = static_cast<std::int32_t>(v) * kVariableWidth + kCountColumn;
   const std::vector<double> observed =
       numbersOf(table.column(left, table.place.lastRows[v])).value_or(std::vector<double>{});
   double total = 0;
   for (double n : observed) total += n;
   const std::optional<SampleMoments> moments =
-      input_.range ? (v < moments_.size() ? moments_[v] : std::nullopt)
-                   : groupedMoments(edges, observed);
+      input_.range ? (v < moments_.size() ? moments_[v] : std::nullopt) : groupedMoments(edges, observed);
   if (!moments) return std::nullopt;
-  return expectedNormalCounts(edges, total, *moments,
-                              HostSession::Application().worksheetFunction());
+  return expectedNormalCounts(edges, total, *moments, HostSession::Application().worksheetFunction());
 }
 
 // One chart, `v` places down the stack: the counts, categories labelled by the cells written
 // for them (else literal labels, else the table's own category cells), the normal curve and the
 // cumulative percentages as asked for.
-void clsFreq::drawOneHistogram(const PastedTable& table, std::size_t v,
-                               const HistogramExtras& extras, const HistogramExtraCells* written,
-                               const Range& anchor) const {
+void clsFreq::drawOneHistogram(const PastedTable& table, std::size_t v, const HistogramExtras& extras,
+                               const HistogramExtraCells* written, const Range& anchor) const {
   const std::int32_t last = table.place.lastRows[v];
   HistogramBuilder builder;
   builder.VerticalOffset(static_cast<std::int32_t>(v) * kChartStep);

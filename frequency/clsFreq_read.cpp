@@ -26,9 +26,7 @@ std::vector<clsFreq::Variable> clsFreq::readVariables(const Range& range) const 
       const std::int32_t length = dataInRows_ ? area.columns() : area.rows();
       const std::int32_t first = headers_ ? 2 : 1;
       for (std::int32_t v = 1; v <= count; ++v) {
-        const auto at = [&](std::int32_t i) -> const CellValue& {
-          return dataInRows_ ? values(v, i) : values(i, v);
-        };
+        const auto at = [&](std::int32_t i) -> const CellValue& { return dataInRows_ ? values(v, i) : values(i, v); };
         Variable variable;
         if (headers_) {
           variable.name = toText(at(1));
@@ -42,8 +40,9 @@ std::vector<clsFreq::Variable> clsFreq::readVariables(const Range& range) const 
         for (std::int32_t i = first; i <= length; ++i) cells.push_back(at(i));
         if (first <= length) {
           const std::int32_t line = (dataInRows_ ? area.top : area.left) + v - 1;
-          variable.place = Range(range.Parent(), dataInRows_ ? CellBlock{line, area.left + first - 1, line, area.right}
-                                                             : CellBlock{area.top + first - 1, line, area.bottom, line});
+          variable.place =
+              Range(range.Parent(), dataInRows_ ? CellBlock{line, area.left + first - 1, line, area.right}
+                                                : CellBlock{area.top + first - 1, line, area.bottom, line});
         }
         variables.push_back(std::move(variable));
       }

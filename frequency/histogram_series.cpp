@@ -67,8 +67,8 @@ std::vector<std::string> rangeLabels(const std::vector<CategoryEdges>& edges) {
   return labels;
 }
 
-std::optional<SampleMoments> sampleMoments(const ValueArray1D& data,
-                                           const std::optional<ValueArray1D>& weights, EmptyCells empty) {
+std::optional<SampleMoments> sampleMoments(const ValueArray1D& data, const std::optional<ValueArray1D>& weights,
+                                           EmptyCells empty) {
   std::vector<double> x;
   std::vector<double> w;
   for (std::int32_t i = 1; i <= data.size(); ++i) {

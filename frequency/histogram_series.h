@@ -45,19 +45,16 @@ enum class EmptyCells { Zero, Skipped };
 // its weight (rounded half to even; all 1 without weights). Empty cells are taken as binned
 // counting takes them. Nothing when a cell is neither a number nor a text holding one, when fewer
 // than two observations are counted, or when every value is equal.
-std::optional<SampleMoments> sampleMoments(const ValueArray1D& data,
-                                           const std::optional<ValueArray1D>& weights,
+std::optional<SampleMoments> sampleMoments(const ValueArray1D& data, const std::optional<ValueArray1D>& weights,
                                            EmptyCells empty = EmptyCells::Zero);
 
 // The same from a table alone (pre-counted data): each category's observations taken at its
 // middle, or at its one finite edge when it is open.
-std::optional<SampleMoments> groupedMoments(const std::vector<CategoryEdges>& edges,
-                                            const std::vector<double>& counts);
+std::optional<SampleMoments> groupedMoments(const std::vector<CategoryEdges>& edges, const std::vector<double>& counts);
 
 // total x P(lower <= X < upper) for X normal with the given moments, per category, through the
 // host's NormDist; open ends take the tails.
 std::vector<double> expectedNormalCounts(const std::vector<CategoryEdges>& edges, double total,
-                                         const SampleMoments& moments,
-                                         DistributionFunctions& functions);
+                                         const SampleMoments& moments, DistributionFunctions& functions);
 
 }  // namespace orv

@@ -28,7 +28,8 @@ using Parts = std::vector<std::pair<std::string, std::string_view>>;
 inline const std::filesystem::path& scratchFolder() {
   static const std::filesystem::path folder = [] {
     const std::filesystem::path shm = "/dev/shm";
-    const std::filesystem::path base = std::filesystem::is_directory(shm) ? shm : std::filesystem::temp_directory_path();
+    const std::filesystem::path base =
+        std::filesystem::is_directory(shm) ? shm : std::filesystem::temp_directory_path();
     std::filesystem::path f = base / ("orv-fuzz-" + std::to_string(::getpid()));
     std::filesystem::create_directories(f);
     static const std::filesystem::path removeAtExit = f;
@@ -43,8 +44,8 @@ inline const std::filesystem::path& scratchFolder() {
 
 inline std::filesystem::path writeInput(const std::string& name, const std::uint8_t* data, std::size_t size) {
   const std::filesystem::path path = scratchFolder() / name;
-  std::ofstream(path, std::ios::binary | std::ios::trunc).write(reinterpret_cast<const char*>(data),
-                                                                static_cast<std::streamsize>(size));
+  std::ofstream(path, std::ios::binary | std::ios::trunc)
+      .write(reinterpret_cast<const char*>(data), static_cast<std::streamsize>(size));
   return path;
 }
 
@@ -85,10 +86,9 @@ inline const std::string& workbookRels() {
 }
 
 inline const std::string& workbookXml() {
-  static const std::string s =
-      R"(<workbook xmlns="http://schemas.openxmlformats.org/spreadsheetml/2006/main" )"
-      R"(xmlns:r="http://schemas.openxmlformats.org/officeDocument/2006/relationships">)"
-      R"(<sheets><sheet name="Data" sheetId="1" r:id="rId1"/></sheets></workbook>)";
+  static const std::string s = R"(<workbook xmlns="http://schemas.openxmlformats.org/spreadsheetml/2006/main" )"
+                               R"(xmlns:r="http://schemas.openxmlformats.org/officeDocument/2006/relationships">)"
+                               R"(<sheets><sheet name="Data" sheetId="1" r:id="rId1"/></sheets></workbook>)";
   return s;
 }
 

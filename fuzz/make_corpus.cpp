@@ -90,7 +90,9 @@ int main(int argc, char** argv) {
 
   put(out / "csv", "comma", "Height,Weight\n1.5,2\n-3e2, 4 \n\"a,b\",\"x\"\"y\"\r\n");
   put(out / "csv", "semicolon", "\xEF\xBB\xBFn;v\n1,5;2\n;7\n");
-  put(out / "csv", "tab", "\x01" "a\tb\n1\t2\n3\t\n");
+  put(out / "csv", "tab",
+      "\x01"
+      "a\tb\n1\t2\n3\t\n");
   put(out / "csv", "latin1", "name,caf\xE9\n1,2\n");
 
   const fs::path small = writtenWorkbook(scratch, "small.xlsx", 3, false);

@@ -48,9 +48,7 @@ void radixSort(std::vector<Item>& items, KeyFor keyFor) {
 }
 
 // The inverse of keyOf for every key but that of -0.
-double valueOf(std::uint64_t key) {
-  return std::bit_cast<double>((key & kSign) != 0 ? key & ~kSign : ~key);
-}
+double valueOf(std::uint64_t key) { return std::bit_cast<double>((key & kSign) != 0 ? key & ~kSign : ~key); }
 
 }  // namespace
 

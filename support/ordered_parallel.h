@@ -51,8 +51,7 @@ class Pipeline {
   };
 
   template <class Compute>
-  Pipeline(std::size_t count, std::size_t helpers, Compute& compute)
-      : slots_(count), end_(count) {
+  Pipeline(std::size_t count, std::size_t helpers, Compute& compute) : slots_(count), end_(count) {
     for (std::size_t t = 0; t < helpers; ++t) {
       try {
         threads_.emplace_back([this, &compute] {
@@ -156,10 +155,8 @@ class Pipeline {
 }  // namespace detail
 
 template <class Input, class Result, class Read, class Compute, class Collect>
-void orderedPipeline(std::size_t count, bool parallel, Read&& read, Compute&& compute,
-                     Collect&& collect) {
-  const std::size_t helpers =
-      parallel && count > 1 ? std::min(helperThreadCount(), count - 1) : 0;
+void orderedPipeline(std::size_t count, bool parallel, Read&& read, Compute&& compute, Collect&& collect) {
+  const std::size_t helpers = parallel && count > 1 ? std::min(helperThreadCount(), count - 1) : 0;
   if (helpers == 0) {
     for (std::size_t i = 0; i < count; ++i) {
       collect(i, compute(read(i)));

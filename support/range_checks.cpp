@@ -21,9 +21,7 @@ std::optional<CellBlock> intersect(const CellBlock& a, const CellBlock& b) {
   return c;
 }
 
-CellBlock singleCell(std::int32_t row, std::int32_t column) {
-  return CellBlock{row, column, row, column};
-}
+CellBlock singleCell(std::int32_t row, std::int32_t column) { return CellBlock{row, column, row, column}; }
 
 // The part of `block` that can hold anything: cells outside the sheet's used block are empty.
 // This keeps a whole-column range (1,048,576 rows) as cheap as the data it really holds.
@@ -53,9 +51,9 @@ void checkArea(Worksheet& sheet, const CellBlock& area, bool headers) {
       if (analysable(cells[i])) continue;
       const auto row = part->top + static_cast<std::int32_t>(i / width);
       const auto column = part->left + static_cast<std::int32_t>(c);
-      raise(err::kInputColumnNotNumeric,
-            "Cell " + Range(sheet, singleCell(row, column)).AddressWithSheet() + " holds " +
-                describe(cells[i]) + "; only numbers and empty cells can be analysed.");
+      raise(err::kInputColumnNotNumeric, "Cell " + Range(sheet, singleCell(row, column)).AddressWithSheet() +
+                                             " holds " + describe(cells[i]) +
+                                             "; only numbers and empty cells can be analysed.");
     }
   }
 }
@@ -68,8 +66,7 @@ void RangeChecks::CheckInputColumn(const Range& column, bool headers) {
   });
 }
 
-Range RangeChecks::CheckOutputArea(const Range& output, std::int32_t columns, std::int32_t rows,
-                                   bool overWrite) {
+Range RangeChecks::CheckOutputArea(const Range& output, std::int32_t columns, std::int32_t rows, bool overWrite) {
   return kProc("CheckOutputArea", [&] {
     if (overWrite || columns < 1 || rows < 1) return output;
 
@@ -79,8 +76,7 @@ Range RangeChecks::CheckOutputArea(const Range& output, std::int32_t columns, st
     const CellBlock target{
         anchor.top, anchor.left,
         static_cast<std::int32_t>(std::min<std::int64_t>(std::int64_t{anchor.top} + rows - 1, kMaxRows)),
-        static_cast<std::int32_t>(
-            std::min<std::int64_t>(std::int64_t{anchor.left} + columns - 1, kMaxColumns))};
+        static_cast<std::int32_t>(std::min<std::int64_t>(std::int64_t{anchor.left} + columns - 1, kMaxColumns))};
     Worksheet& sheet = output.Parent();
     const std::optional<CellBlock> part = occupiedPart(sheet, target);
     if (!part) return output;
@@ -93,10 +89,9 @@ Range RangeChecks::CheckOutputArea(const Range& output, std::int32_t columns, st
       if (cells[i].isEmpty()) continue;
       const auto row = part->top + static_cast<std::int32_t>(i / width);
       const auto column = part->left + static_cast<std::int32_t>(i % width);
-      raise(err::kOutputAreaOccupied,
-            "The output area " + Range(sheet, target).AddressWithSheet() +
-                " already holds data (first at " + absoluteAddress(singleCell(row, column)) +
-                "); choose another place or allow overwriting.");
+      raise(err::kOutputAreaOccupied, "The output area " + Range(sheet, target).AddressWithSheet() +
+                                          " already holds data (first at " + absoluteAddress(singleCell(row, column)) +
+                                          "); choose another place or allow overwriting.");
     }
     return output;
   });

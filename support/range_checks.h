@@ -24,8 +24,7 @@ class RangeChecks {
   // kOutputAreaOccupied, naming the block and its first occupied cell in reading order. The block
   // is cut at the sheet's edge. Returns the output range unchanged; the caller pastes at its
   // top-left cell.
-  static Range CheckOutputArea(const Range& output, std::int32_t columns, std::int32_t rows,
-                               bool overWrite);
+  static Range CheckOutputArea(const Range& output, std::int32_t columns, std::int32_t rows, bool overWrite);
 
   // The number of variables in a range: its columns (over all areas), or its rows with
   // `dataInRows`. `headers` does not change the count.

@@ -14,8 +14,7 @@ void ResultsCursor::widen(std::int32_t columns) {
   if (columns > lastColumn_.value()) lastColumn_ = columns;
 }
 
-Range ResultsCursor::cells(std::int32_t top, std::int32_t left, std::int32_t bottom,
-                           std::int32_t right) const {
+Range ResultsCursor::cells(std::int32_t top, std::int32_t left, std::int32_t bottom, std::int32_t right) const {
   return sheetCells(*sheet_, top, left, bottom, right);
 }
 

@@ -56,9 +56,15 @@ ScatterChartBuilder::ScatterChartBuilder() : PlotFrame(kProc) {
   kProc("Class_Initialize", [] {});
 }
 
-void ScatterChartBuilder::OutputRange(const Range& cell) { kProc("SetOutputRange", [&] { output_ = cell; }); }
-void ScatterChartBuilder::XValuesRange(const Range& cells) { kProc("SetXValuesRange", [&] { x_ = cells; }); }
-void ScatterChartBuilder::YValuesRange(const Range& cells) { kProc("SetYValuesRange", [&] { y_ = cells; }); }
+void ScatterChartBuilder::OutputRange(const Range& cell) {
+  kProc("SetOutputRange", [&] { output_ = cell; });
+}
+void ScatterChartBuilder::XValuesRange(const Range& cells) {
+  kProc("SetXValuesRange", [&] { x_ = cells; });
+}
+void ScatterChartBuilder::YValuesRange(const Range& cells) {
+  kProc("SetYValuesRange", [&] { y_ = cells; });
+}
 
 void ScatterChartBuilder::CreatePlot() {
   kProc("CreatePlot", [&] {

@@ -12,11 +12,8 @@ Int16 countColumns(const Range& input) {
   return columns;
 }
 
-StatisticsTable::StatisticsTable(Int16 rows, Int16 columns)
-    : matrix(rows, columns + 1), names(columns) {}
+StatisticsTable::StatisticsTable(Int16 rows, Int16 columns) : matrix(rows, columns + 1), names(columns) {}
 
-std::string sheetAddress(const Range& range) {
-  return range.Parent().Name() + "!" + range.Address();
-}
+std::string sheetAddress(const Range& range) { return range.Parent().Name() + "!" + range.Address(); }
 
 }  // namespace orv

@@ -142,9 +142,8 @@ struct DataColumns {
 // the data, handing them to the engine included, has no label). Each column's findings become
 // notes, in column order.
 template <class Extra, class Compute, class Keep, class StepLabel>
-void fillColumns(StatisticsTable& table, const DataColumns& data, bool parallel, Compute&& compute,
-                 Keep&& keep, StepLabel&& stepLabel, std::optional<ColumnFailure>& failure,
-                 std::vector<ArithmeticNote>& notes) {
+void fillColumns(StatisticsTable& table, const DataColumns& data, bool parallel, Compute&& compute, Keep&& keep,
+                 StepLabel&& stepLabel, std::optional<ColumnFailure>& failure, std::vector<ArithmeticNote>& notes) {
   const std::vector<InputColumn> places = inputColumns(data.input);
   ColumnSteps steps(places.size());
   struct Read {
@@ -170,8 +169,7 @@ void fillColumns(StatisticsTable& table, const DataColumns& data, bool parallel,
     }
     table.names(j - 1) = columnName(data.input, places[i], data.headers);
     if (!column.findings.changed.empty()) {
-      addColumnNotes(notes, table.names(j - 1), columnData(data.input, places[i], data.firstDataRow),
-                     column.findings);
+      addColumnNotes(notes, table.names(j - 1), columnData(data.input, places[i], data.firstDataRow), column.findings);
     }
     keep(std::move(column.extra));
   };
@@ -196,8 +194,8 @@ std::string sheetAddress(const Range& range);
 // row) and a blank line, through the analysis's results writer (clsDSOutput, or any writer with
 // its OutputHeader, InsertBlankLines and OutputMatrix).
 template <class Writer>
-void writeStatisticsTable(Writer& writer, const Range& input, const StatisticsTable& table,
-                          Int16& firstRow, const std::string& comment) {
+void writeStatisticsTable(Writer& writer, const Range& input, const StatisticsTable& table, Int16& firstRow,
+                          const std::string& comment) {
   writer.OutputHeader(sheetAddress(input), comment);
   writer.InsertBlankLines(1);
   writer.OutputMatrix(table.names, table.matrix, firstRow);

@@ -56,22 +56,22 @@ struct FontModel {
 };
 
 struct ErrorBarsModel {
-  bool plus = true;     // bars above the point
-  bool minus = true;    // bars below the point
+  bool plus = true;   // bars above the point
+  bool minus = true;  // bars below the point
   bool endCaps = true;
-  ChartData plusAmounts;   // distances from the point, not limits
+  ChartData plusAmounts;  // distances from the point, not limits
   ChartData minusAmounts;
 };
 
 struct SeriesModel {
-  std::string name;                 // literal name, e.g. "Frequency"; empty for none
-  std::optional<SheetRef> nameCell; // or the cell that holds it
+  std::string name;                         // literal name, e.g. "Frequency"; empty for none
+  std::optional<SheetRef> nameCell;         // or the cell that holds it
   ChartKind kind = ChartKind::LineMarkers;  // the group the series is drawn in
   AxisGroup axisGroup = AxisGroup::Primary;
-  ChartLabels categories;           // category labels (line, stock, column charts)
-  ChartData xValues;                // X values (scatter charts)
-  ChartData values;                 // the plotted values (Y)
-  bool line = true;                 // false: points not joined
+  ChartLabels categories;  // category labels (line, stock, column charts)
+  ChartData xValues;       // X values (scatter charts)
+  ChartData values;        // the plotted values (Y)
+  bool line = true;        // false: points not joined
   bool smooth = false;
   MarkerSymbol marker = MarkerSymbol::Automatic;
   std::int32_t markerSize = 7;
@@ -90,13 +90,13 @@ struct AxisModel {
   std::string tickLabelNumberFormat = "General";
   bool majorGridlines = false;
   bool minorGridlines = false;
-  bool line = true;                  // false: the axis line is not drawn
+  bool line = true;  // false: the axis line is not drawn
   TickMark majorTickMark = TickMark::Outside;
   TickLabelPlace tickLabels = TickLabelPlace::NextToAxis;
   std::optional<double> minimumScale;  // explicit scale; nullopt = automatic
   std::optional<double> maximumScale;
   std::optional<double> majorUnit;
-  bool crossesAtCentre = true;         // value axes cross their partner at zero
+  bool crossesAtCentre = true;  // value axes cross their partner at zero
 };
 
 // A rectangle inside the chart area, in points from the chart's top-left corner.
@@ -123,11 +123,11 @@ struct ChartModel {
   LegendPlace legendPlace = LegendPlace::Right;
   FontModel legendFont{10.0, false};
 
-  bool upDownBars = false;              // stock charts: boxes from open to close
+  bool upDownBars = false;  // stock charts: boxes from open to close
   std::int32_t upBarsColorIndex = -4105;
-  double upBarsBorderWeight = 0.75;     // outline of the boxes, points
-  bool highLowLines = false;            // stock charts: whiskers
-  std::int32_t gapWidth = 150;          // space between bars, percent of a bar
+  double upBarsBorderWeight = 0.75;  // outline of the boxes, points
+  bool highLowLines = false;         // stock charts: whiskers
+  std::int32_t gapWidth = 150;       // space between bars, percent of a bar
 
   bool autoScaleFont = true;
   std::int32_t chartAreaColorIndex = -4105;

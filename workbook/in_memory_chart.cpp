@@ -161,8 +161,7 @@ UpDownBars& InMemoryChartGroup::UpBars() {
 }
 
 InMemoryChartArea::InMemoryChartArea(InMemoryChart& chart)
-    : chart_(&chart),
-      interior_([&chart]() -> std::int32_t& { return chart.model().chartAreaColorIndex; }) {}
+    : chart_(&chart), interior_([&chart]() -> std::int32_t& { return chart.model().chartAreaColorIndex; }) {}
 
 void InMemoryChartArea::SetAutoScaleFont(bool on) { chart_->model().autoScaleFont = on; }
 
@@ -213,9 +212,10 @@ void InMemoryChart::SetChartType(host::ChartType type) {
   ChartModel& chart = model();
   const std::size_t prices = priceSeriesCount(kind);
   if (prices > 0 && chart.series.size() != prices) {
-    raiseHost("Unable to set the ChartType property of the Chart class: a stock chart of this "
-              "type needs " + std::to_string(prices) + " series, the chart has " +
-              std::to_string(chart.series.size()));
+    raiseHost(
+        "Unable to set the ChartType property of the Chart class: a stock chart of this "
+        "type needs " +
+        std::to_string(prices) + " series, the chart has " + std::to_string(chart.series.size()));
   }
   chart.kind = kind;
   // Stock charts draw their prices as whiskers and boxes, not as lines or markers.
@@ -230,9 +230,8 @@ void InMemoryChart::SetChartType(host::ChartType type) {
 
 ChartGroup& InMemoryChart::ChartGroups(std::int32_t index) {
   const ChartModel& chart = model();
-  const bool secondary = std::any_of(chart.series.begin(), chart.series.end(), [](const SeriesModel& s) {
-    return s.axisGroup == AxisGroup::Secondary;
-  });
+  const bool secondary = std::any_of(chart.series.begin(), chart.series.end(),
+                                     [](const SeriesModel& s) { return s.axisGroup == AxisGroup::Secondary; });
   if (index == 1 && !chart.series.empty()) {
     if (!primaryGroup_) primaryGroup_ = std::make_unique<InMemoryChartGroup>(*this, AxisGroup::Primary);
     return *primaryGroup_;
@@ -291,24 +290,21 @@ void InMemoryLegend::SetPosition(host::LegendPosition position) {
 void InMemoryChart::syncAxes() {
   ChartModel& chart = model();
   const bool anySeries = !chart.series.empty();
-  const bool secondary = std::any_of(chart.series.begin(), chart.series.end(), [](const SeriesModel& s) {
-    return s.axisGroup == AxisGroup::Secondary;
-  });
-  const auto wanted = [&](const AxisModel& axis) {
-    return axis.group == AxisGroup::Primary ? anySeries : secondary;
-  };
+  const bool secondary = std::any_of(chart.series.begin(), chart.series.end(),
+                                     [](const SeriesModel& s) { return s.axisGroup == AxisGroup::Secondary; });
+  const auto wanted = [&](const AxisModel& axis) { return axis.group == AxisGroup::Primary ? anySeries : secondary; };
   std::erase_if(chart.axes, [&](const AxisModel& axis) { return !wanted(axis); });
   // Primary category, primary value, secondary value, secondary category: the host's order.
-  const std::pair<AxisKind, AxisGroup> order[] = {
-      {AxisKind::Category, AxisGroup::Primary}, {AxisKind::Value, AxisGroup::Primary},
-      {AxisKind::Value, AxisGroup::Secondary}, {AxisKind::Category, AxisGroup::Secondary}};
+  const std::pair<AxisKind, AxisGroup> order[] = {{AxisKind::Category, AxisGroup::Primary},
+                                                  {AxisKind::Value, AxisGroup::Primary},
+                                                  {AxisKind::Value, AxisGroup::Secondary},
+                                                  {AxisKind::Category, AxisGroup::Secondary}};
   std::vector<AxisModel> axes;
   for (const auto& [kind, group] : order) {
     // Copies of the bindings: clang 14 cannot capture structured bindings.
-    const auto found = std::find_if(chart.axes.begin(), chart.axes.end(),
-                                    [kind = kind, group = group](const AxisModel& a) {
-                                      return a.kind == kind && a.group == group;
-                                    });
+    const auto found =
+        std::find_if(chart.axes.begin(), chart.axes.end(),
+                     [kind = kind, group = group](const AxisModel& a) { return a.kind == kind && a.group == group; });
     if (found != chart.axes.end()) {
       axes.push_back(*found);
     } else if (group == AxisGroup::Primary ? anySeries : secondary) {
@@ -328,9 +324,7 @@ std::vector<double> InMemoryChart::valuesOnAxis(AxisGroup group) const {
   }
   std::vector<double> values;
   for (const SeriesModel& s : chart.series) {
-    const AxisGroup drawnOn = s.axisGroup == AxisGroup::Secondary && !secondaryShown
-                                  ? AxisGroup::Primary
-                                  : s.axisGroup;
+    const AxisGroup drawnOn = s.axisGroup == AxisGroup::Secondary && !secondaryShown ? AxisGroup::Primary : s.axisGroup;
     if (drawnOn != group) continue;
     for (const std::optional<double>& v : s.values.cells ? s.values.cached : s.values.literal) {
       if (v) values.push_back(*v);

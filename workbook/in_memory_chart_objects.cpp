@@ -24,12 +24,8 @@ void requireSize(double points, std::string_view property) {
 
 }  // namespace
 
-InMemoryChartObject::InMemoryChartObject(InMemoryChartObjects& owner, InMemoryWorksheet& sheet,
-                                         std::size_t index)
-    : owner_(&owner),
-      sheet_(&sheet),
-      index_(index),
-      chart_(sheet, [this]() -> ChartModel& { return model(); }) {}
+InMemoryChartObject::InMemoryChartObject(InMemoryChartObjects& owner, InMemoryWorksheet& sheet, std::size_t index)
+    : owner_(&owner), sheet_(&sheet), index_(index), chart_(sheet, [this]() -> ChartModel& { return model(); }) {}
 
 ChartModel& InMemoryChartObject::model() const { return owner_->models()[index_]; }
 

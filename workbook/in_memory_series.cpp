@@ -16,8 +16,7 @@ namespace {
 // which way its series run.
 void requireLine(const CellBlock& area, std::string_view what) {
   if (area.rows() != 1 && area.columns() != 1) {
-    raiseHost(std::string(what) + ": the area " + absoluteAddress(area) +
-              " is neither one row nor one column");
+    raiseHost(std::string(what) + ": the area " + absoluteAddress(area) + " is neither one row nor one column");
   }
 }
 
@@ -40,9 +39,7 @@ ChartData dataOf(Worksheet& sheet, const CellBlock& area) {
 ChartLabels labelsOf(Worksheet& sheet, const CellBlock& area) {
   ChartLabels labels;
   labels.cells = SheetRef{sheet.Name(), area};
-  forEachCell(area, [&](std::int32_t r, std::int32_t c) {
-    labels.cached.push_back(toText(sheet.cellValue(r, c)));
-  });
+  forEachCell(area, [&](std::int32_t r, std::int32_t c) { labels.cached.push_back(toText(sheet.cellValue(r, c))); });
   return labels;
 }
 
@@ -122,7 +119,9 @@ void InMemoryErrorBars::SetEndStyle(host::EndStyle style) { model().endCaps = st
 // --- series ---------------------------------------------------------------------------------
 
 InMemorySeries::InMemorySeries(InMemoryChart& chart)
-    : chart_(&chart), errorBars_(*this), border_([this]() -> bool& { return model().line; }, {},
+    : chart_(&chart),
+      errorBars_(*this),
+      border_([this]() -> bool& { return model().line; }, {},
               [this]() -> std::int32_t& { return model().lineColorIndex; }) {}
 
 SeriesModel& InMemorySeries::model() {
@@ -139,13 +138,11 @@ void InMemorySeries::Delete() {
 }
 
 host::AxisGroup InMemorySeries::AxisGroup() const {
-  return model().axisGroup == orv::AxisGroup::Secondary ? host::AxisGroup::Secondary
-                                                         : host::AxisGroup::Primary;
+  return model().axisGroup == orv::AxisGroup::Secondary ? host::AxisGroup::Secondary : host::AxisGroup::Primary;
 }
 
 void InMemorySeries::SetAxisGroup(host::AxisGroup group) {
-  model().axisGroup = group == host::AxisGroup::Secondary ? orv::AxisGroup::Secondary
-                                                           : orv::AxisGroup::Primary;
+  model().axisGroup = group == host::AxisGroup::Secondary ? orv::AxisGroup::Secondary : orv::AxisGroup::Primary;
   chart_->syncAxes();
 }
 
@@ -158,8 +155,9 @@ void InMemorySeries::SetName(const std::string& name) {
 void InMemorySeries::SetChartType(host::ChartType type) {
   const ChartKind kind = chartKindOf(type);
   if (priceSeriesCount(kind) > 0) {
-    raiseHost("Unable to set the ChartType property of the Series class: a stock type needs the "
-              "whole chart");
+    raiseHost(
+        "Unable to set the ChartType property of the Series class: a stock type needs the "
+        "whole chart");
   }
   SeriesModel& series = model();
   series.kind = kind;
@@ -209,13 +207,13 @@ orv::ErrorBars& InMemorySeries::ErrorBars() {
   return errorBars_;
 }
 
-void InMemorySeries::ErrorBar(host::ErrorBarDirection direction, host::ErrorBarInclude include,
-                              host::ErrorBarType type, const ErrorAmount& amount,
-                              const ErrorAmount& minusValues) {
+void InMemorySeries::ErrorBar(host::ErrorBarDirection direction, host::ErrorBarInclude include, host::ErrorBarType type,
+                              const ErrorAmount& amount, const ErrorAmount& minusValues) {
   SeriesModel& series = model();
   if (direction != host::ErrorBarDirection::Y || type != host::ErrorBarType::Custom) {
-    raiseHost("Unable to set the ErrorBar method of the Series class: this host draws vertical "
-              "bars of custom amounts only");
+    raiseHost(
+        "Unable to set the ErrorBar method of the Series class: this host draws vertical "
+        "bars of custom amounts only");
   }
   ErrorBarsModel bars;
   bars.plus = include == host::ErrorBarInclude::Both || include == host::ErrorBarInclude::PlusValues;
@@ -294,8 +292,7 @@ Series& InMemorySeriesCollection::NewSeries() {
 }
 
 std::size_t InMemorySeriesCollection::indexOf(const InMemorySeries& series) const {
-  const auto found = std::find_if(live_.begin(), live_.end(),
-                                  [&](const auto& s) { return s.get() == &series; });
+  const auto found = std::find_if(live_.begin(), live_.end(), [&](const auto& s) { return s.get() == &series; });
   return static_cast<std::size_t>(found - live_.begin());
 }
 

@@ -41,9 +41,8 @@ class InMemorySeries final : public Series {
   void SetAxisGroup(host::AxisGroup group) override;
   void SetHasErrorBars(bool on) override;
   orv::ErrorBars& ErrorBars() override;
-  void ErrorBar(host::ErrorBarDirection direction, host::ErrorBarInclude include,
-                host::ErrorBarType type, const ErrorAmount& amount,
-                const ErrorAmount& minusValues) override;
+  void ErrorBar(host::ErrorBarDirection direction, host::ErrorBarInclude include, host::ErrorBarType type,
+                const ErrorAmount& amount, const ErrorAmount& minusValues) override;
   ChartBorder& Border() override { return border_; }
   void SetName(const std::string& name) override;
   void SetChartType(host::ChartType type) override;
@@ -73,8 +72,7 @@ class InMemorySeriesCollection final : public SeriesCollection {
 
   std::int32_t Count() const override { return static_cast<std::int32_t>(live_.size()); }
   Series& Item(std::int32_t index) override;
-  Series& Add(const Range& source, host::RowCol rowcol, bool seriesLabels, bool categoryLabels,
-              bool replace) override;
+  Series& Add(const Range& source, host::RowCol rowcol, bool seriesLabels, bool categoryLabels, bool replace) override;
   Series& NewSeries() override;
 
   // Position of a live series in the chart's list, 0-based.

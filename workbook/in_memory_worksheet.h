@@ -13,8 +13,8 @@
 #include "frame/host.h"
 #include "workbook/cell_store.h"
 #include "workbook/chart_model.h"
-#include "workbook/in_memory_chart_objects.h"
 #include "workbook/format_store.h"
+#include "workbook/in_memory_chart_objects.h"
 #include "workbook/sheet_geometry.h"
 
 namespace orv {

@@ -37,9 +37,7 @@ double SheetGeometry::columnWidth(std::int32_t column) const {
 
 double SheetGeometry::rowTop(std::int32_t row) const { return edge(rowHeights_, row, defaultRowHeight_); }
 
-double SheetGeometry::columnLeft(std::int32_t column) const {
-  return edge(columnWidths_, column, defaultColumnWidth_);
-}
+double SheetGeometry::columnLeft(std::int32_t column) const { return edge(columnWidths_, column, defaultColumnWidth_); }
 
 void SheetGeometry::setRowHeight(std::int32_t row, double points) {
   checkSize(points, kMaxRowHeight, "RowHeight");

@@ -13,9 +13,8 @@ constexpr std::string_view kForbidden = ":\\/?*[]";
 
 std::int32_t utf8Length(std::string_view s) {
   // Continuation bytes (10xxxxxx) do not start a character.
-  return static_cast<std::int32_t>(std::count_if(s.begin(), s.end(), [](char c) {
-    return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U;
-  }));
+  return static_cast<std::int32_t>(
+      std::count_if(s.begin(), s.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }));
 }
 
 [[noreturn]] void invalidName(std::string_view name, std::string_view why) {

@@ -10,8 +10,8 @@
 #include "workbook/in_memory_application.h"
 #include "workbook/sheet_names.h"
 #include "xlsx/reader_errors.h"
-#include "xlsx/reader_workbook.h"
 #include "xlsx/reader_text.h"
+#include "xlsx/reader_workbook.h"
 
 namespace orv {
 namespace {
@@ -103,7 +103,8 @@ char detectDelimiter(std::string_view text, char fallback) {
     const bool consistent =
         counts.front() > 0 && std::all_of(counts.begin(), counts.end(), [&](int n) { return n == counts.front(); });
     if (consistent) return d;
-    const auto lines = static_cast<std::size_t>(std::count_if(counts.begin(), counts.end(), [](int n) { return n > 0; }));
+    const auto lines =
+        static_cast<std::size_t>(std::count_if(counts.begin(), counts.end(), [](int n) { return n > 0; }));
     if (lines > bestLines) {
       best = d;
       bestLines = lines;

@@ -34,8 +34,7 @@ Pending& pending() {
 
 // mkstemp gives a name nobody else holds; the file itself is left for `produce` to overwrite.
 std::filesystem::path makeTemporary(const std::filesystem::path& file, const std::filesystem::path& target) {
-  const std::filesystem::path folder =
-      file.has_parent_path() ? file.parent_path() : std::filesystem::path(".");
+  const std::filesystem::path folder = file.has_parent_path() ? file.parent_path() : std::filesystem::path(".");
   std::string pattern = (folder / ("." + file.filename().string() + ".XXXXXX")).string();
   std::vector<char> buffer(pattern.begin(), pattern.end());
   buffer.push_back('\0');

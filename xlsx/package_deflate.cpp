@@ -22,7 +22,9 @@ constexpr int kMemoryLevel = 8;
 
 class Deflater {
  public:
-  explicit Deflater(int level) { ok_ = deflateInit2(&stream_, level, Z_DEFLATED, kRawWindowBits, kMemoryLevel, Z_DEFAULT_STRATEGY) == Z_OK; }
+  explicit Deflater(int level) {
+    ok_ = deflateInit2(&stream_, level, Z_DEFLATED, kRawWindowBits, kMemoryLevel, Z_DEFAULT_STRATEGY) == Z_OK;
+  }
   ~Deflater() {
     if (ok_) deflateEnd(&stream_);
   }

@@ -19,9 +19,9 @@
 namespace orv {
 
 struct DeflatedPart {
-  std::string bytes;           // the raw deflate stream
-  std::uint32_t crc = 0;       // CRC-32 of the uncompressed content
-  std::uint64_t size = 0;      // length of the uncompressed content in bytes
+  std::string bytes;       // the raw deflate stream
+  std::uint32_t crc = 0;   // CRC-32 of the uncompressed content
+  std::uint64_t size = 0;  // length of the uncompressed content in bytes
 };
 
 // Content longer than this many bytes is deflated at the fastest level.

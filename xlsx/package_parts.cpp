@@ -10,7 +10,8 @@
 namespace orv::package {
 namespace {
 
-constexpr std::string_view kDeclaration = R"(<?xml version="1.0" encoding="UTF-8" standalone="yes"?>)" "\n";
+constexpr std::string_view kDeclaration = R"(<?xml version="1.0" encoding="UTF-8" standalone="yes"?>)"
+                                          "\n";
 constexpr std::string_view kRelationshipsNs = "http://schemas.openxmlformats.org/package/2006/relationships";
 constexpr std::string_view kContentTypesNs = "http://schemas.openxmlformats.org/package/2006/content-types";
 constexpr std::string_view kMainNs = "http://schemas.openxmlformats.org/spreadsheetml/2006/main";
@@ -43,7 +44,8 @@ std::string resolveTarget(std::string_view sourcePart, std::string_view target) 
   if (!target.empty() && target.front() == '/') {
     rest.remove_prefix(1);
   } else {
-    std::string_view folder = sourcePart.substr(0, sourcePart.rfind('/') == std::string_view::npos ? 0 : sourcePart.rfind('/'));
+    std::string_view folder =
+        sourcePart.substr(0, sourcePart.rfind('/') == std::string_view::npos ? 0 : sourcePart.rfind('/'));
     while (!folder.empty()) {
       const std::size_t slash = folder.find('/');
       parts.emplace_back(folder.substr(0, slash));
@@ -99,8 +101,8 @@ std::string freshRelationships(const std::vector<Relationship>& relationships) {
   std::string out(kDeclaration);
   out += "<Relationships xmlns=\"" + std::string(kRelationshipsNs) + "\">";
   for (const Relationship& r : relationships) {
-    out += "<Relationship Id=\"" + xml::attribute(r.id) + "\" Type=\"" + xml::attribute(r.type) +
-           "\" Target=\"" + xml::attribute(r.target) + "\"";
+    out += "<Relationship Id=\"" + xml::attribute(r.id) + "\" Type=\"" + xml::attribute(r.type) + "\" Target=\"" +
+           xml::attribute(r.target) + "\"";
     if (r.external) out += " TargetMode=\"External\"";
     out += "/>";
   }
@@ -156,8 +158,8 @@ std::vector<WorkbookSheet> readSheets(std::string_view workbookXml, std::string_
   return out;
 }
 
-std::string appendSheets(std::string_view workbookXml, std::string_view partName,
-                         const std::vector<SheetEntry>& sheets, std::optional<std::int32_t> activeTab) {
+std::string appendSheets(std::string_view workbookXml, std::string_view partName, const std::vector<SheetEntry>& sheets,
+                         std::optional<std::int32_t> activeTab) {
   pugi::xml_document document = xml::parsePart(workbookXml, partName);
   pugi::xml_node root = document.document_element();
   pugi::xml_node list = xml::child(root, "sheets");

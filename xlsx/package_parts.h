@@ -18,7 +18,9 @@ namespace orv::package {
 inline constexpr std::string_view kRelationshipBase =
     "http://schemas.openxmlformats.org/officeDocument/2006/relationships/";
 // The full relationship type for a short name: "worksheet", "styles", "officeDocument".
-inline std::string relationshipType(std::string_view name) { return std::string(kRelationshipBase) + std::string(name); }
+inline std::string relationshipType(std::string_view name) {
+  return std::string(kRelationshipBase) + std::string(name);
+}
 inline constexpr std::string_view kWorksheetType =
     "application/vnd.openxmlformats-officedocument.spreadsheetml.worksheet+xml";
 inline constexpr std::string_view kStylesType =
@@ -62,8 +64,8 @@ struct SheetEntry {
 };
 // Appends <sheet> elements (sheetId max + 1 onwards) to the workbook part; with `activeTab`, the
 // first workbook view shows that 0-based sheet.
-std::string appendSheets(std::string_view workbookXml, std::string_view partName,
-                         const std::vector<SheetEntry>& sheets, std::optional<std::int32_t> activeTab);
+std::string appendSheets(std::string_view workbookXml, std::string_view partName, const std::vector<SheetEntry>& sheets,
+                         std::optional<std::int32_t> activeTab);
 std::string freshWorkbook(const std::vector<SheetEntry>& sheets, std::int32_t activeTab);
 
 // docProps/app.xml lists the sheet titles when it has HeadingPairs and TitlesOfParts; the new

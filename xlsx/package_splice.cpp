@@ -80,8 +80,8 @@ HeadSplice spliceDeflatedHead(CompressedEntry entry, std::string_view marker,
     if (markerAt == std::string::npos) {
       markerAt = head.find(marker, had >= marker.size() ? had - marker.size() : 0);
     }
-    const bool boundary = (s.data_type & kBlockEnd) != 0 && (s.data_type & kLastBlock) == 0 &&
-                          (s.data_type & kUnusedBits) == 0;
+    const bool boundary =
+        (s.data_type & kBlockEnd) != 0 && (s.data_type & kLastBlock) == 0 && (s.data_type & kUnusedBits) == 0;
     if (boundary && markerAt != std::string::npos && head.size() >= markerAt + kWindow) break;
   }
   const std::size_t consumed = entry.bytes.size() - s.avail_in;

@@ -61,8 +61,7 @@ zip_int64_t serveDeflated(void* state, void* data, zip_uint64_t length, zip_sour
       source->readAt += count;
       return static_cast<zip_int64_t>(count);
     }
-    case ZIP_SOURCE_CLOSE:
-      return 0;
+    case ZIP_SOURCE_CLOSE: return 0;
     case ZIP_SOURCE_STAT: {
       if (length < sizeof(zip_stat_t)) return source->fail(ZIP_ER_INVAL);
       auto* stat = static_cast<zip_stat_t*>(data);
@@ -72,8 +71,8 @@ zip_int64_t serveDeflated(void* state, void* data, zip_uint64_t length, zip_sour
       stat->crc = source->part.crc;
       stat->comp_method = ZIP_CM_DEFLATE;
       stat->encryption_method = ZIP_EM_NONE;
-      stat->valid = ZIP_STAT_SIZE | ZIP_STAT_COMP_SIZE | ZIP_STAT_CRC | ZIP_STAT_COMP_METHOD |
-                    ZIP_STAT_ENCRYPTION_METHOD;
+      stat->valid =
+          ZIP_STAT_SIZE | ZIP_STAT_COMP_SIZE | ZIP_STAT_CRC | ZIP_STAT_COMP_METHOD | ZIP_STAT_ENCRYPTION_METHOD;
       return sizeof(zip_stat_t);
     }
     case ZIP_SOURCE_ERROR: {
@@ -83,14 +82,11 @@ zip_int64_t serveDeflated(void* state, void* data, zip_uint64_t length, zip_sour
       zip_error_fini(&error);
       return written;
     }
-    case ZIP_SOURCE_FREE:
-      delete source;
-      return 0;
+    case ZIP_SOURCE_FREE: delete source; return 0;
     case ZIP_SOURCE_SUPPORTS:
       return zip_source_make_command_bitmap(ZIP_SOURCE_OPEN, ZIP_SOURCE_READ, ZIP_SOURCE_CLOSE, ZIP_SOURCE_STAT,
                                             ZIP_SOURCE_ERROR, ZIP_SOURCE_FREE, ZIP_SOURCE_SUPPORTS, -1);
-    default:
-      return source->fail(ZIP_ER_OPNOTSUPP);
+    default: return source->fail(ZIP_ER_OPNOTSUPP);
   }
 }
 
@@ -104,8 +100,7 @@ ZipPackage ZipPackage::open(const std::filesystem::path& path) {
   return ZipPackage(openArchive(path, ZIP_CHECKCONS), path);
 }
 
-ZipPackage::ZipPackage(ZipPackage&& other) noexcept
-    : archive_(other.archive_), path_(std::move(other.path_)) {
+ZipPackage::ZipPackage(ZipPackage&& other) noexcept : archive_(other.archive_), path_(std::move(other.path_)) {
   other.archive_ = nullptr;
 }
 

@@ -8,8 +8,8 @@
 
 namespace orv {
 
-std::vector<std::string> parseSharedStrings(std::string& xml, std::string_view partName,
-                                            std::uint64_t maxStrings, std::uint64_t maxStringBytes) {
+std::vector<std::string> parseSharedStrings(std::string& xml, std::string_view partName, std::uint64_t maxStrings,
+                                            std::uint64_t maxStringBytes) {
   pugi::xml_document doc;
   parsePart(doc, xml, partName);
   std::vector<std::string> strings;

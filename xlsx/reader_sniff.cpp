@@ -55,7 +55,8 @@ FileKind sniffFile(const std::filesystem::path& file) {
   in.read(head.data(), head.size());
   const std::string_view bytes(head.data(), static_cast<std::size_t>(in.gcount()));
   if (bytes.empty()) return FileKind::Empty;
-  if (bytes.starts_with(kZipLocal) || bytes.starts_with(kZipEmpty) || bytes.starts_with(kZipSpanned)) return FileKind::Zip;
+  if (bytes.starts_with(kZipLocal) || bytes.starts_with(kZipEmpty) || bytes.starts_with(kZipSpanned))
+    return FileKind::Zip;
   if (bytes.starts_with(kCompound)) {
     return holdsEncryptedPackage(in) ? FileKind::EncryptedWorkbook : FileKind::CompoundDocument;
   }

@@ -8,12 +8,12 @@
 namespace orv {
 
 enum class FileKind {
-  Zip,                 // a zip archive: .xlsx/.xlsm, or .xlsb/.ods/.docx and the like
-  EncryptedWorkbook,   // a compound file holding an EncryptedPackage stream: a password-protected .xlsx
-  CompoundDocument,    // any other compound file: legacy .xls, .doc ...
-  Utf16Text,           // starts with a UTF-16 byte-order mark
-  Text,                // nothing binary in the first bytes: a CSV/TSV/TXT candidate
-  Binary,              // anything else
+  Zip,                // a zip archive: .xlsx/.xlsm, or .xlsb/.ods/.docx and the like
+  EncryptedWorkbook,  // a compound file holding an EncryptedPackage stream: a password-protected .xlsx
+  CompoundDocument,   // any other compound file: legacy .xls, .doc ...
+  Utf16Text,          // starts with a UTF-16 byte-order mark
+  Text,               // nothing binary in the first bytes: a CSV/TSV/TXT candidate
+  Binary,             // anything else
   Empty,
 };
 

@@ -42,7 +42,8 @@ bool isTextExtension(std::string_view e) { return e == ".csv" || e == ".tsv" || 
     if (mime->starts_with("application/vnd.oasis.opendocument.spreadsheet")) {
       raiseDamaged("is an OpenDocument spreadsheet (.ods), which is not read; save it as .xlsx");
     }
-    if (mime->starts_with("application/vnd.oasis.opendocument")) raiseDamaged("is an OpenDocument file, not a workbook");
+    if (mime->starts_with("application/vnd.oasis.opendocument"))
+      raiseDamaged("is an OpenDocument file, not a workbook");
   }
   if (officeTarget.starts_with("word/") || zip.contains("word/document.xml")) {
     raiseDamaged("is a word-processing document, not a workbook");
@@ -77,8 +78,9 @@ std::string contentTypeOf(ZipInput& zip, const std::string& part) {
   pugi::xml_document doc;
   if (!xml || !doc.load_buffer(xml->data(), xml->size())) return {};
   const auto sameName = [](std::string_view a, std::string_view b) {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [](char x, char y) { return std::tolower(static_cast<unsigned char>(x)) == std::tolower(static_cast<unsigned char>(y)); });
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) {
+      return std::tolower(static_cast<unsigned char>(x)) == std::tolower(static_cast<unsigned char>(y));
+    });
   };
   const std::string name = "/" + part;
   const std::string extension = part.substr(part.rfind('.') + 1);
@@ -112,7 +114,8 @@ std::string_view sheetRelationshipId(const pugi::xml_node& sheet) {
 }
 
 // The worksheets the workbook part lists, in tab order; chart, dialog and macro sheets are left out.
-std::vector<SheetEntry> listWorksheets(ZipInput& zip, const pugi::xml_node& root, const std::vector<Relationship>& rels) {
+std::vector<SheetEntry> listWorksheets(ZipInput& zip, const pugi::xml_node& root,
+                                       const std::vector<Relationship>& rels) {
   std::vector<SheetEntry> sheets;
   for (pugi::xml_node s = xml::child(xml::child(root, "sheets"), "sheet"); s; s = s.next_sibling()) {
     if (!xml::isElement(s, "sheet")) continue;
@@ -130,7 +133,8 @@ std::vector<SheetEntry> listWorksheets(ZipInput& zip, const pugi::xml_node& root
   return sheets;
 }
 
-std::vector<std::string> readSharedStrings(ZipInput& zip, const std::vector<Relationship>& rels, const ReadLimits& limits) {
+std::vector<std::string> readSharedStrings(ZipInput& zip, const std::vector<Relationship>& rels,
+                                           const ReadLimits& limits) {
   const auto strings = std::find_if(rels.begin(), rels.end(), [](const Relationship& r) {
     return !r.external && hasRelationshipType(r, "sharedStrings");
   });
@@ -142,9 +146,8 @@ std::vector<std::string> readSharedStrings(ZipInput& zip, const std::vector<Rela
 
 // Which cell formats of the workbook's styles show dates or times; none without a styles part.
 std::vector<bool> dateStylesOf(ZipInput& zip, const std::vector<Relationship>& rels) {
-  const auto styles = std::find_if(rels.begin(), rels.end(), [](const Relationship& r) {
-    return !r.external && hasRelationshipType(r, "styles");
-  });
+  const auto styles = std::find_if(
+      rels.begin(), rels.end(), [](const Relationship& r) { return !r.external && hasRelationshipType(r, "styles"); });
   if (styles == rels.end()) return {};
   auto xml = zip.read(styles->target);
   if (!xml) return {};
@@ -267,11 +270,11 @@ LoadedWorkbook openWorkbookFile(InMemoryApplication& app, const std::filesystem:
       case FileKind::EncryptedWorkbook:
         raiseUnreadable(file, "is a password-protected workbook (an encrypted package); save it without a password");
       case FileKind::CompoundDocument:
-        raiseUnreadable(file, extension == ".xls" || extension == ".xlt"
-                                  ? "is a legacy binary workbook (.xls), which is not read; save it as .xlsx"
-                                  : "is a compound document (such as a legacy .xls or .doc file), not a workbook that is read");
-      case FileKind::Utf16Text:
-        raiseUnreadable(file, "is UTF-16 text, which is not read; save it as UTF-8");
+        raiseUnreadable(
+            file, extension == ".xls" || extension == ".xlt"
+                      ? "is a legacy binary workbook (.xls), which is not read; save it as .xlsx"
+                      : "is a compound document (such as a legacy .xls or .doc file), not a workbook that is read");
+      case FileKind::Utf16Text: raiseUnreadable(file, "is UTF-16 text, which is not read; save it as UTF-8");
       case FileKind::Binary: raiseUnreadable(file, "is neither a workbook nor a text file");
       case FileKind::Empty:
         if (!isTextExtension(extension)) raiseUnreadable(file, "is empty");

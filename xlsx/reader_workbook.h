@@ -57,7 +57,7 @@ struct LoadedWorkbook {
 // XML depth has its own fixed limit (kMaxXmlDepth, reader_xml.h).
 struct ReadLimits {
   ZipLimits zip;
-  std::uint64_t maxStoredCells = 50'000'000;  // dense cell slots for the whole workbook
+  std::uint64_t maxStoredCells = 50'000'000;    // dense cell slots for the whole workbook
   std::uint64_t maxSharedStrings = 50'000'000;  // items of the shared-string table
   // Bytes of one text (a shared string, an inline string, a CSV field).
   std::uint64_t maxStringBytes = 4 * 32767;

@@ -13,8 +13,8 @@ void parsePart(pugi::xml_document& doc, std::string& xml, std::string_view part)
   const unsigned options = pugi::parse_default | pugi::parse_ws_pcdata;
   const pugi::xml_parse_result result = doc.load_buffer_inplace(xml.data(), xml.size(), options, pugi::encoding_utf8);
   if (!result) {
-    raiseDamaged("is damaged: the part \"" + std::string(part) + "\" is no well-formed XML (" +
-                 result.description() + ")");
+    raiseDamaged("is damaged: the part \"" + std::string(part) + "\" is no well-formed XML (" + result.description() +
+                 ")");
   }
   // Depth first without recursion: down to the first child, else on to the next sibling of the
   // nearest ancestor that has one.

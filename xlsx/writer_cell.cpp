@@ -12,8 +12,8 @@ bool hasOuterBlanks(const std::string& s) {
 
 }  // namespace
 
-void appendCellXml(std::string& out, std::int32_t row, std::int32_t column, const CellValue& value,
-                   std::uint32_t style, std::string_view prefix) {
+void appendCellXml(std::string& out, std::int32_t row, std::int32_t column, const CellValue& value, std::uint32_t style,
+                   std::string_view prefix) {
   // <p:v>text</p:v></p:c>, the closing shape of every cell with a value.
   const auto valueAndClose = [&](std::string_view text) {
     out.append("><").append(prefix).append("v>").append(text);
@@ -22,12 +22,8 @@ void appendCellXml(std::string& out, std::int32_t row, std::int32_t column, cons
   out.append("<").append(prefix).append("c r=\"").append(xml::cellName(row, column)).append("\"");
   if (style != 0) out.append(" s=\"").append(std::to_string(style)).append("\"");
   switch (value.kind()) {
-    case CellValue::Kind::Empty:
-      out.append("/>");
-      return;
-    case CellValue::Kind::Number:
-      valueAndClose(xml::number(value.number()));
-      return;
+    case CellValue::Kind::Empty: out.append("/>"); return;
+    case CellValue::Kind::Number: valueAndClose(xml::number(value.number())); return;
     case CellValue::Kind::Boolean:
       out.append(" t=\"b\"");
       valueAndClose(value.boolean() ? "1" : "0");
@@ -36,8 +32,7 @@ void appendCellXml(std::string& out, std::int32_t row, std::int32_t column, cons
       out.append(" t=\"e\"");
       valueAndClose(xml::text(errorValueText(value.error())));
       return;
-    case CellValue::Kind::Text:
-      break;
+    case CellValue::Kind::Text: break;
   }
   out.append(" t=\"inlineStr\"><").append(prefix).append("is><").append(prefix).append("t");
   if (hasOuterBlanks(value.text())) out.append(" xml:space=\"preserve\"");
@@ -45,8 +40,8 @@ void appendCellXml(std::string& out, std::int32_t row, std::int32_t column, cons
   out.append("</").append(prefix).append("t></").append(prefix).append("is></").append(prefix).append("c>");
 }
 
-std::string cellXml(std::int32_t row, std::int32_t column, const CellValue& value,
-                    std::uint32_t style, std::string_view prefix) {
+std::string cellXml(std::int32_t row, std::int32_t column, const CellValue& value, std::uint32_t style,
+                    std::string_view prefix) {
   std::string out;
   appendCellXml(out, row, column, value, style, prefix);
   return out;

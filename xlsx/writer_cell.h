@@ -15,10 +15,10 @@
 
 namespace orv {
 
-std::string cellXml(std::int32_t row, std::int32_t column, const CellValue& value,
-                    std::uint32_t style, std::string_view prefix = {});
+std::string cellXml(std::int32_t row, std::int32_t column, const CellValue& value, std::uint32_t style,
+                    std::string_view prefix = {});
 // The same, appended to `out`: a sheet writes millions of these.
-void appendCellXml(std::string& out, std::int32_t row, std::int32_t column, const CellValue& value,
-                   std::uint32_t style, std::string_view prefix = {});
+void appendCellXml(std::string& out, std::int32_t row, std::int32_t column, const CellValue& value, std::uint32_t style,
+                   std::string_view prefix = {});
 
 }  // namespace orv

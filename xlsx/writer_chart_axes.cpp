@@ -35,13 +35,14 @@ std::string scaling(const AxisModel& axis) {
 }
 
 std::string gridlines(std::string_view name) {
-  return "<c:" + std::string(name) + ">" + shapeProperties("", line(std::string(kBlack))) + "</c:" + std::string(name) + ">";
+  return "<c:" + std::string(name) + ">" + shapeProperties("", line(std::string(kBlack))) + "</c:" + std::string(name) +
+         ">";
 }
 
 // The part every axis shares, in the schema's order, from axId to crosses.
 std::string shared(const AxisModel& axis, const AxisPlacement& place) {
-  std::string out = valueElement("axId", std::to_string(place.id)) + scaling(axis) + boolElement("delete", axis.deleted) +
-                    valueElement("axPos", std::string(1, place.position));
+  std::string out = valueElement("axId", std::to_string(place.id)) + scaling(axis) +
+                    boolElement("delete", axis.deleted) + valueElement("axPos", std::string(1, place.position));
   if (axis.majorGridlines) out += gridlines("majorGridlines");
   if (axis.minorGridlines) out += gridlines("minorGridlines");
   if (axis.title) out += title(*axis.title, axis.titleFont, place.position == 'l' || place.position == 'r');
@@ -50,7 +51,8 @@ std::string shared(const AxisModel& axis, const AxisPlacement& place) {
          valueElement("tickLblPos", axis.tickLabels == TickLabelPlace::Low ? "low" : "nextTo");
   out += shapeProperties("", line(axis.line ? std::optional<std::string>(kBlack) : std::nullopt));
   out += textProperties(axis.tickLabelFont);
-  return out + valueElement("crossAx", std::to_string(place.crossesAxis)) + valueElement("crosses", crossing(place.crosses));
+  return out + valueElement("crossAx", std::to_string(place.crossesAxis)) +
+         valueElement("crosses", crossing(place.crosses));
 }
 
 }  // namespace
@@ -61,7 +63,8 @@ std::string categoryAxis(const AxisModel& axis, const AxisPlacement& place) {
 }
 
 std::string valueAxis(const AxisModel& axis, const AxisPlacement& place) {
-  std::string out = "<c:valAx>" + shared(axis, place) + valueElement("crossBetween", place.betweenCategories ? "between" : "midCat");
+  std::string out =
+      "<c:valAx>" + shared(axis, place) + valueElement("crossBetween", place.betweenCategories ? "between" : "midCat");
   if (axis.majorUnit) out += valueElement("majorUnit", xml::number(*axis.majorUnit));
   return out + "</c:valAx>";
 }

@@ -19,7 +19,7 @@ enum class Crossing : std::uint8_t { AutoZero, Min, Max };
 struct AxisPlacement {
   std::uint32_t id = 0;
   std::uint32_t crossesAxis = 0;
-  char position = 'b';       // b, l, r, t
+  char position = 'b';  // b, l, r, t
   Crossing crosses = Crossing::AutoZero;
   bool betweenCategories = true;  // value axes: points between category ticks (false: on them)
 };

@@ -36,7 +36,8 @@ std::string textProperties(const FontModel& font) {
 
 std::string title(std::string_view text, const FontModel& font, bool vertical) {
   const std::string run = " sz=\"" + fontSize(font.size) + "\" b=\"" + (font.bold ? "1" : "0") + "\"";
-  return std::string("<c:title><c:tx><c:rich>") + (vertical ? "<a:bodyPr rot=\"-5400000\" vert=\"horz\"/>" : "<a:bodyPr/>") +
+  return std::string("<c:title><c:tx><c:rich>") +
+         (vertical ? "<a:bodyPr rot=\"-5400000\" vert=\"horz\"/>" : "<a:bodyPr/>") +
          "<a:lstStyle/><a:p><a:pPr><a:defRPr" + run + "/></a:pPr><a:r><a:rPr lang=\"en-US\"" + run + "/><a:t>" +
          xml::text(text) + "</a:t></a:r></a:p></c:rich></c:tx>" + boolElement("overlay", false) + "</c:title>";
 }

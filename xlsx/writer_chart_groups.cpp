@@ -43,8 +43,8 @@ std::string barLook(std::string_view fill) { return shapeProperties(solidFill(fi
 
 std::string upDownBars(const ChartModel& chart) {
   const std::string fill = paletteRgb(chart.upBarsColorIndex).value_or(std::string(kWhite));
-  return "<c:upDownBars>" + valueElement("gapWidth", std::to_string(std::clamp(chart.gapWidth, 0, 500))) + "<c:upBars>" +
-         barLook(fill) + "</c:upBars><c:downBars>" + barLook(fill) + "</c:downBars></c:upDownBars>";
+  return "<c:upDownBars>" + valueElement("gapWidth", std::to_string(std::clamp(chart.gapWidth, 0, 500))) +
+         "<c:upBars>" + barLook(fill) + "</c:upBars><c:downBars>" + barLook(fill) + "</c:downBars></c:upDownBars>";
 }
 
 std::string stockGroup(const ChartModel& chart, const GroupPlan& group) {
@@ -87,8 +87,7 @@ std::string groupXml(const ChartModel& chart, const GroupPlan& group, std::uint3
   const std::string ids = axisIds(categoryAxisId, valueAxisId);
   std::string out;
   switch (group.type) {
-    case GroupType::Stock:
-      return stockGroup(chart, group) + ids + "</c:stockChart>";
+    case GroupType::Stock: return stockGroup(chart, group) + ids + "</c:stockChart>";
     case GroupType::Bar:
       out = "<c:barChart>" + valueElement("barDir", "col") + valueElement("grouping", "clustered") +
             boolElement("varyColors", false);
@@ -98,8 +97,7 @@ std::string groupXml(const ChartModel& chart, const GroupPlan& group, std::uint3
       out = "<c:scatterChart>" + valueElement("scatterStyle", "lineMarker") + boolElement("varyColors", false);
       for (std::size_t i : group.series) out += scatterSeries(chart.series[i], i);
       return out + ids + "</c:scatterChart>";
-    case GroupType::Line:
-      break;
+    case GroupType::Line: break;
   }
   out = "<c:lineChart>" + valueElement("grouping", "standard") + boolElement("varyColors", false);
   for (std::size_t i : group.series) out += lineSeries(chart.series[i], i, isStock(chart.series[i].kind));

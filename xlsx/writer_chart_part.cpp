@@ -19,9 +19,7 @@ struct AxisIds {
   std::uint32_t value;
 };
 
-AxisIds idsOf(AxisGroup group) {
-  return group == AxisGroup::Primary ? AxisIds{1001, 1002} : AxisIds{1003, 1004};
-}
+AxisIds idsOf(AxisGroup group) { return group == AxisGroup::Primary ? AxisIds{1001, 1002} : AxisIds{1003, 1004}; }
 
 AxisModel axisOf(const ChartModel& chart, AxisKind kind, AxisGroup group) {
   for (const AxisModel& a : chart.axes) {
@@ -111,7 +109,8 @@ std::string chartPartXml(const ChartModel& chart) {
            boolElement("overlay", false) + textProperties(chart.legendFont) + "</c:legend>";
   }
   out += boolElement("plotVisOnly", true) + valueElement("dispBlanksAs", "gap") + "</c:chart>";
-  out += shapeProperties(solidFill(paletteRgb(chart.chartAreaColorIndex).value_or("FFFFFF")), line(std::string("000000")));
+  out +=
+      shapeProperties(solidFill(paletteRgb(chart.chartAreaColorIndex).value_or("FFFFFF")), line(std::string("000000")));
   out += textProperties(FontModel{10.0, false});
   return out + "</c:chartSpace>";
 }

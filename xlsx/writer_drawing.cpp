@@ -58,8 +58,9 @@ std::string anchorXml(const DrawnChart& chart, std::uint32_t shapeId, std::strin
   out += "><" + p + "from>" + element("col", a.column) + element("colOff", a.columnOffset) + element("row", a.row) +
          element("rowOff", a.rowOffset) + "</" + p + "from>";
   out += "<" + p + "ext cx=\"" + std::to_string(a.width) + "\" cy=\"" + std::to_string(a.height) + "\"/>";
-  out += "<" + p + "graphicFrame macro=\"\"><" + p + "nvGraphicFramePr><" + p + "cNvPr id=\"" + std::to_string(shapeId) +
-         "\" name=\"" + xml::attribute(chart.name) + "\"/><" + p + "cNvGraphicFramePr/></" + p + "nvGraphicFramePr>";
+  out += "<" + p + "graphicFrame macro=\"\"><" + p + "nvGraphicFramePr><" + p + "cNvPr id=\"" +
+         std::to_string(shapeId) + "\" name=\"" + xml::attribute(chart.name) + "\"/><" + p + "cNvGraphicFramePr/></" +
+         p + "nvGraphicFramePr>";
   out += "<" + p + "xfrm><a:off x=\"0\" y=\"0\"/><a:ext cx=\"0\" cy=\"0\"/></" + p + "xfrm>";
   out += "<a:graphic><a:graphicData uri=\"" + std::string(kChartNs) + "\"><c:chart xmlns:c=\"" + std::string(kChartNs) +
          "\" r:id=\"" + xml::attribute(chart.relationshipId) + "\"/></a:graphicData></a:graphic>";
@@ -68,13 +69,16 @@ std::string anchorXml(const DrawnChart& chart, std::uint32_t shapeId, std::strin
 
 std::string freshDrawingXml(const std::vector<DrawnChart>& charts) {
   std::string out = R"(<?xml version="1.0" encoding="UTF-8" standalone="yes"?>)"
-                    "\n<xdr:wsDr xmlns:xdr=\"" + std::string(kDrawingNs) + "\" xmlns:a=\"" + std::string(kMainNs) +
-                    "\" xmlns:r=\"" + std::string(kRelNs) + "\">";
-  for (std::size_t i = 0; i < charts.size(); ++i) out += anchorXml(charts[i], static_cast<std::uint32_t>(i + 2), "xdr:", false);
+                    "\n<xdr:wsDr xmlns:xdr=\"" +
+                    std::string(kDrawingNs) + "\" xmlns:a=\"" + std::string(kMainNs) + "\" xmlns:r=\"" +
+                    std::string(kRelNs) + "\">";
+  for (std::size_t i = 0; i < charts.size(); ++i)
+    out += anchorXml(charts[i], static_cast<std::uint32_t>(i + 2), "xdr:", false);
   return out + "</xdr:wsDr>";
 }
 
-std::string drawingWithCharts(std::string_view drawingXml, std::string_view partName, const std::vector<DrawnChart>& charts) {
+std::string drawingWithCharts(std::string_view drawingXml, std::string_view partName,
+                              const std::vector<DrawnChart>& charts) {
   pugi::xml_document document = xml::parsePart(drawingXml, partName);
   pugi::xml_node root = document.document_element();
   std::uint32_t highest = 1;

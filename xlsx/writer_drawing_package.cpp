@@ -18,16 +18,19 @@ constexpr std::string_view kOfficeRelNs = "http://schemas.openxmlformats.org/off
 
 std::string lower(std::string_view s) {
   std::string out(s);
-  std::transform(out.begin(), out.end(), out.begin(), [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+  std::transform(out.begin(), out.end(), out.begin(),
+                 [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
   return out;
 }
 
-std::string relationshipType(std::string_view name) { return std::string(package::kRelationshipBase) + std::string(name); }
+std::string relationshipType(std::string_view name) {
+  return std::string(package::kRelationshipBase) + std::string(name);
+}
 
 // Children of <worksheet> that come after <drawing> in the schema's sequence.
-constexpr std::array<std::string_view, 9> kAfterDrawing = {"legacyDrawing", "legacyDrawingHF", "drawingHF",
-                                                           "picture",       "oleObjects",      "controls",
-                                                           "webPublishItems", "tableParts",    "extLst"};
+constexpr std::array<std::string_view, 9> kAfterDrawing = {"legacyDrawing",   "legacyDrawingHF", "drawingHF",
+                                                           "picture",         "oleObjects",      "controls",
+                                                           "webPublishItems", "tableParts",      "extLst"};
 
 // The r:id attribute of a <drawing>, whatever prefix the part gives that namespace.
 pugi::xml_attribute relationshipIdOf(const pugi::xml_node& drawing) {
@@ -62,16 +65,19 @@ std::string withDrawing(pugi::xml_document& document, const std::string& relatio
   return xml::serialise(document);
 }
 
-std::string addRelationship(PartSet& parts, const std::string& source, std::string_view type, const std::string& target) {
+std::string addRelationship(PartSet& parts, const std::string& source, std::string_view type,
+                            const std::string& target) {
   const std::string relsPart = package::relsPartOf(source);
   const std::string rels = parts.read(relsPart).value_or(package::freshRelationships({}));
   std::string id;
-  parts.write(relsPart, package::addRelationship(rels, relsPart, relationshipType(type), relativeTarget(source, target), id));
+  parts.write(relsPart,
+              package::addRelationship(rels, relsPart, relationshipType(type), relativeTarget(source, target), id));
   return id;
 }
 
 // The existing drawing part of the sheet, if its <drawing> leads to one.
-std::optional<std::string> existingDrawing(const PartSet& parts, const std::string& sheetPart, const pugi::xml_node& worksheet) {
+std::optional<std::string> existingDrawing(const PartSet& parts, const std::string& sheetPart,
+                                           const pugi::xml_node& worksheet) {
   const pugi::xml_attribute idAttribute = relationshipIdOf(xml::child(worksheet, "drawing"));
   if (!idAttribute) return std::nullopt;
   const std::string id = idAttribute.value();

@@ -56,8 +56,7 @@ class Fallbacks {
   std::map<std::int32_t, std::uint32_t> columns_;
 };
 
-std::vector<Cell> collectCells(const InMemoryWorksheet& sheet, StyleSheet& styles,
-                               const Fallbacks& fallbacks) {
+std::vector<Cell> collectCells(const InMemoryWorksheet& sheet, StyleSheet& styles, const Fallbacks& fallbacks) {
   std::vector<Cell> cells;
   if (const auto used = sheet.usedBlock()) {
     ValueArray2D column;
@@ -78,9 +77,8 @@ std::vector<Cell> collectCells(const InMemoryWorksheet& sheet, StyleSheet& style
     const std::uint32_t style = styles.xfFor(f);
     if (style != fallbacks.of(column)) cells.push_back({row, column, CellValue{}, style});
   });
-  std::sort(cells.begin(), cells.end(), [](const Cell& a, const Cell& b) {
-    return std::tie(a.row, a.column) < std::tie(b.row, b.column);
-  });
+  std::sort(cells.begin(), cells.end(),
+            [](const Cell& a, const Cell& b) { return std::tie(a.row, a.column) < std::tie(b.row, b.column); });
   return cells;
 }
 
@@ -121,8 +119,8 @@ std::string colsXml(const InMemoryWorksheet& sheet, const Fallbacks& fallbacks) 
   std::string out = "<cols>";
   for (const ColumnRun& run : runs) {
     const double points = run.width.value_or(sheet.geometry().defaultColumnWidth());
-    out += "<col min=\"" + std::to_string(run.first) + "\" max=\"" + std::to_string(run.last) +
-           "\" width=\"" + xml::number(columnWidthCharacters(points)) + "\"";
+    out += "<col min=\"" + std::to_string(run.first) + "\" max=\"" + std::to_string(run.last) + "\" width=\"" +
+           xml::number(columnWidthCharacters(points)) + "\"";
     if (run.style != 0) out += " style=\"" + std::to_string(run.style) + "\"";
     if (points == 0.0) out += " hidden=\"1\"";
     if (run.width) out += " customWidth=\"1\"";

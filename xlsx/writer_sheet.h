@@ -22,7 +22,6 @@ struct SheetPartOptions {
   std::optional<std::string> drawingRelationshipId;
 };
 
-std::string worksheetXml(const InMemoryWorksheet& sheet, StyleSheet& styles,
-                         const SheetPartOptions& options);
+std::string worksheetXml(const InMemoryWorksheet& sheet, StyleSheet& styles, const SheetPartOptions& options);
 
 }  // namespace orv

@@ -81,12 +81,11 @@ pugi::xml_node findOrAddRow(pugi::xml_node sheetData, std::int32_t number, const
 pugi::xml_node placeCell(pugi::xml_node row, pugi::xml_node before, const std::string& cellText) {
   pugi::xml_document fragment;
   fragment.load_buffer(cellText.data(), cellText.size(), pugi::parse_default | pugi::parse_ws_pcdata);
-  return before ? row.insert_copy_before(fragment.first_child(), before)
-                : row.append_copy(fragment.first_child());
+  return before ? row.insert_copy_before(fragment.first_child(), before) : row.append_copy(fragment.first_child());
 }
 
-void spliceRow(pugi::xml_node row, std::int32_t rowNumber, const InMemoryWorksheet& sheet,
-               const CellBlock& block, StyleSheet& styles, const std::string& prefix) {
+void spliceRow(pugi::xml_node row, std::int32_t rowNumber, const InMemoryWorksheet& sheet, const CellBlock& block,
+               StyleSheet& styles, const std::string& prefix) {
   numberCells(row, rowNumber);
   row.remove_attribute("spans");
   pugi::xml_node cursor = row.first_child();
@@ -124,8 +123,8 @@ void growDimension(pugi::xml_node worksheet, const CellBlock& block) {
   const Position last = colon == std::string::npos ? first : parseCellName(std::string_view(text).substr(colon + 1));
   CellBlock box = block;
   if (first.row != 0 && last.row != 0) {
-    box = {std::min(first.row, block.top), std::min(first.column, block.left),
-           std::max(last.row, block.bottom), std::max(last.column, block.right)};
+    box = {std::min(first.row, block.top), std::min(first.column, block.left), std::max(last.row, block.bottom),
+           std::max(last.column, block.right)};
   }
   ref.set_value((xml::cellName(box.top, box.left) + ":" + xml::cellName(box.bottom, box.right)).c_str());
 }

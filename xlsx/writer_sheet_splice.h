@@ -29,9 +29,8 @@ struct SpliceOptions {
   bool select = false;
 };
 
-std::string spliceCells(std::string_view sheetXml, std::string_view partName,
-                        const InMemoryWorksheet& sheet, const CellBlock& block, StyleSheet& styles,
-                        const SpliceOptions& options = {});
+std::string spliceCells(std::string_view sheetXml, std::string_view partName, const InMemoryWorksheet& sheet,
+                        const CellBlock& block, StyleSheet& styles, const SpliceOptions& options = {});
 
 // The part with tabSelected removed from its sheet views (a textual edit: the only bytes that
 // change are that attribute's), for a sheet that stops being the selected tab.

@@ -17,8 +17,17 @@ constexpr std::string_view kPartName = "xl/styles.xml";
 // the ids are what the host itself stores.
 std::optional<std::uint32_t> builtInNumFmt(std::string_view code) {
   static constexpr std::array<std::pair<std::string_view, std::uint32_t>, 11> kBuiltIn{{
-      {"General", 0}, {"0", 1}, {"0.00", 2}, {"#,##0", 3}, {"#,##0.00", 4}, {"0%", 9},
-      {"0.00%", 10}, {"0.00E+00", 11}, {"# ?/?", 12}, {"# ?\?/?\?", 13}, {"@", 49},
+      {"General", 0},
+      {"0", 1},
+      {"0.00", 2},
+      {"#,##0", 3},
+      {"#,##0.00", 4},
+      {"0%", 9},
+      {"0.00%", 10},
+      {"0.00E+00", 11},
+      {"# ?/?", 12},
+      {"# ?\?/?\?", 13},
+      {"@", 49},
   }};
   for (const auto& [text, id] : kBuiltIn) {
     if (text == code) return id;
@@ -93,9 +102,9 @@ pugi::xml_node StyleSheet::append(pugi::xml_node parent, std::string_view local)
 // styleSheet's children are a strict sequence; a missing section goes before the first
 // present one that must follow it.
 pugi::xml_node StyleSheet::section(std::string_view local) {
-  static constexpr std::array<std::string_view, 11> kOrder{
-      "numFmts", "fonts", "fills", "borders", "cellStyleXfs", "cellXfs",
-      "cellStyles", "dxfs", "tableStyles", "colors", "extLst"};
+  static constexpr std::array<std::string_view, 11> kOrder{"numFmts",      "fonts",   "fills",      "borders",
+                                                           "cellStyleXfs", "cellXfs", "cellStyles", "dxfs",
+                                                           "tableStyles",  "colors",  "extLst"};
   if (pugi::xml_node found = xml::child(root_, local)) return found;
   const auto position = std::find(kOrder.begin(), kOrder.end(), local);
   pugi::xml_node before;
@@ -165,9 +174,8 @@ std::uint32_t StyleSheet::fillFor(std::int32_t colorIndex) {
 std::uint32_t StyleSheet::xfFor(const CellFormat& format) {
   if (format == CellFormat{}) return 0;
   const auto key = std::make_pair(
-      format.numberFormat,
-      std::make_tuple(format.bold, format.fontSize, format.fontColorIndex, format.interiorColorIndex,
-                      static_cast<int>(format.horizontalAlignment)));
+      format.numberFormat, std::make_tuple(format.bold, format.fontSize, format.fontColorIndex,
+                                           format.interiorColorIndex, static_cast<int>(format.horizontalAlignment)));
   if (const auto known = xfs_.find(key); known != xfs_.end()) return known->second;
 
   const std::uint32_t numFmt = numFmtFor(format.numberFormat);

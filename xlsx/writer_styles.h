@@ -50,9 +50,7 @@ class StyleSheet {
   std::map<std::string, std::uint32_t> numFmts_;  // code -> id, custom entries of the part
   std::map<std::tuple<bool, double, std::int32_t>, std::uint32_t> fonts_;
   std::map<std::int32_t, std::uint32_t> fills_;
-  std::map<std::pair<std::string, std::tuple<bool, double, std::int32_t, std::int32_t, int>>,
-           std::uint32_t>
-      xfs_;
+  std::map<std::pair<std::string, std::tuple<bool, double, std::int32_t, std::int32_t, int>>, std::uint32_t> xfs_;
 };
 
 }  // namespace orv

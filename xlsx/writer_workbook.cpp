@@ -73,14 +73,15 @@ struct NewPackage {
 };
 
 // xl/worksheets/sheetN.xml for the Nth sheet, with its relationship, entry and content type.
-void addSheetParts(NewPackage& fresh, const std::vector<InMemoryWorksheet*>& sheets,
-                   const InMemoryWorksheet* active, StyleSheet& styles) {
+void addSheetParts(NewPackage& fresh, const std::vector<InMemoryWorksheet*>& sheets, const InMemoryWorksheet* active,
+                   StyleSheet& styles) {
   for (std::size_t i = 0; i < sheets.size(); ++i) {
     const std::string id = "rId" + std::to_string(i + 1);
     const std::string target = "worksheets/sheet" + std::to_string(i + 1) + ".xml";
     const bool select = sheets[i] == active;
     if (select) fresh.activeTab = static_cast<std::int32_t>(i);
-    fresh.sheetParts.emplace_back("xl/" + target, worksheetXml(*sheets[i], styles, SheetPartOptions{select, std::nullopt}));
+    fresh.sheetParts.emplace_back("xl/" + target,
+                                  worksheetXml(*sheets[i], styles, SheetPartOptions{select, std::nullopt}));
     fresh.workbookRels.push_back({id, package::relationshipType("worksheet"), target, false});
     fresh.entries.push_back({sheets[i]->Name(), id});
     fresh.overrides.emplace_back("xl/" + target, std::string(package::kWorksheetType));
@@ -94,12 +95,14 @@ void addChartParts(NewPackage& fresh, const std::vector<InMemoryWorksheet*>& she
   std::vector<std::string> names;
   for (const auto& [part, content] : fresh.sheetParts) names.push_back(part);
   const auto& sheetParts = fresh.sheetParts;
-  PartSet chartSet([&sheetParts](const std::string& name) -> std::optional<std::string> {
-    for (const auto& [part, content] : sheetParts) {
-      if (part == name) return content;
-    }
-    return std::nullopt;
-  }, fresh.chartParts, fresh.overrides, names);
+  PartSet chartSet(
+      [&sheetParts](const std::string& name) -> std::optional<std::string> {
+        for (const auto& [part, content] : sheetParts) {
+          if (part == name) return content;
+        }
+        return std::nullopt;
+      },
+      fresh.chartParts, fresh.overrides, names);
   for (std::size_t i = 0; i < sheets.size(); ++i) {
     attachCharts(chartSet, fresh.sheetParts[i].first, sheets[i]->geometry(), sheets[i]->charts());
   }
@@ -113,8 +116,8 @@ void addChartParts(NewPackage& fresh, const std::vector<InMemoryWorksheet*>& she
 
 void putNewPackage(ZipPackage& zip, NewPackage& fresh, const StyleSheet& styles) {
   zip.put("[Content_Types].xml", package::freshContentTypes(fresh.overrides));
-  zip.put("_rels/.rels",
-          package::freshRelationships({{"rId1", package::relationshipType("officeDocument"), "xl/workbook.xml", false}}));
+  zip.put("_rels/.rels", package::freshRelationships(
+                             {{"rId1", package::relationshipType("officeDocument"), "xl/workbook.xml", false}}));
   zip.put("xl/workbook.xml", package::freshWorkbook(fresh.entries, fresh.activeTab));
   zip.put("xl/_rels/workbook.xml.rels", package::freshRelationships(fresh.workbookRels));
   zip.put("xl/styles.xml", styles.xml());
@@ -125,33 +128,37 @@ void putNewPackage(ZipPackage& zip, NewPackage& fresh, const StyleSheet& styles)
 }  // namespace
 
 void writeNewWorkbook(InMemoryWorkbook& book, const std::filesystem::path& out) {
-  kProc("SaveAs", [&] { guarded(out, [&] {
-    const std::vector<InMemoryWorksheet*> sheets = sheetsOf(book);
-    if (sheets.empty()) unwritable(out, "the workbook has no sheets");
-    StyleSheet styles(StyleSheet::freshXml());
-    NewPackage fresh;
-    addSheetParts(fresh, sheets, book.activeSheet(), styles);
-    addChartParts(fresh, sheets);
-    writeFileAtomically(out, [&](const std::filesystem::path& temporary) {
-      ZipPackage zip = ZipPackage::create(temporary);
-      putNewPackage(zip, fresh, styles);
-      zip.commit();
+  kProc("SaveAs", [&] {
+    guarded(out, [&] {
+      const std::vector<InMemoryWorksheet*> sheets = sheetsOf(book);
+      if (sheets.empty()) unwritable(out, "the workbook has no sheets");
+      StyleSheet styles(StyleSheet::freshXml());
+      NewPackage fresh;
+      addSheetParts(fresh, sheets, book.activeSheet(), styles);
+      addChartParts(fresh, sheets);
+      writeFileAtomically(out, [&](const std::filesystem::path& temporary) {
+        ZipPackage zip = ZipPackage::create(temporary);
+        putNewPackage(zip, fresh, styles);
+        zip.commit();
+      });
     });
-  }); });
+  });
 }
 
 void writeIntoPackage(const std::filesystem::path& original, InMemoryWorkbook& book,
                       const std::vector<SheetChange>& changes, const std::filesystem::path& out) {
-  kProc("Save", [&] { guarded(out, [&] {
-    writeFileAtomically(out, [&](const std::filesystem::path& temporary) {
-      // libzip rewrites an archive it has open; working on a copy leaves the original alone
-      // and lets every untouched entry keep its compressed bytes.
-      std::filesystem::copy_file(original, temporary, std::filesystem::copy_options::overwrite_existing);
-      ZipPackage zip = openCopyOf(original, temporary, out);
-      editPackage(zip, book, changes);
-      zip.commit();
+  kProc("Save", [&] {
+    guarded(out, [&] {
+      writeFileAtomically(out, [&](const std::filesystem::path& temporary) {
+        // libzip rewrites an archive it has open; working on a copy leaves the original alone
+        // and lets every untouched entry keep its compressed bytes.
+        std::filesystem::copy_file(original, temporary, std::filesystem::copy_options::overwrite_existing);
+        ZipPackage zip = openCopyOf(original, temporary, out);
+        editPackage(zip, book, changes);
+        zip.commit();
+      });
     });
-  }); });
+  });
 }
 
 }  // namespace orv

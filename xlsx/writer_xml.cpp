@@ -33,18 +33,10 @@ std::string escape(std::string_view value, bool inAttribute) {
       case '&': out += "&amp;"; break;
       case '<': out += "&lt;"; break;
       case '>': out += "&gt;"; break;
-      case '"':
-        out += inAttribute ? "&quot;" : "\"";
-        break;
-      case '\n':
-        out += inAttribute ? "&#10;" : "\n";
-        break;
-      case '\r':
-        out += inAttribute ? "&#13;" : "\r";
-        break;
-      case '\t':
-        out += inAttribute ? "&#9;" : "\t";
-        break;
+      case '"': out += inAttribute ? "&quot;" : "\""; break;
+      case '\n': out += inAttribute ? "&#10;" : "\n"; break;
+      case '\r': out += inAttribute ? "&#13;" : "\r"; break;
+      case '\t': out += inAttribute ? "&#9;" : "\t"; break;
       default:
         if (u < 0x20) {
           out += "_x00";
@@ -63,9 +55,8 @@ std::string escape(std::string_view value, bool inAttribute) {
 
 // What keeps a user's part as it was: no whitespace folding in attributes, whitespace-only
 // text kept (a cell may hold just blanks), comments, PIs and the declaration kept.
-constexpr unsigned kFaithful = pugi::parse_cdata | pugi::parse_escapes | pugi::parse_eol |
-                               pugi::parse_ws_pcdata | pugi::parse_declaration |
-                               pugi::parse_comments | pugi::parse_pi | pugi::parse_doctype;
+constexpr unsigned kFaithful = pugi::parse_cdata | pugi::parse_escapes | pugi::parse_eol | pugi::parse_ws_pcdata |
+                               pugi::parse_declaration | pugi::parse_comments | pugi::parse_pi | pugi::parse_doctype;
 
 }  // namespace
 
@@ -81,9 +72,7 @@ std::string number(double value) {
 
 std::string integer(std::int64_t value) { return std::to_string(value); }
 
-std::string cellName(std::int32_t row, std::int32_t column) {
-  return columnLetters(column) + std::to_string(row);
-}
+std::string cellName(std::int32_t row, std::int32_t column) { return columnLetters(column) + std::to_string(row); }
 
 pugi::xml_document parsePart(std::string_view content, std::string_view partName) {
   pugi::xml_document document;
@@ -91,8 +80,7 @@ pugi::xml_document parsePart(std::string_view content, std::string_view partName
       document.load_buffer(content.data(), content.size(), kFaithful, pugi::encoding_utf8);
   if (!result) {
     raise(err::kFileUnwritable, "The part \"" + std::string(partName) +
-                                    "\" of the original workbook is no well-formed XML: " +
-                                    result.description());
+                                    "\" of the original workbook is no well-formed XML: " + result.description());
   }
   return document;
 }

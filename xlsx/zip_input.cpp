@@ -3,8 +3,8 @@
 #include <zip.h>
 
 #include <algorithm>
-#include <vector>
 #include <memory>
+#include <vector>
 
 #include "xlsx/reader_errors.h"
 

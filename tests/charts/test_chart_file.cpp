@@ -33,7 +33,8 @@ TEST_F(ChartTest, ScatterPlotsAndHistogramsBecomeChartParts) {
   ASSERT_EQ(frequency.charts().size(), 1U);
   const std::string scatter = chartPartXml(circular.charts().front());
   EXPECT_TRUE(has(scatter, "<c:scatterChart>"));
-  EXPECT_TRUE(has(scatter, "<c:scaling><c:orientation val=\"minMax\"/><c:max val=\"1\"/><c:min val=\"-1\"/></c:scaling>"));
+  EXPECT_TRUE(
+      has(scatter, "<c:scaling><c:orientation val=\"minMax\"/><c:max val=\"1\"/><c:min val=\"-1\"/></c:scaling>"));
   EXPECT_TRUE(has(scatter, "<c:xVal><c:numRef>"));
   EXPECT_FALSE(has(scatter, "majorGridlines"));
   // Tick labels at the plot's edges, away from the axes' crossing; 5-point points.

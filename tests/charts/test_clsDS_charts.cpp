@@ -46,8 +46,8 @@ TEST_F(DriverChartTest, TheBoxPlotStandsOneColumnRightOfTheTableAndReadsItsRows)
   EXPECT_DOUBLE_EQ(box.height, 180);
   EXPECT_EQ(box.kind, ChartKind::StockOHLC);
   const std::int32_t names = rowOf("Median") - 1;
-  const std::vector<std::string> order = {"25th Percentile", "Minimum", "Maximum", "75th Percentile",
-                                          "Median", "Median"};
+  const std::vector<std::string> order = {"25th Percentile", "Minimum", "Maximum",
+                                          "75th Percentile", "Median",  "Median"};
   ASSERT_EQ(box.series.size(), order.size());
   for (std::size_t i = 0; i < order.size(); ++i) {
     SCOPED_TRACE(order[i]);

@@ -86,8 +86,7 @@ TEST_F(PlotBoxTest, WholeNumberTickLabelsFromAnAxisMaximumOfTen) {
     clsPlotBox plot;
     configure(plot, cells(2, 6, 2, 6));
     plot.CreatePlot();
-    EXPECT_EQ(axis(data.charts().back(), AxisKind::Value, AxisGroup::Primary)->tickLabelNumberFormat,
-              c.format);
+    EXPECT_EQ(axis(data.charts().back(), AxisKind::Value, AxisGroup::Primary)->tickLabelNumberFormat, c.format);
   }
 }
 
@@ -124,7 +123,10 @@ TEST_F(PlotBoxTest, FailuresReportCreatePlotAndLeaveTheChartAdded) {
   const std::vector<Case> cases = {
       {"no output range", [](clsPlotBox&) {}, 91, 0},
       {"headers on another sheet than the percentiles",
-       [&](clsPlotBox& p) { configure(p, cells(2, 6, 2, 6)); p.HeadersRange(Range(other, CellBlock{1, 2, 1, 4})); },
+       [&](clsPlotBox& p) {
+         configure(p, cells(2, 6, 2, 6));
+         p.HeadersRange(Range(other, CellBlock{1, 2, 1, 4}));
+       },
        err::kHostFailure, 1},
   };
   for (const Case& c : cases) {

@@ -21,8 +21,11 @@ TEST(HistogramSeries, EdgesFollowTheCategoryFlags) {
     std::vector<std::string> labels;
   };
   const Case cases[] = {
-      {"< in front of two bins", {0.1, 0.1, 0.2}, {true, false},
-       {{kOpen, 0.1}, {0.1, 0.2}, {0.2, 0.30000000000000004}}, {"<0.1", "0.1 - 0.2", "0.2 - 0.3"}},
+      {"< in front of two bins",
+       {0.1, 0.1, 0.2},
+       {true, false},
+       {{kOpen, 0.1}, {0.1, 0.2}, {0.2, 0.30000000000000004}},
+       {"<0.1", "0.1 - 0.2", "0.2 - 0.3"}},
       {"a single bin stays open", {5}, {false, false}, {{5, kOpen}}, {">=5"}},
       {"a single bin behind <", {5, 5}, {true, false}, {{kOpen, 5}, {5, kOpen}}, {"<5", ">=5"}},
   };
@@ -33,8 +36,12 @@ TEST(HistogramSeries, EdgesFollowTheCategoryFlags) {
     for (std::size_t i = 0; i < edges.size(); ++i) {
       EXPECT_EQ(edges[i].lower.has_value(), c.edges[i].lower.has_value()) << i;
       EXPECT_EQ(edges[i].upper.has_value(), c.edges[i].upper.has_value()) << i;
-      if (edges[i].lower && c.edges[i].lower) { EXPECT_DOUBLE_EQ(*edges[i].lower, *c.edges[i].lower); }
-      if (edges[i].upper && c.edges[i].upper) { EXPECT_DOUBLE_EQ(*edges[i].upper, *c.edges[i].upper); }
+      if (edges[i].lower && c.edges[i].lower) {
+        EXPECT_DOUBLE_EQ(*edges[i].lower, *c.edges[i].lower);
+      }
+      if (edges[i].upper && c.edges[i].upper) {
+        EXPECT_DOUBLE_EQ(*edges[i].upper, *c.edges[i].upper);
+      }
     }
     EXPECT_EQ(rangeLabels(edges), c.labels);
   }

@@ -83,8 +83,8 @@ struct Outcome {
 };
 
 std::string chartSummary(const InMemoryWorksheet& sheet, const ChartModel& chart) {
-  std::string out = sheet.Name() + " " + chart.name + " at " + numberToText(chart.left) + "," +
-                    numberToText(chart.top) + ":";
+  std::string out =
+      sheet.Name() + " " + chart.name + " at " + numberToText(chart.left) + "," + numberToText(chart.top) + ":";
   for (const SeriesModel& s : chart.series) {
     out += " [" + s.name;
     for (const std::optional<double>& v : s.values.cells ? s.values.cached : s.values.literal) {

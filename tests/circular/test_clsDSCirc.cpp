@@ -22,9 +22,18 @@ TEST_F(CircularTest, NothingSelectedWritesTheEightDefaultsAndThePlotDataOnANewLa
   circ.Results();
   ASSERT_EQ(book.WorksheetsCount(), 2);
   Worksheet& out = lastSheet();
-  EXPECT_EQ(down(out, 1, 1, 12),
-            (Cells{"Descriptive Statistics for:", "Input Range = Data!$A$1:$A$6,$C$1:$C$6", {}, {}, "Mean Angle",
-                   "Mean Vector", "Ang. S.D.", "Ang. Var.", "Circ. S.D.", "Circ. Var.", "95%CL (±)", "Count"}));
+  EXPECT_EQ(down(out, 1, 1, 12), (Cells{"Descriptive Statistics for:",
+                                        "Input Range = Data!$A$1:$A$6,$C$1:$C$6",
+                                        {},
+                                        {},
+                                        "Mean Angle",
+                                        "Mean Vector",
+                                        "Ang. S.D.",
+                                        "Ang. Var.",
+                                        "Circ. S.D.",
+                                        "Circ. Var.",
+                                        "95%CL (±)",
+                                        "Count"}));
   for (std::int32_t col : {2, 3}) {
     clsDSCircBO bo = engineOf(col == 2 ? north : east);  // the shorter column ends at its first empty cell
     EXPECT_EQ(down(out, col, 4, 12), (Cells{col == 2 ? "North" : "East", bo.Mean(), bo.MeanVector(), bo.AngularSD(),
@@ -86,7 +95,11 @@ TEST_F(CircularTest, FailuresWriteNothingAndNameTheirSource) {
       {{"Bearing", 10.0, -0.1}, -2147216480, source("clsDSCirc.Results"), "", ""},
       {{400.0, 10.0, 20.0}, -2147216480, source("clsDSCirc.Results"), "", ""},  // a numeric title is tested too
       {{"Bearing", 10.0, "NE"}, err::kInputColumnNotNumeric, source("RangeChecks.CheckInputColumn.Results"), "", ""},
-      {{"Bearing", 0.0, 180.0}, err::kDivisionByZero, source("clsDSCircBO.Mean.GetResults.Results"), "Bearing", "Data!$B$2:$B$3"},
+      {{"Bearing", 0.0, 180.0},
+       err::kDivisionByZero,
+       source("clsDSCircBO.Mean.GetResults.Results"),
+       "Bearing",
+       "Data!$B$2:$B$3"},
       // One data cell, in both columns of A1:B2: no array, and the first column is the one named.
       {{"Bearing", 10.0}, err::kTypeMismatch, source("clsDSCircBO.Mean.GetResults.Results"), "Good", "Data!$A$2"},
   };

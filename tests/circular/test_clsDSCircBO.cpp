@@ -12,8 +12,8 @@ namespace {
 constexpr double kDegrees = 180.0 / std::numbers::pi;
 
 TEST_F(CircularTest, MeanAngleOnTheAxesAndAcrossZero) {
-  const std::pair<std::vector<double>, double> rows[] = {
-      {{0, 0}, 0}, {{90, 90, 90}, 90}, {{180, 180}, 180}, {{270, 270}, 270}, {{350, 10}, 0}, {{181, 183}, 358}};
+  const std::pair<std::vector<double>, double> rows[] = {{{0, 0}, 0},       {{90, 90, 90}, 90}, {{180, 180}, 180},
+                                                         {{270, 270}, 270}, {{350, 10}, 0},     {{181, 183}, 358}};
   for (const auto& [degrees, mean] : rows) {
     SCOPED_TRACE(::testing::PrintToString(degrees));
     const double got = engineOf(degrees).Mean();
@@ -71,7 +71,7 @@ TEST_F(CircularTest, FailuresLeaveWithTheNumberAndTheReadingProcedure) {
     std::int32_t number;
   } rows[] = {
       {{0.0, 180.0, 180.0, 360.0}, &clsDSCircBO::MeanVector, "MeanVector", err::kOverflow},  // 0/0
-      {{CellValue(), 10.0}, &clsDSCircBO::Count, "Count", err::kOverflow},                  // no observations
+      {{CellValue(), 10.0}, &clsDSCircBO::Count, "Count", err::kOverflow},                   // no observations
       {{10.0, "north"}, &clsDSCircBO::RayleighP, "RayleighP", err::kTypeMismatch},
       {Cells(32768, 9.0), &clsDSCircBO::Count, "Count", err::kOverflow},  // 16-bit counter
   };

@@ -3,8 +3,8 @@
 // run printed: lines of the table, and the --json block against the workbook.
 
 #include <gtest/gtest.h>
-#include <nlohmann/json.hpp>
 #include <sys/wait.h>
+#include <nlohmann/json.hpp>
 
 #include <cstdlib>
 #include <filesystem>
@@ -98,8 +98,8 @@ inline std::vector<std::string> words(const std::string& line) {
 
 // `block` starts at (top, left) of `sheet`: numbers must match at full precision, texts exactly,
 // nulls must be empty cells.
-inline void expectSheetHolds(const nlohmann::json& block, const Worksheet& sheet,
-                             std::int32_t top = 1, std::int32_t left = 1) {
+inline void expectSheetHolds(const nlohmann::json& block, const Worksheet& sheet, std::int32_t top = 1,
+                             std::int32_t left = 1) {
   for (std::size_t r = 0; r < block.size(); ++r) {
     for (std::size_t c = 0; c < block[r].size(); ++c) {
       SCOPED_TRACE(testing::Message() << "row " << r + 1 << " column " << c + 1);

@@ -39,8 +39,8 @@ TEST_F(CliTest, CircularJsonBlockAndPlotDataAreWhatTheWorkbookHolds) {
   const auto file = workbook("angles.xlsx", {{"NE", cells(kNorthEast)}, {"S", cells(kSouth)}});
   const auto out = dir / "out.xlsx";
   // Whole columns stop at the last used row, so this is A1:B5.
-  const RunResult r = run({"circular", file.string(), "-i", "Data!A:B", "--headers", "--plot",
-                           "--json", "-o", out.string()});
+  const RunResult r =
+      run({"circular", file.string(), "-i", "Data!A:B", "--headers", "--plot", "--json", "-o", out.string()});
   ASSERT_EQ(r.exitCode, 0) << r.err;
   const nlohmann::json doc = nlohmann::json::parse(r.out);
   EXPECT_EQ(doc["analysis"], "circular");

@@ -29,8 +29,8 @@ TEST_F(CliTest, PrintsTheDefaultTableAndWritesNothing) {
 TEST_F(CliTest, JsonBlockIsWhatTheWorkbookHolds) {
   const auto file = workbook("two.xlsx", kTwoColumns);
   const auto out = dir / "out.xlsx";
-  const RunResult r = run({"describe", file.string(), "-i", "Data!A1:B9", "--headers", "--all",
-                           "--largest", "2", "--json", "-o", out.string()});
+  const RunResult r = run({"describe", file.string(), "-i", "Data!A1:B9", "--headers", "--all", "--largest", "2",
+                           "--json", "-o", out.string()});
   ASSERT_EQ(r.exitCode, 0) << r.err;
   const nlohmann::json doc = nlohmann::json::parse(r.out);
   EXPECT_EQ(doc["analysis"], "describe");
@@ -68,8 +68,8 @@ TEST_F(CliTest, OnTheDataSheetTheFileGetsTheChartDataBelowTheTableAndTheWiderCol
 
 TEST_F(CliTest, InPlaceOutputReplacesAnEarlierTableOnlyWhenTold) {
   const auto file = workbook("two.xlsx", kTwoColumns);
-  const std::vector<std::string> args = {"describe", file.string(), "-i", "Data!B1:B9", "--headers", "--sum",
-                                         "--output", "Data!E2", "--in-place"};
+  const std::vector<std::string> args = {"describe", file.string(), "-i",      "Data!B1:B9", "--headers",
+                                         "--sum",    "--output",    "Data!E2", "--in-place"};
   ASSERT_EQ(run(args).exitCode, 0);
   EXPECT_EQ(run(args).exitCode, 1);
   std::vector<std::string> overwrite = args;

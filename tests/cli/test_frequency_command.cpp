@@ -17,8 +17,8 @@ const std::vector<std::pair<std::string, std::vector<CellValue>>> kSurvey = {
 TEST_F(CliTest, FrequencyBinnedJsonBlockIsWhatTheWorkbookHolds) {
   const auto file = workbook("survey.xlsx", kSurvey);
   const auto out = dir / "out.xlsx";
-  const RunResult r = run({"frequency", file.string(), "-i", "Data!A1:A11", "--headers", "--bins",
-                           "Data!C:C", "--json", "-o", out.string()});
+  const RunResult r = run({"frequency", file.string(), "-i", "Data!A1:A11", "--headers", "--bins", "Data!C:C", "--json",
+                           "-o", out.string()});
   ASSERT_EQ(r.exitCode, 0) << r.err;
   const nlohmann::json doc = nlohmann::json::parse(r.out);
   EXPECT_EQ(doc["analysis"], "frequency");
@@ -42,12 +42,9 @@ TEST_F(CliTest, FrequencyPrintsTheOpenCategoriesWithTheirMarks) {
   std::istringstream in(table);
   for (std::string line; std::getline(in, line);) rows.push_back(words(line));
   const std::vector<std::vector<std::string>> expected = {
-      {"Frequency", "Distribution", "(Bin)"},
-      {"Time", "N", "Cum.", "N", "%", "Cum.", "%"},
-      {"<200", "1", "1", "10.00", "10.00"},
-      {"200", "2", "3", "20.00", "30.00"},
-      {"250", "3", "6", "30.00", "60.00"},
-      {"300", "2", "8", "20.00", "80.00"},
+      {"Frequency", "Distribution", "(Bin)"},  {"Time", "N", "Cum.", "N", "%", "Cum.", "%"},
+      {"<200", "1", "1", "10.00", "10.00"},    {"200", "2", "3", "20.00", "30.00"},
+      {"250", "3", "6", "30.00", "60.00"},     {"300", "2", "8", "20.00", "80.00"},
       {">=350", "2", "10", "20.00", "100.00"},
   };
   EXPECT_EQ(rows, expected) << table;

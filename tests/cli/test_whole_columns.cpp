@@ -25,8 +25,9 @@ TEST_F(CliTest, WholeColumnsDescribeTheUsedRowsUpToTheComponentsLimit) {
       continue;
     }
     EXPECT_EQ(r.exitCode, 1) << r.err;
-    EXPECT_EQ(r.err, "orvella: \"A\" (Data!$A$2:$A$32769) has 32768 observations; the analysis takes at most 32767. "
-                     "[error 6, Line 0 in ORVDescriptives.clsDS.Results]\n");
+    EXPECT_EQ(r.err,
+              "orvella: \"A\" (Data!$A$2:$A$32769) has 32768 observations; the analysis takes at most 32767. "
+              "[error 6, Line 0 in ORVDescriptives.clsDS.Results]\n");
     EXPECT_TRUE(r.out.empty()) << r.out;
     EXPECT_EQ(readFile(file), before);
   }

@@ -12,9 +12,12 @@ TEST_F(ModeTest, ModalValuesAscendingOrDash) {
     std::vector<CellValue> data;
     const char* mode;
   } cases[] = {
-      {{3.0, 3.0, 1.0, 2.0, 1.0}, "1, 3"},   {{1.0, 2.0, 3.0}, "-"},
-      {{7.0}, "-"},                          {{2.0, kBlank, 2.0, kBlank}, "2"},
-      {{0.1, -2.5, 0.1, -2.5, 0.1}, "0.1"}, {{1e20, 1e20, -0.0, 0.0}, "0, 1E+20"},
+      {{3.0, 3.0, 1.0, 2.0, 1.0}, "1, 3"},
+      {{1.0, 2.0, 3.0}, "-"},
+      {{7.0}, "-"},
+      {{2.0, kBlank, 2.0, kBlank}, "2"},
+      {{0.1, -2.5, 0.1, -2.5, 0.1}, "0.1"},
+      {{1e20, 1e20, -0.0, 0.0}, "0, 1E+20"},
       {{kBlank, kBlank}, "-"},
   };
   for (const auto& c : cases) {
@@ -44,9 +47,11 @@ TEST_F(ModeTest, TallyOfAnyArrayUsesCellValueEquality) {
        {3.0, 1.0, 3.0, "a", true, -1.0, "a", kBlank, 0.0},
        table({{1.0, 1}, {0.0, 1}, {3.0, 2}, {"a", 2}, {true, 2}})},
       {"an empty first row collects 0, False and the empty text",
-       {kBlank, 0.0, "", 5.0, false, kBlank}, table({{5.0, 1}, {kBlank, 4}})},
+       {kBlank, 0.0, "", 5.0, false, kBlank},
+       table({{5.0, 1}, {kBlank, 4}})},
       {"texts compare byte for byte, never with numbers",
-       {"A", "a", "1", 1.0, "a"}, table({{"A", 1}, {"1", 1}, {1.0, 1}, {"a", 2}})},
+       {"A", "a", "1", 1.0, "a"},
+       table({{"A", 1}, {"1", 1}, {1.0, 1}, {"a", 2}})},
       {"a lone error value is never compared", {ErrorValue::NA, kBlank}, table({{ErrorValue::NA, 1}})},
   };
   clsDSBO e;

@@ -21,8 +21,14 @@ TEST_F(DriverTest, NothingSelectedWritesTheDefaultFourRowsOnANewLastSheet) {
   Worksheet& out = lastSheet();
   EXPECT_EQ(out.Name(), "Sheet1");
   EXPECT_EQ(&app.ActiveSheet(), &out);
-  EXPECT_EQ(down(out, 1, 1, 8), (Cells{"Descriptive Statistics for:", "Input Range = Data!$AA$1:$AB$8", {}, {},
-                                       "Mean", "Std Error", "Std Dev.", "Count"}));
+  EXPECT_EQ(down(out, 1, 1, 8), (Cells{"Descriptive Statistics for:",
+                                       "Input Range = Data!$AA$1:$AB$8",
+                                       {},
+                                       {},
+                                       "Mean",
+                                       "Std Error",
+                                       "Std Dev.",
+                                       "Count"}));
   EXPECT_EQ(lines(out, CellBlock{4, 2, 5, 3}), (Lines{"Column AA|Column AB", "5|4.5"}));
   const double sd = std::sqrt(32.0 / 7.0);
   EXPECT_DOUBLE_EQ(number(out, 6, 2), sd / std::sqrt(8.0));
@@ -42,11 +48,10 @@ TEST_F(DriverTest, EverythingSelectedWithHeadersOverTwoAreas) {
   column(4, 2, {8, 7, 6, 5, 4, 3, 2, 1});
 
   clsDS ds;
-  for (auto set : {&clsDS::GetMean, &clsDS::GetMedian, &clsDS::GetMode, &clsDS::GetSE,
-                   &clsDS::GetSD, &clsDS::GetVariance, &clsDS::GetCV, &clsDS::GetCL,
-                   &clsDS::GetSum, &clsDS::GetSkewness, &clsDS::GetKurtosis, &clsDS::GetMin,
-                   &clsDS::GetMax, &clsDS::GetCount, &clsDS::GetLargest, &clsDS::GetSmallest,
-                   &clsDS::GetRange, &clsDS::GetPercentile, &clsDS::Headers}) {
+  for (auto set : {&clsDS::GetMean, &clsDS::GetMedian, &clsDS::GetMode, &clsDS::GetSE, &clsDS::GetSD,
+                   &clsDS::GetVariance, &clsDS::GetCV, &clsDS::GetCL, &clsDS::GetSum, &clsDS::GetSkewness,
+                   &clsDS::GetKurtosis, &clsDS::GetMin, &clsDS::GetMax, &clsDS::GetCount, &clsDS::GetLargest,
+                   &clsDS::GetSmallest, &clsDS::GetRange, &clsDS::GetPercentile, &clsDS::Headers}) {
     (ds.*set)(true);
   }
   ds.Smallest(3);
@@ -60,14 +65,14 @@ TEST_F(DriverTest, EverythingSelectedWithHeadersOverTwoAreas) {
   EXPECT_EQ((Cells{data.cellValue(5, 7), data.cellValue(5, 8), data.cellValue(5, 9)}),
             (Cells{"Height", "Weight", 2.5}));  // assigned: a numeric text becomes a number
   EXPECT_EQ(down(data, 6, 6, 27),
-            (Cells{"Mean", "Median", "Mode", "Std Error", "Std Dev.", "Variance", "Coeff. Var.",
-                   "Lower 95%CL", "Upper 95%CL", "25th Percentile", "75th Percentile", "Sum",
-                   "Minimum", "Maximum", "3rd Smallest", "2nd Largest", "Range", "Count",
-                   "Skewness", "P(Skewness)", "Kurtosis", "P(Kurtosis)"}));
+            (Cells{"Mean",        "Median",      "Mode",         "Std Error",       "Std Dev.",        "Variance",
+                   "Coeff. Var.", "Lower 95%CL", "Upper 95%CL",  "25th Percentile", "75th Percentile", "Sum",
+                   "Minimum",     "Maximum",     "3rd Smallest", "2nd Largest",     "Range",           "Count",
+                   "Skewness",    "P(Skewness)", "Kurtosis",     "P(Kurtosis)"}));
 
   // Column G, the first area, against direct definitions.
   const double sd = std::sqrt(32.0 / 7.0);
-  const double t = 2.36462425159278;  // two-tailed 95 % t with 7 degrees of freedom
+  const double t = 2.36462425159278;                        // two-tailed 95 % t with 7 degrees of freedom
   EXPECT_DOUBLE_EQ(number(data, 7, 7), 4.5);                // median
   EXPECT_EQ(data.cellValue(8, 7), CellValue(4.0));          // mode "4", assigned
   EXPECT_DOUBLE_EQ(number(data, 12, 7), sd / 5.0 * 100.0);  // CV
@@ -89,7 +94,8 @@ TEST_F(DriverTest, PercentileLabelsCarryTheSmallerOrdinalFirst) {
   const struct {
     std::uint8_t percentile;
     const char *lower, *upper;
-  } cases[] = {{90, "10th Percentile", "90th Percentile"}, {50, "50th Percentile", "50th Percentile"},
+  } cases[] = {{90, "10th Percentile", "90th Percentile"},
+               {50, "50th Percentile", "50th Percentile"},
                {5, "5th Percentile", "95th Percentile"}};
   for (const auto& c : cases) {
     SCOPED_TRACE(c.percentile);
@@ -110,11 +116,10 @@ TEST_F(DriverTest, BoxPlotForcesItsRowsAndRecordsThem) {
   ds.Percentile(0);
   ds.InputRange("Data!B1:B8");
   ds.Results();
-  EXPECT_EQ(down(lastSheet(), 1, 5, 9),
-            (Cells{"Median", "25th Percentile", "75th Percentile", "Minimum", "Maximum"}));
+  EXPECT_EQ(down(lastSheet(), 1, 5, 9), (Cells{"Median", "25th Percentile", "75th Percentile", "Minimum", "Maximum"}));
   const PlotRows& r = ds.plotRows();
-  EXPECT_EQ((std::vector<std::int32_t>{r.columns, r.header, r.median, r.lowerPercentile, r.upperPercentile,
-                                       r.minimum, r.maximum}),
+  EXPECT_EQ((std::vector<std::int32_t>{r.columns, r.header, r.median, r.lowerPercentile, r.upperPercentile, r.minimum,
+                                       r.maximum}),
             (std::vector<std::int32_t>{1, 4, 5, 6, 7, 8, 9}));
 }
 

@@ -17,7 +17,10 @@ using test::raisedNumber;
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
 TEST(CheckedInteger, LastValueInRangePassesAndTheNextOverflows) {
-  const struct { const char* what; std::int64_t (*call)(); } overflows[] = {
+  const struct {
+    const char* what;
+    std::int64_t (*call)();
+  } overflows[] = {
       {"Int16 32767 + 1", [] { return std::int64_t{Int16(32767) + Int16(1)}; }},
       {"Int16 -32768 - 1", [] { return std::int64_t{Int16(-32768) - Int16(1)}; }},
       {"Int16 200 * 200", [] { return std::int64_t{Int16(200) * Int16(200)}; }},
@@ -35,23 +38,39 @@ TEST(CheckedInteger, LastValueInRangePassesAndTheNextOverflows) {
     EXPECT_EQ(raisedNumber(row.call), err::kOverflow);
   }
   EXPECT_EQ((Int16(-32767) - Int16(1)).value(), -32768);
-  const struct { double x; std::int64_t expected, got; } conversions[] = {  // half to even, at the edges
-      {2.5, 2, toInt16(2.5)}, {-2.5, -2, toInt16(-2.5)}, {32767.4, 32767, toInt16(32767.4)},
-      {-32768.5, -32768, toInt16(-32768.5)}, {2147483646.5, 2147483646, toInt32(2147483646.5)},
-      {-0.5, 0, toByte(-0.5)}, {254.5, 254, toByte(254.5)}};
+  const struct {
+    double x;
+    std::int64_t expected, got;
+  } conversions[] = {// half to even, at the edges
+                     {2.5, 2, toInt16(2.5)},
+                     {-2.5, -2, toInt16(-2.5)},
+                     {32767.4, 32767, toInt16(32767.4)},
+                     {-32768.5, -32768, toInt16(-32768.5)},
+                     {2147483646.5, 2147483646, toInt32(2147483646.5)},
+                     {-0.5, 0, toByte(-0.5)},
+                     {254.5, 254, toByte(254.5)}};
   for (const auto& row : conversions) EXPECT_EQ(row.got, row.expected) << row.x;
 }
 
 TEST(RoundHalfEven, TiesGoToTheEvenNeighbour) {
-  const struct { double x, expected; } rows[] = {
-      {0.5, 0.0}, {1.5, 2.0}, {2.5, 2.0}, {-2.5, -2.0}, {-2.6, -3.0},
-      {0.49999999999999994, 0.0},  // adding 0.5 and flooring would give 1
-      {4503599627370497.0, 4503599627370497.0}};
+  const struct {
+    double x, expected;
+  } rows[] = {{0.5, 0.0},
+              {1.5, 2.0},
+              {2.5, 2.0},
+              {-2.5, -2.0},
+              {-2.6, -3.0},
+              {0.49999999999999994, 0.0},  // adding 0.5 and flooring would give 1
+              {4503599627370497.0, 4503599627370497.0}};
   for (const auto& row : rows) EXPECT_EQ(roundHalfEven(row.x), row.expected) << row.x;
 }
 
 TEST(Arithmetic, FaultsBecomeTheirErrors) {
-  const struct { const char* what; double (*call)(); std::int32_t error; } rows[] = {
+  const struct {
+    const char* what;
+    double (*call)();
+    std::int32_t error;
+  } rows[] = {
       {"1/0", [] { return divide(1.0, 0.0); }, err::kDivisionByZero},
       {"0/0", [] { return divide(0.0, 0.0); }, err::kOverflow},
       {"huge product", [] { return multiply(1e200, 1e200); }, err::kOverflow},
@@ -74,9 +93,11 @@ TEST(Arithmetic, FaultsBecomeTheirErrors) {
 }
 
 TEST(Fixed4, RoundsHalfEvenToFourDecimalsAndRaisesOutsideItsRange) {
-  const struct { double x; std::int64_t units; } rows[] = {
-      {0.00005, 0}, {0.00015, 2}, {0.00025, 2}, {-0.00015, -2}, {1.23456, 12346},
-      {922337203685477.5, 9223372036854775000}};
+  const struct {
+    double x;
+    std::int64_t units;
+  } rows[] = {{0.00005, 0},   {0.00015, 2},     {0.00025, 2},
+              {-0.00015, -2}, {1.23456, 12346}, {922337203685477.5, 9223372036854775000}};
   for (const auto& row : rows) EXPECT_EQ(Fixed4::fromDouble(row.x).units(), row.units) << row.x;
   const auto f = Fixed4::fromDouble;
   EXPECT_EQ((f(0.0003) * f(0.5)).units(), 2);  // 0.00015 rounds to even
@@ -85,7 +106,11 @@ TEST(Fixed4, RoundsHalfEvenToFourDecimalsAndRaisesOutsideItsRange) {
   for (int i = 0; i < 10; ++i) total = total + f(0.1);
   EXPECT_EQ(total, f(1.0));  // where ten double 0.1s miss 1
   constexpr std::int64_t kMax = std::numeric_limits<std::int64_t>::max();
-  const struct { const char* what; Fixed4 (*call)(); std::int32_t error; } faults[] = {
+  const struct {
+    const char* what;
+    Fixed4 (*call)();
+    std::int32_t error;
+  } faults[] = {
       {"fromDouble(922337203685477.6)", [] { return Fixed4::fromDouble(922337203685477.6); }, err::kOverflow},
       {"fromDouble(NaN)", [] { return Fixed4::fromDouble(kNaN); }, err::kOverflow},
       {"max + unit", [] { return Fixed4::fromUnits(kMax) + Fixed4::fromUnits(1); }, err::kOverflow},

@@ -50,7 +50,10 @@ TEST(Procedure, AppendRuleExtendsASourceThatHoldsALine) {
 }
 
 TEST(Errors, StandardDescriptions) {
-  const struct { std::int32_t number; const char* text; } rows[] = {
+  const struct {
+    std::int32_t number;
+    const char* text;
+  } rows[] = {
       {5, "Invalid procedure call or argument"}, {6, "Overflow"}, {9, "Subscript out of range"}, {13, "Type mismatch"}};
   for (const auto& row : rows) EXPECT_EQ(err::standardDescription(row.number), row.text) << row.number;
 }

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <math.h>
 #include <bit>
 #include <cmath>
-#include <math.h>
 #include <cstdint>
 #include <random>
 #include <vector>
@@ -50,8 +50,9 @@ TEST(SmallPower, AgreesWithPowOnDataLikeValues) {
     expectSameAsPow(d / 100.0);
     expectSameAsPow(d / 1000.0);
   }
-  for (const double x : std::vector<double>{0.0, -0.0, 1.0, 0.5, 134217729.0, 94906267.0, 0x1p-300, 0x1.fffffffffffffp+255,
-                   0x1p-1074, 1e-200, 1e200, 1e300, std::nan(""), HUGE_VAL, -HUGE_VAL}) {
+  for (const double x :
+       std::vector<double>{0.0, -0.0, 1.0, 0.5, 134217729.0, 94906267.0, 0x1p-300, 0x1.fffffffffffffp+255, 0x1p-1074,
+                           1e-200, 1e200, 1e300, std::nan(""), HUGE_VAL, -HUGE_VAL}) {
     for (int n : {2, 3, 4}) {
       const double want = platformPow(x, n);
       const double got = smallPower(x, n);

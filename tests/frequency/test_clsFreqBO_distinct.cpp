@@ -24,8 +24,12 @@ TEST(FreqBODistinct, NumericalValuesAscendAsTextsAndNominalItemsKeepTheirFirstOr
       {"weights", kNumerical, {5, 7, 5}, {2, 1, 2.5}, {"5", "7"}, {4, 1}},
       {"blanks in the middle count nowhere", kNominal, {"x", kBlank, "y", kBlank, "x"}, {}, {"x", "y"}, {2, 1}},
       {"a blank first cell collects every blank", kNominal, {kBlank, "a", kBlank, "a"}, {}, {"", "a"}, {2, 2}},
-      {"exact and case-sensitive; weighted", kNominal, {"Red", "red", "Red ", "red"}, {1, 1, 1, 3},
-       {"Red", "red", "Red "}, {1, 4, 1}},
+      {"exact and case-sensitive; weighted",
+       kNominal,
+       {"Red", "red", "Red ", "red"},
+       {1, 1, 1, 3},
+       {"Red", "red", "Red "},
+       {1, 4, 1}},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.what);

@@ -13,10 +13,12 @@ TEST(FreqBOPropose, BinsFromTheRangeAndTheGap) {
     Cells data;
     Texts bins;
   } cases[] = {
-      {"range 10 normalises to 100 at scale 10: width 1", {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10},
+      {"range 10 normalises to 100 at scale 10: width 1",
+       {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10},
        {"0", "1", "2", "3", "4", "5", "6", "7", "8", "9"}},
       {"x = 35: step 5, start 10, up to 50 >= 47", {12, 15, 47}, {"10", "15", "20", "25", "30", "35", "40", "45"}},
-      {"range 250 normalises to 25 at scale 0.1: step 3", {0, 1, 250},
+      {"range 250 normalises to 25 at scale 0.1: step 3",
+       {0, 1, 250},
        {"0", "30", "60", "90", "120", "150", "180", "210", "240"}},
       {"x >= 60 takes step 10", {0, 1, 65}, {"0", "10", "20", "30", "40", "50", "60"}},
       {"x >= 50 takes step 7.5", {0, 1, 55}, {"0", "7.5", "15", "22.5", "30", "37.5", "45", "52.5"}},

@@ -52,8 +52,10 @@ TEST_F(DriverTest, TheBinListMustBeNumbersRisingInFourDecimalSteps) {
     Cells bins;
     bool accepted;
   } cases[] = {
-      {"an empty cell among them", {0, CellValue(), 10}, false}, {"a text", {0, "ten"}, false},
-      {"equal to four decimals", {0.00001, 0.00002}, false},     {"a step of 0.0001", {0, 0.0001}, true},
+      {"an empty cell among them", {0, CellValue(), 10}, false},
+      {"a text", {0, "ten"}, false},
+      {"equal to four decimals", {0.00001, 0.00002}, false},
+      {"a step of 0.0001", {0, 0.0001}, true},
       {"texts that read as numbers", {" 0", "10 "}, true},
       {"empty cells at the end", {0, 10, CellValue(), CellValue()}, true},
   };

@@ -21,9 +21,9 @@ TEST_F(DriverTest, RawRunOnANewLastSheet) {
   ASSERT_EQ(book.WorksheetsCount(), 2);
   Worksheet& out = lastSheet();
   EXPECT_EQ(&app.ActiveSheet(), &out);
-  EXPECT_EQ(sheetLines(out), (Lines{"Frequency Distributions for:", "Data Range = Data!$A$1:$A$5", "",
-                                    "Frequency Distribution", "Column A|N|Cum. N|%|Cum. %", "1|1|1|20|20",
-                                    "2|1|2|20|40", "3|3|5|60|100"}));
+  EXPECT_EQ(sheetLines(out),
+            (Lines{"Frequency Distributions for:", "Data Range = Data!$A$1:$A$5", "", "Frequency Distribution",
+                   "Column A|N|Cum. N|%|Cum. %", "1|1|1|20|20", "2|1|2|20|40", "3|3|5|60|100"}));
   // Headings bold; categories General and landed as numbers, counts "0", percentages "0.00".
   for (std::int32_t row : {1, 4, 5}) EXPECT_TRUE(out.cellFormat(row, 1).bold) << row;
   EXPECT_FALSE(out.cellFormat(2, 1).bold);
@@ -47,12 +47,12 @@ TEST_F(DriverTest, BinnedRunMarksTheOpenCategoriesThroughTheirFormats) {
   f.Results();
 
   EXPECT_EQ(book.WorksheetsCount(), 1);
-  EXPECT_EQ(lines(data, CellBlock{1, 5, 11, 9}),
-            (Lines{"Frequency Distributions for:", "Data Range = Data!$A$1:$A$7", "Bin Range = Data!$C$1:$C$3",
-                   "", "Frequency Distribution (Bin)", "Column A|N|Cum. N|%|Cum. %",
-                   "0|1|1|14.2857142857143|14.2857142857143", "0|2|3|28.5714285714286|42.8571428571429",
-                   "10|1|4|14.2857142857143|57.1428571428571", "20|1|5|14.2857142857143|71.4285714285714",
-                   "30|2|7|28.5714285714286|100"}));
+  EXPECT_EQ(
+      lines(data, CellBlock{1, 5, 11, 9}),
+      (Lines{"Frequency Distributions for:", "Data Range = Data!$A$1:$A$7", "Bin Range = Data!$C$1:$C$3", "",
+             "Frequency Distribution (Bin)", "Column A|N|Cum. N|%|Cum. %", "0|1|1|14.2857142857143|14.2857142857143",
+             "0|2|3|28.5714285714286|42.8571428571429", "10|1|4|14.2857142857143|57.1428571428571",
+             "20|1|5|14.2857142857143|71.4285714285714", "30|2|7|28.5714285714286|100"}));
   EXPECT_EQ(data.cellFormat(7, 5).numberFormat, "<General");
   EXPECT_EQ(data.cellFormat(8, 5).numberFormat, "General");
   EXPECT_EQ(data.cellFormat(11, 5).numberFormat, ">=General");
@@ -79,8 +79,8 @@ TEST_F(DriverTest, VariablesAlongRowsWithHeadersInRawAndBinnedTables) {
   f.Results();
 
   EXPECT_EQ(sheetLines(lastSheet()),
-            (Lines{"Frequency Distributions for:", "Data Range = Data!$B$2:$F$3", "Bin Range = Data!$B$5:$D$5",
-                   "", "Frequency Distribution", "Height|N|Cum. N|%|Cum. %|Width|N|Cum. N|%|Cum. %",
+            (Lines{"Frequency Distributions for:", "Data Range = Data!$B$2:$F$3", "Bin Range = Data!$B$5:$D$5", "",
+                   "Frequency Distribution", "Height|N|Cum. N|%|Cum. %|Width|N|Cum. N|%|Cum. %",
                    "1|1|1|25|25|5|1|1|25|25", "2|2|3|50|75|15|3|4|75|100", "12|1|4|25|100", "",
                    "Frequency Distribution (Bin)", "Height|N|Cum. N|%|Cum. %|Width|N|Cum. N|%|Cum. %",
                    "0|3|3|75|75|0|1|1|25|25", "10|1|4|25|100|10|3|4|75|100"}));
@@ -100,10 +100,9 @@ TEST_F(DriverTest, FrequenciesWeighTheBinsOrOnlyTheFirstDataVariable) {
   counted.OutputRange("A10");
   counted.Results();
   EXPECT_EQ(lines(data, CellBlock{10, 1, 18, 10}),
-            (Lines{"Frequency Distributions for:", "Frequency Range = Data!$D$1:$E$3",
-                   "Bin Range = Data!$C$1:$C$3", "", "Frequency Distribution (Bin)",
-                   "Column D|N|Cum. N|%|Cum. %|Column E|N|Cum. N|%|Cum. %", "0|4|4|40|40|0|1|1|25|25",
-                   "10|0|4|0|40|10|2|3|50|75", "20|6|10|60|100|20|1|4|25|100"}));
+            (Lines{"Frequency Distributions for:", "Frequency Range = Data!$D$1:$E$3", "Bin Range = Data!$C$1:$C$3", "",
+                   "Frequency Distribution (Bin)", "Column D|N|Cum. N|%|Cum. %|Column E|N|Cum. N|%|Cum. %",
+                   "0|4|4|40|40|0|1|1|25|25", "10|0|4|0|40|10|2|3|50|75", "20|6|10|60|100|20|1|4|25|100"}));
 
   column(7, 1, {5, 7, 5});
   column(8, 1, {2, 2, 4});
@@ -112,10 +111,9 @@ TEST_F(DriverTest, FrequenciesWeighTheBinsOrOnlyTheFirstDataVariable) {
   f.InputRange("G1:G3,I1:I3");
   f.FrequencyRange("H1:H3");
   f.Results();
-  EXPECT_EQ(sheetLines(lastSheet()),
-            (Lines{"Frequency Distributions for:", "Data Range = Data!$G$1:$G$3,$I$1:$I$3",
-                   "Frequency Range = Data!$H$1:$H$3", "", "Frequency Distribution",
-                   "Column G|N|Cum. N|%|Cum. %", "5|6|6|75|75", "7|2|8|25|100"}));
+  EXPECT_EQ(sheetLines(lastSheet()), (Lines{"Frequency Distributions for:", "Data Range = Data!$G$1:$G$3,$I$1:$I$3",
+                                            "Frequency Range = Data!$H$1:$H$3", "", "Frequency Distribution",
+                                            "Column G|N|Cum. N|%|Cum. %", "5|6|6|75|75", "7|2|8|25|100"}));
 }
 
 TEST_F(DriverTest, AHistogramGetsProposedBinsAndItsOptions) {

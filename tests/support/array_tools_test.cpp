@@ -20,9 +20,14 @@ namespace {
 using namespace test;  // Table, Column, kEmpty, ExpectError
 
 TEST(SortRows, OrdersKindsThenValuesAndRowsTravelWithTheirKey) {
-  const struct { const char* name; ValueArray2D input, expected; std::int32_t key; } rows[] = {
+  const struct {
+    const char* name;
+    ValueArray2D input, expected;
+    std::int32_t key;
+  } rows[] = {
       {"texts byte-wise", Column({"b", "a", "B", "\xC3\xA9", ""}), Column({"", "B", "a", "b", "\xC3\xA9"}), 1},
-      {"every kind, texts not as numbers", Column({ErrorValue::NA, true, kEmpty, "9", false, 5, ErrorValue::Div0, "10", -5}),
+      {"every kind, texts not as numbers",
+       Column({ErrorValue::NA, true, kEmpty, "9", false, 5, ErrorValue::Div0, "10", -5}),
        Column({-5, 5, "10", "9", false, true, ErrorValue::Div0, ErrorValue::NA, kEmpty}), 1},
       {"tally by count, stable", Table({{5, 2}, {1, 3}, {7, 2}, {2, 1}, {9, 3}, {4, kEmpty}, {3, 1}}),
        Table({{2, 1}, {3, 1}, {5, 2}, {7, 2}, {1, 3}, {9, 3}, {4, kEmpty}}), 2},
@@ -57,9 +62,14 @@ TEST(DoubleSort, MatchesTheStableComparisonSortBitForBit) {
   std::mt19937_64 random(42);
   std::normal_distribution<double> spread(0, 1e3);
   std::uniform_int_distribution<int> few(-5, 5);
-  const double extremes[] = {std::numeric_limits<double>::infinity(), -std::numeric_limits<double>::infinity(),
-                             std::numeric_limits<double>::denorm_min(), -std::numeric_limits<double>::denorm_min(),
-                             std::numeric_limits<double>::max(), std::numeric_limits<double>::lowest(), 0.0, -0.0};
+  const double extremes[] = {std::numeric_limits<double>::infinity(),
+                             -std::numeric_limits<double>::infinity(),
+                             std::numeric_limits<double>::denorm_min(),
+                             -std::numeric_limits<double>::denorm_min(),
+                             std::numeric_limits<double>::max(),
+                             std::numeric_limits<double>::lowest(),
+                             0.0,
+                             -0.0};
   std::vector<double> wide, zeros, edges, unsignedEdges;
   for (int i = 0; i < 5000; ++i) {
     wide.push_back(spread(random));
@@ -100,9 +110,13 @@ TEST(ArrayTools, JoinPadsTheShorterSideAndMaxMinConvertEveryCell) {
   EXPECT_EQ(ArrayTools::MaxOf(mixed), 7);
   EXPECT_EQ(ArrayTools::MinOf(mixed), -1);
   EXPECT_EQ(ArrayTools::MaxOf(Column({-3, -1, -2})), -1);
-  ExpectError(err::kTypeMismatch, "Line 0 in ORVDescriptives.ArrayTools.MaxOf", [] { ArrayTools::MaxOf(Column({1, "abc"})); });
-  ExpectError(err::kTypeMismatch, "Line 0 in ORVDescriptives.ArrayTools.MinOf", [] { ArrayTools::MinOf(Column({ErrorValue::NA})); });
-  ExpectError(err::kSubscriptOutOfRange, "Line 0 in ORVDescriptives.ArrayTools.MaxOf", [] { ArrayTools::MaxOf(ValueArray2D(0, 1)); });
+  ExpectError(err::kTypeMismatch, "Line 0 in ORVDescriptives.ArrayTools.MaxOf", [] {
+    ArrayTools::MaxOf(Column({1, "abc"}));
+  });
+  ExpectError(err::kTypeMismatch, "Line 0 in ORVDescriptives.ArrayTools.MinOf",
+              [] { ArrayTools::MinOf(Column({ErrorValue::NA})); });
+  ExpectError(err::kSubscriptOutOfRange, "Line 0 in ORVDescriptives.ArrayTools.MaxOf",
+              [] { ArrayTools::MaxOf(ValueArray2D(0, 1)); });
 }
 
 }  // namespace

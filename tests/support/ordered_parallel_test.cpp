@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cstddef>
-#include <algorithm>
 #include <mutex>
 #include <set>
 #include <stdexcept>
@@ -159,17 +159,18 @@ TEST_P(OrderedPipeline, ReadsOnlyAFewPiecesAheadOfTheOneItCollects) {
         read = i + 1;
         return i;
       },
-      slowSquare,
-      [&](std::size_t i, std::size_t) { mostAhead = std::max(mostAhead, read - i); });
+      slowSquare, [&](std::size_t i, std::size_t) { mostAhead = std::max(mostAhead, read - i); });
   // However many pieces there are, the inputs held at once stay near the number of threads.
   EXPECT_LE(mostAhead, 16U);
 }
 
 TEST(OrderedParallel, NoPiecesAndOnePieceNeedNoHelpers) {
   int calls = 0;
-  orderedParallel<int>(0, [](std::size_t) { return 1; }, [&](std::size_t, int) { ++calls; });
+  orderedParallel<int>(
+      0, [](std::size_t) { return 1; }, [&](std::size_t, int) { ++calls; });
   EXPECT_EQ(calls, 0);
-  orderedParallel<int>(1, [](std::size_t) { return 7; }, [&](std::size_t, int v) { calls += v; });
+  orderedParallel<int>(
+      1, [](std::size_t) { return 7; }, [&](std::size_t, int v) { calls += v; });
   EXPECT_EQ(calls, 7);
 }
 

@@ -30,18 +30,26 @@ struct RangeChecksTest : ::testing::Test {
 };
 
 TEST_F(RangeChecksTest, InputColumnAcceptsOnlyNumbersAndEmptyCells) {
-  const struct { std::vector<CellValue> cells; bool headers; std::string refusal; } rows[] = {  // B1 down
-      {{"Weight", 1.5, kEmpty, -2, 1e300}, true, ""}, {{"Weight"}, true, ""},
-      {{"Weight", 1.5, 2}, false, "Cell Data!$B$1 holds the text \"Weight\""},
-      {{"W", 1, "12"}, true, "Cell Data!$B$3 holds the text \"12\""},
-      {{"W", ErrorValue::Div0, 1}, true, "Cell Data!$B$2 holds the error value #DIV/0!"},
-      {{"W", kEmpty, false, "x"}, true, "Cell Data!$B$3 holds the Boolean False"}};
+  const struct {
+    std::vector<CellValue> cells;
+    bool headers;
+    std::string refusal;
+  } rows[] = {// B1 down
+              {{"Weight", 1.5, kEmpty, -2, 1e300}, true, ""},
+              {{"Weight"}, true, ""},
+              {{"Weight", 1.5, 2}, false, "Cell Data!$B$1 holds the text \"Weight\""},
+              {{"W", 1, "12"}, true, "Cell Data!$B$3 holds the text \"12\""},
+              {{"W", ErrorValue::Div0, 1}, true, "Cell Data!$B$2 holds the error value #DIV/0!"},
+              {{"W", kEmpty, false, "x"}, true, "Cell Data!$B$3 holds the Boolean False"}};
   for (const auto& row : rows) {
     SCOPED_TRACE(row.refusal);
     book.Worksheets("Data").clear(CellBlock{1, 1, 100, 5});
     put("Data", 2, 1, row.cells);
     put("Data", 3, 1, {"label", "c", ErrorValue::NA});  // neighbouring columns must not matter
-    if (!row.refusal.empty()) { expectRefusal("Data!B1:B20", row.headers, row.refusal); continue; }
+    if (!row.refusal.empty()) {
+      expectRefusal("Data!B1:B20", row.headers, row.refusal);
+      continue;
+    }
     EXPECT_NO_THROW(RangeChecks::CheckInputColumn(app.ResolveRange("Data!B1:B20"), row.headers));
   }
   put("My data", 1, 1, {"A", 1, 2});
@@ -55,19 +63,35 @@ TEST_F(RangeChecksTest, InputColumnAcceptsOnlyNumbersAndEmptyCells) {
 TEST_F(RangeChecksTest, OutputAreaIsHandedBackWhenFreeOrOverwrittenAndRefusedWhenOccupied) {
   put("Sheet1", 10, 1, {"right of the block"});  // J1
   put("Sheet1", 4, 11, {"below the block"});     // D11
-  const struct { const char* reference; std::int32_t columns, rows; bool overWrite; } free[] = {
-      {"Sheet1!D1:E2", 6, 10, false},  // only the top-left cell places the block; D1:I10 is empty
-      {"Sheet1!J1", 2, 2, true}, {"Sheet1!J1", 0, 5, false}, {"Data!A1", 3, 3, false}};
+  const struct {
+    const char* reference;
+    std::int32_t columns, rows;
+    bool overWrite;
+  } free[] = {{"Sheet1!D1:E2", 6, 10, false},  // only the top-left cell places the block; D1:I10 is empty
+              {"Sheet1!J1", 2, 2, true},
+              {"Sheet1!J1", 0, 5, false},
+              {"Data!A1", 3, 3, false}};
   for (const auto& row : free) {
     const Range output = app.ResolveRange(row.reference);
     const Range back = RangeChecks::CheckOutputArea(output, row.columns, row.rows, row.overWrite);
     EXPECT_EQ(&back.Parent(), &output.Parent()) << row.reference;
     EXPECT_EQ(back.areas(), output.areas()) << row.reference;
   }
-  const struct { const char* reference; std::int32_t columns, rows; std::vector<CellBlock> occupied; std::string message; } taken[] = {
-      {"Sheet1!D1", 6, 10, {{3, 5, 3, 5}, {2, 9, 2, 9}, {10, 4, 10, 4}},  // first in reading order
+  const struct {
+    const char* reference;
+    std::int32_t columns, rows;
+    std::vector<CellBlock> occupied;
+    std::string message;
+  } taken[] = {
+      {"Sheet1!D1",
+       6,
+       10,
+       {{3, 5, 3, 5}, {2, 9, 2, 9}, {10, 4, 10, 4}},  // first in reading order
        "The output area Sheet1!$D$1:$I$10 already holds data (first at $I$2)"},
-      {"Sheet1!XFD1048575", 3, 3, {{1048576, 16384, 1048576, 16384}},  // cut at the sheet's edge
+      {"Sheet1!XFD1048575",
+       3,
+       3,
+       {{1048576, 16384, 1048576, 16384}},  // cut at the sheet's edge
        "The output area Sheet1!$XFD$1048575:$XFD$1048576 already holds data (first at $XFD$1048576)"},
       {"'My data'!A1", 1, 1, {{1, 1, 1, 1}}, "The output area 'My data'!$A$1 already holds data (first at $A$1)"}};
   for (const auto& row : taken) {

@@ -46,8 +46,12 @@ TEST(Application, LookupFailures) {
 }
 
 TEST(Application, NewSheetsContinueTheHighestSheetNumberBeforeTheActiveSheet) {
-  const struct { std::vector<std::string> existing; std::string expected; } cases[] = {
-      {{"Data", "sheet7"}, "Sheet8"}, {{"Sheet2", "Sheet10", "Sheet9"}, "Sheet11"}, {{"Sheet01x", "Sheet 3", "Sheet"}, "Sheet1"}};
+  const struct {
+    std::vector<std::string> existing;
+    std::string expected;
+  } cases[] = {{{"Data", "sheet7"}, "Sheet8"},
+               {{"Sheet2", "Sheet10", "Sheet9"}, "Sheet11"},
+               {{"Sheet01x", "Sheet 3", "Sheet"}, "Sheet1"}};
   for (const auto& c : cases) {
     InMemoryApplication app;
     app.AddWorkbook("Book.xlsx", c.existing);
@@ -66,10 +70,19 @@ TEST(Application, NewSheetsContinueTheHighestSheetNumberBeforeTheActiveSheet) {
 }
 
 TEST(Application, SheetNamesAreCheckedAndUniqueWithoutCase) {
-  const struct { std::string name; bool valid; } cases[] = {
-      {"", false}, {std::string(31, 'x'), true}, {std::string(32, 'x'), false},
-      {"\xC3\xA9t\xC3\xA9" + std::string(28, 'x'), true},  // 31 characters in 33 bytes
-      {"a:b", false}, {"[a", false}, {"'a", false}, {"a'", false}, {"It's", true}, {"data", false}};
+  const struct {
+    std::string name;
+    bool valid;
+  } cases[] = {{"", false},
+               {std::string(31, 'x'), true},
+               {std::string(32, 'x'), false},
+               {"\xC3\xA9t\xC3\xA9" + std::string(28, 'x'), true},  // 31 characters in 33 bytes
+               {"a:b", false},
+               {"[a", false},
+               {"'a", false},
+               {"a'", false},
+               {"It's", true},
+               {"data", false}};
   for (const auto& c : cases) {
     SCOPED_TRACE(c.name);
     InMemoryApplication app;
@@ -77,7 +90,9 @@ TEST(Application, SheetNamesAreCheckedAndUniqueWithoutCase) {
     const Raised r = raised([&] { book.Worksheets("My data").Rename(c.name); });
     EXPECT_EQ(r.number, c.valid ? 0 : 1004) << r.description;
     EXPECT_EQ(book.Worksheets(2).Name(), c.valid ? c.name : "My data");
-    if (!c.valid) { EXPECT_NE(r.description.find("\"" + c.name + "\""), std::string::npos) << r.description; }
+    if (!c.valid) {
+      EXPECT_NE(r.description.find("\"" + c.name + "\""), std::string::npos) << r.description;
+    }
   }
 }
 

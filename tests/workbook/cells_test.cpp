@@ -32,8 +32,10 @@ TEST(CellStore, UsedBlockAndReadsFollowWritesAboveBelowAndEmptiedEdges) {
 }
 
 TEST_F(HostTest, AssignedTextsThatReadAsPlainNumbersBecomeNumbers) {
-  const struct { CellValue assigned, stored; } cases[] = {
-      {"12", 12.0}, {"+2.5E-1", 0.25}, {" 7", 7.0}, {"1,000", "1,000"}, {"12%", "12%"}, {"", CellValue{}}, {true, true}};
+  const struct {
+    CellValue assigned, stored;
+  } cases[] = {{"12", 12.0},   {"+2.5E-1", 0.25}, {" 7", 7.0}, {"1,000", "1,000"},
+               {"12%", "12%"}, {"", CellValue{}}, {true, true}};
   const Range areas = app.ResolveRange("B4,D6:D7");
   for (const auto& c : cases) {
     areas.SetValue(c.assigned);
@@ -114,8 +116,16 @@ TEST_F(HostTest, TheWrittenBlockCoversWhatAProgramSetAndNothingAFileReaderStored
       {"an assigned value", [](InMemoryWorksheet& s) { s.assignValue(5, 3, CellValue(2.0)); }, {5, 3, 5, 3}},
       {"a pasted value", [](InMemoryWorksheet& s) { s.pasteValue(7, 2, CellValue("x")); }, {5, 2, 7, 3}},
       {"a format", [](InMemoryWorksheet& s) { s.setCellFormat(4, 4, CellFormat{}); }, {4, 2, 7, 4}},
-      {"a patch", [](InMemoryWorksheet& s) { s.applyFormat({9, 1, 10, 2}, FormatPatch{}); }, {4, 1, 10, 4}},
-      {"a clear", [](InMemoryWorksheet& s) { s.clear({2, 6, 2, 6}); }, {2, 1, 10, 6}},
+      {"a patch",
+       [](InMemoryWorksheet& s) {
+         s.applyFormat({9, 1, 10, 2}, FormatPatch{});
+       },
+       {4, 1, 10, 4}},
+      {"a clear",
+       [](InMemoryWorksheet& s) {
+         s.clear({2, 6, 2, 6});
+       },
+       {2, 1, 10, 6}},
       {"a column width", [](InMemoryWorksheet& s) { s.setColumnWidth(30, 70); }, {2, 1, 10, 6}},
   };
   for (const auto& step : steps) {

@@ -99,7 +99,8 @@ TEST(FormatStore, FollowsThePlainModelThroughRandomChanges) {
       }
       for (std::int32_t c = 1; c <= kColumns; ++c)
         for (std::int32_t r = 1; r <= kRows; ++r)
-          ASSERT_EQ(store.format(r, c), model.at(r, c)) << "round " << round << ", step " << step << ", R" << r << "C" << c;
+          ASSERT_EQ(store.format(r, c), model.at(r, c))
+              << "round " << round << ", step " << step << ", R" << r << "C" << c;
     }
     // The writer's walk sees each cell with a format of its own once, column by column, rows ascending.
     std::vector<std::pair<std::int32_t, std::int32_t>> walked;

@@ -10,8 +10,11 @@ namespace orv::test {
 namespace {
 
 TEST_F(HostTest, ReferencesResolveOnTheActiveSheetOrTheNamedOne) {
-  const struct { std::string reference, sheet, address; } cases[] = {
-      {"b2:$C$4", "Data", "$B$2:$C$4"}, {"data!A1:A3", "Data", "$A$1:$A$3"}, {"'My data'!A1,'My data'!C1", "My data", "$A$1,$C$1"}};
+  const struct {
+    std::string reference, sheet, address;
+  } cases[] = {{"b2:$C$4", "Data", "$B$2:$C$4"},
+               {"data!A1:A3", "Data", "$A$1:$A$3"},
+               {"'My data'!A1,'My data'!C1", "My data", "$A$1,$C$1"}};
   for (const auto& c : cases) {
     SCOPED_TRACE(c.reference);
     const Range r = app.ResolveRange(c.reference);
@@ -105,9 +108,14 @@ TEST_F(HostTest, RowHeightsAndColumnWidthsPlaceEveryCell) {
   data.geometry().setRowHeight(1000, 0);  // hidden
   data.geometry().setColumnWidth(2, 100);
   // Default rows are 15 points high, columns 48 wide; below row 1000 the changes to rows 3 and 1000 cancel out.
-  const struct { const char* reference; double top, left, width, height; } boxes[] = {
-      {"D5:E6", 75, 196, 96, 30}, {"B2:B4", 15, 48, 100, 60}, {"A1000", 999.0 * 15 + 15, 0, 48, 0},
-      {"A1048576", 1048575.0 * 15, 0, 48, 15}, {"XFD1", 0, 16382.0 * 48 + 100, 48, 15}};
+  const struct {
+    const char* reference;
+    double top, left, width, height;
+  } boxes[] = {{"D5:E6", 75, 196, 96, 30},
+               {"B2:B4", 15, 48, 100, 60},
+               {"A1000", 999.0 * 15 + 15, 0, 48, 0},
+               {"A1048576", 1048575.0 * 15, 0, 48, 15},
+               {"XFD1", 0, 16382.0 * 48 + 100, 48, 15}};
   for (const auto& b : boxes) {
     SCOPED_TRACE(b.reference);
     const Range r = app.ResolveRange(b.reference);

@@ -14,7 +14,11 @@ using WorksheetFunctionTest = HostTest;
 
 TEST_F(WorksheetFunctionTest, DistributionsAgainstPublishedValues) {
   WorksheetFunction& wf = app.worksheetFunction();
-  const struct { std::string call; std::function<double()> f; double expected, tolerance; } cases[] = {
+  const struct {
+    std::string call;
+    std::function<double()> f;
+    double expected, tolerance;
+  } cases[] = {
       {"TInv(0.05, 10)", [&] { return wf.TInv(0.05, 10); }, 2.228138852, 1e-9},
       {"TInv(0.05, 10.9)", [&] { return wf.TInv(0.05, 10.9); }, 2.228138852, 1e-9},
       {"TInv(0.05, 1)", [&] { return wf.TInv(0.05, 1); }, 12.70620474, 1e-7},
@@ -37,11 +41,18 @@ TEST_F(WorksheetFunctionTest, DistributionsAgainstPublishedValues) {
 TEST_F(WorksheetFunctionTest, ArgumentFaultsAreHostFailuresNamingTheFunction) {
   WorksheetFunction& wf = app.worksheetFunction();
   const double nan = std::numeric_limits<double>::quiet_NaN();
-  const struct { std::string function; std::function<void()> f; } cases[] = {
-      {"TInv", [&] { wf.TInv(0, 10); }}, {"TInv", [&] { wf.TInv(1.0001, 10); }}, {"TInv", [&] { wf.TInv(0.05, 0.99); }},
-      {"TInv", [&] { wf.TInv(std::numeric_limits<double>::denorm_min(), 1); }},  // would be infinite
-      {"ChiInv", [&] { wf.ChiInv(0, 1); }}, {"ChiInv", [&] { wf.ChiInv(0.5, 0.5); }}, {"ChiInv", [&] { wf.ChiInv(0.5, 2e10); }},
-      {"NormDist", [&] { wf.NormDist(0, 0, 0, true); }}, {"NormDist", [&] { wf.NormDist(nan, 0, 1, true); }}};
+  const struct {
+    std::string function;
+    std::function<void()> f;
+  } cases[] = {{"TInv", [&] { wf.TInv(0, 10); }},
+               {"TInv", [&] { wf.TInv(1.0001, 10); }},
+               {"TInv", [&] { wf.TInv(0.05, 0.99); }},
+               {"TInv", [&] { wf.TInv(std::numeric_limits<double>::denorm_min(), 1); }},  // would be infinite
+               {"ChiInv", [&] { wf.ChiInv(0, 1); }},
+               {"ChiInv", [&] { wf.ChiInv(0.5, 0.5); }},
+               {"ChiInv", [&] { wf.ChiInv(0.5, 2e10); }},
+               {"NormDist", [&] { wf.NormDist(0, 0, 0, true); }},
+               {"NormDist", [&] { wf.NormDist(nan, 0, 1, true); }}};
   for (const auto& c : cases) {
     SCOPED_TRACE(&c - cases);
     const Raised r = raised(c.f);
@@ -64,7 +75,8 @@ TEST_F(WorksheetFunctionTest, MinAndMaxTakeNumbersOnlyOverEveryArea) {
   EXPECT_EQ(wf.Max(app.ResolveRange("A1:A2")), 0.0);  // no number
   EXPECT_EQ(wf.Max(app.ResolveRange("C:C")), -8.0);
   data.storeRaw(2, 1, ErrorValue::Div0);
-  EXPECT_EQ(raised([&] { wf.Min(areas); }).description, "Unable to get the Min property of the WorksheetFunction class");
+  EXPECT_EQ(raised([&] { wf.Min(areas); }).description,
+            "Unable to get the Min property of the WorksheetFunction class");
 }
 
 }  // namespace

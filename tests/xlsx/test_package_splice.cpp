@@ -14,7 +14,9 @@ namespace {
 
 std::string bigSheet(std::size_t rows, bool selected) {
   std::string xml = R"(<?xml version="1.0" encoding="UTF-8" standalone="yes"?>)"
-                    R"(<worksheet xmlns=")" + kMainNs + R"(">)"
+                    R"(<worksheet xmlns=")" +
+                    kMainNs +
+                    R"(">)"
                     R"(<sheetViews><sheetView )";
   if (selected) xml += R"(tabSelected="1" )";
   xml += R"(workbookViewId="0"/></sheetViews><sheetData>)";
@@ -23,7 +25,8 @@ std::string bigSheet(std::size_t rows, bool selected) {
   for (std::size_t r = 1; r <= rows; ++r) {
     xml += "<row r=\"" + std::to_string(r) + "\">";
     for (char column : std::string("ABCD")) {
-      xml += std::string("<c r=\"") + column + std::to_string(r) + "\"><v>" + std::to_string(value(random)) + "</v></c>";
+      xml +=
+          std::string("<c r=\"") + column + std::to_string(r) + "\"><v>" + std::to_string(value(random)) + "</v></c>";
     }
     xml += "</row>";
   }
@@ -66,7 +69,8 @@ TEST(HeadSplice, SplicesKeepingTheCompressedRestOrSaysWhyNot) {
     const std::size_t kept = splice.keptBytes;
     ASSERT_GT(kept, 0U);
     ASSERT_LT(kept, splice.part.bytes.size());
-    EXPECT_TRUE(splice.part.bytes.compare(splice.part.bytes.size() - kept, kept, entry.bytes, entry.bytes.size() - kept, kept) == 0);
+    EXPECT_TRUE(splice.part.bytes.compare(splice.part.bytes.size() - kept, kept, entry.bytes, entry.bytes.size() - kept,
+                                          kept) == 0);
   }
 
   EXPECT_EQ(spliceDeflatedHead(deflated(bigSheet(40000, false), 6), "sheetData", deselect).outcome,

@@ -27,7 +27,8 @@ RawEntry rawEntry(const std::filesystem::path& path, const std::string& name) {
   EXPECT_NE(archive, nullptr) << path;
   if (archive == nullptr) return raw;
   zip_stat_t stat;
-  zip_file_t* file = zip_stat(archive, name.c_str(), 0, &stat) == 0 ? zip_fopen(archive, name.c_str(), ZIP_FL_COMPRESSED) : nullptr;
+  zip_file_t* file =
+      zip_stat(archive, name.c_str(), 0, &stat) == 0 ? zip_fopen(archive, name.c_str(), ZIP_FL_COMPRESSED) : nullptr;
   EXPECT_NE(file, nullptr) << "no entry " << name;
   if (file != nullptr) {
     std::tie(raw.method, raw.crc, raw.size) = std::tuple(stat.comp_method, stat.crc, stat.size);
@@ -78,7 +79,8 @@ TEST(PackageZip, ReplacingKeepsOtherEntriesByteForByteAndTheOrder) {
   ScratchFolder folder;
   const Parts original = {
       {"[Content_Types].xml", "<Types/>"},
-      {"xl/worksheets/sheet1.xml", "<worksheet><sheetView tabSelected=\"1\"/>" + std::string(5000, 'r') + "</worksheet>"},
+      {"xl/worksheets/sheet1.xml",
+       "<worksheet><sheetView tabSelected=\"1\"/>" + std::string(5000, 'r') + "</worksheet>"},
       {"xl/media/image1.png", std::string("\x89PNG\r\n\x1A\n", 8) + std::string(300, '\x07')},
       {"xl/styles.xml", "<styleSheet>" + std::string(2000, 's') + "</styleSheet>"},
   };
@@ -101,8 +103,9 @@ TEST(PackageZip, ReplacingKeepsOtherEntriesByteForByteAndTheOrder) {
   const RawEntry after = rawEntry(folder / "out.zip", "xl/worksheets/sheet1.xml");
   EXPECT_EQ(after.crc, crcOf(sheet));
   EXPECT_EQ(inflateRaw(after.compressed, sheet.size()), sheet);
-  EXPECT_EQ(readZip(folder / "out.zip").order, (std::vector<std::string>{"[Content_Types].xml", "xl/worksheets/sheet1.xml",
-                                                                        "xl/media/image1.png", "xl/styles.xml"}));
+  EXPECT_EQ(readZip(folder / "out.zip").order,
+            (std::vector<std::string>{"[Content_Types].xml", "xl/worksheets/sheet1.xml", "xl/media/image1.png",
+                                      "xl/styles.xml"}));
 }
 
 TEST(PackageZip, EqualInputGivesEqualFiles) {

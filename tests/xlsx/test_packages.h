@@ -40,7 +40,8 @@ inline fs::path writeZip(const fs::path& where, const Parts& parts) {
   if (z == nullptr) throw std::runtime_error("cannot create " + path.string());
   for (const auto& [part, content] : parts) {
     zip_source_t* src = zip_source_buffer(z, content.data(), content.size(), 0);
-    if (src == nullptr || zip_file_add(z, part.c_str(), src, ZIP_FL_OVERWRITE) < 0) throw std::runtime_error("cannot add " + part);
+    if (src == nullptr || zip_file_add(z, part.c_str(), src, ZIP_FL_OVERWRITE) < 0)
+      throw std::runtime_error("cannot add " + part);
   }
   if (zip_close(z) != 0) throw std::runtime_error("cannot write " + path.string());
   return path;
@@ -161,8 +162,8 @@ inline std::string workbookXml(const std::vector<std::pair<std::string, std::str
 }
 
 inline std::string sheetXml(const std::string& sheetData, const std::string& before = "") {
-  return R"(<?xml version="1.0" encoding="UTF-8"?><worksheet xmlns=")" + kMainNs + R"(">)" + before +
-         "<sheetData>" + sheetData + "</sheetData></worksheet>";
+  return R"(<?xml version="1.0" encoding="UTF-8"?><worksheet xmlns=")" + kMainNs + R"(">)" + before + "<sheetData>" +
+         sheetData + "</sheetData></worksheet>";
 }
 
 // A one-sheet package named "Data" with the given sheet part and optional shared strings.

@@ -68,21 +68,28 @@ TEST(ReaderHostile, EveryBadFileSaysWhatItIsAndWhatIsAccepted) {
     std::string expected;  // a piece of the description
   } rows[] = {
       {"truncated zip", writeBytes("cut.xlsx", good.substr(0, good.size() / 2)), "damaged or truncated zip archive"},
-      {"garbage", writeBytes("garbage.xlsx", std::string("\x01\x02\x03\x00\xff", 5)), "neither a workbook nor a text file"},
+      {"garbage", writeBytes("garbage.xlsx", std::string("\x01\x02\x03\x00\xff", 5)),
+       "neither a workbook nor a text file"},
       {"text named xlsx", writeBytes("text.xlsx", "a,b\n1,2\n"), "it is text, not a zip package"},
       {"empty", writeBytes("empty.xlsx", ""), "is empty"},
-      {"utf-16", writeBytes("utf16.csv", "\xFF\xFE" "a\0"), "UTF-16"},
+      {"utf-16",
+       writeBytes("utf16.csv",
+                  "\xFF\xFE"
+                  "a\0"),
+       "UTF-16"},
       {"encrypted", writeBytes("secret.xlsx", ole("EncryptedPackage")), "password-protected workbook"},
       {"legacy xls", writeBytes("old.xls", ole("Workbook")), "legacy binary workbook (.xls)"},
       {"missing", tempFile("absent.xlsx"), "cannot be opened"},
       {"too many fields", writeBytes("fields.csv", std::string(kMaxColumns, ',') + "x\n"),
        "has a line with more than the 16384 fields"},
       {"no workbook part", writeZip("nowb.xlsx", missingWorkbook), "workbook part \"xl/workbook.xml\" is missing"},
-      {"no sheet part", writeZip("nosheet.xlsx", missingSheet), "\"xl/worksheets/sheet1.xml\" of the sheet \"Data\" is missing"},
+      {"no sheet part", writeZip("nosheet.xlsx", missingSheet),
+       "\"xl/worksheets/sheet1.xml\" of the sheet \"Data\" is missing"},
       {"plain zip", writeZip("photos.xlsx", {{"a.txt", "hello"}}), "zip archive that holds no workbook"},
       {"xlsb", writeZip("bin.xlsb", {{"_rels/.rels", rootRels("xl/workbook.bin")}, {"xl/workbook.bin", "x"}}),
        "binary workbook (.xlsb)"},
-      {"ods", writeZip("calc.ods", {{"mimetype", "application/vnd.oasis.opendocument.spreadsheet"}, {"content.xml", "<x/>"}}),
+      {"ods",
+       writeZip("calc.ods", {{"mimetype", "application/vnd.oasis.opendocument.spreadsheet"}, {"content.xml", "<x/>"}}),
        "OpenDocument spreadsheet (.ods)"},
       {"string index out of range",
        writeZip("sst.xlsx", oneSheetPackage(sheetXml(R"(<row><c r="B2" t="s"><v>1</v></c></row>)"), ooxmlCount)),
@@ -97,11 +104,13 @@ TEST(ReaderHostile, EveryBadFileSaysWhatItIsAndWhatIsAccepted) {
        "number that does not read as one"},
       {"doctype", writeZip("dtd.xlsx", oneSheetPackage("<!DOCTYPE x [<!ENTITY a 'b'>]>" + sheetXml(""))),
        "document type declaration"},
-      {"invalid sheet name", writeZip("names.xlsx", [] {
-         Parts p = oneSheetPackage(sheetXml(""));
-         p[1].second = workbookXml({{"a[1]", "rId1"}});
-         return p;
-       }()),
+      {"invalid sheet name",
+       writeZip("names.xlsx",
+                [] {
+                  Parts p = oneSheetPackage(sheetXml(""));
+                  p[1].second = workbookXml({{"a[1]", "rId1"}});
+                  return p;
+                }()),
        "\"a[1]\" cannot name a sheet"},
   };
   for (const auto& row : rows) {
@@ -132,18 +141,22 @@ TEST(ReaderHostile, EachLimitAdmitsItsBoundAndRefusesOnePastItByName) {
        none, "nests its XML elements more than 256 deep (the XML depth limit)"},
       {"shared-string count",
        [](bool over) {
-         return writeZip("count_sst.xlsx", oneSheetPackage(sheetXml(sharedCells(1)),
-                                                           over ? sst({"a", "b", "c"}) : sst({"a", "b"})));
+         return writeZip("count_sst.xlsx",
+                         oneSheetPackage(sheetXml(sharedCells(1)), over ? sst({"a", "b", "c"}) : sst({"a", "b"})));
        },
        [](ReadLimits& l) { l.maxSharedStrings = 2; }, "holds more than 2 strings (the shared-string count limit)"},
       {"length of an inline string",
        [](bool over) {
-         return writeZip("long_inline.xlsx", oneSheetPackage(sheetXml(std::string(R"(<row><c r="B3" t="inlineStr"><is><t>)") +
-                                                                      (over ? "ab&amp;de" : "ab&amp;d") + "</t></is></c></row>")));
+         return writeZip("long_inline.xlsx",
+                         oneSheetPackage(sheetXml(std::string(R"(<row><c r="B3" t="inlineStr"><is><t>)") +
+                                                  (over ? "ab&amp;de" : "ab&amp;d") + "</t></is></c></row>")));
        },
-       [](ReadLimits& l) { l.maxStringBytes = 4; }, "the cell B3 of the sheet \"Data\" holds a text longer than 4 bytes"},
+       [](ReadLimits& l) { l.maxStringBytes = 4; },
+       "the cell B3 of the sheet \"Data\" holds a text longer than 4 bytes"},
       {"text in all cells: one shared string in many cells",
-       [](bool over) { return writeZip("text_total.xlsx", oneSheetPackage(sheetXml(sharedCells(over ? 4 : 3)), sst({"abcd"}))); },
+       [](bool over) {
+         return writeZip("text_total.xlsx", oneSheetPackage(sheetXml(sharedCells(over ? 4 : 3)), sst({"abcd"})));
+       },
        [](ReadLimits& l) { l.maxTextBytes = 12; },
        "its cells hold more than 12 bytes of text in all, counting each shared string once per cell (the total text limit)"},
       {"cells of a CSV file spread over many columns",  // two cells in each of 10 columns, 9 rows apart
@@ -154,8 +167,9 @@ TEST(ReaderHostile, EachLimitAdmitsItsBoundAndRefusesOnePastItByName) {
        [](ReadLimits& l) { l.maxStoredCells = 99; }, "(the cell count limit)"},
       {"cells of a sheet spread down a column",
        [](bool over) {
-         return writeZip("cells.xlsx", oneSheetPackage(sheetXml(std::string(R"(<row r="1"><c><v>1</v></c></row><row r=")") +
-                                                                (over ? "11" : "10") + R"("><c><v>2</v></c></row>)")));
+         return writeZip("cells.xlsx",
+                         oneSheetPackage(sheetXml(std::string(R"(<row r="1"><c><v>1</v></c></row><row r=")") +
+                                                  (over ? "11" : "10") + R"("><c><v>2</v></c></row>)")));
        },
        [](ReadLimits& l) { l.maxStoredCells = 10; },
        "more than 10 cell slots, more than this program holds in memory (the cell count limit)"},
@@ -171,7 +185,8 @@ TEST(ReaderHostile, EachLimitAdmitsItsBoundAndRefusesOnePastItByName) {
 }
 
 TEST(ReaderHostile, ZipBombIsRefusedAtTheLimitNotAtItsDeclaredSize) {
-  const auto file = writeZip("bomb.xlsx", oneSheetPackage(sheetXml("<row><c><v>1</v></c></row>" + std::string(4 << 20, ' '))));
+  const auto file =
+      writeZip("bomb.xlsx", oneSheetPackage(sheetXml("<row><c><v>1</v></c></row>" + std::string(4 << 20, ' '))));
   const struct {
     ZipLimits zip;
     std::string named;
@@ -185,7 +200,8 @@ TEST(ReaderHostile, ZipBombIsRefusedAtTheLimitNotAtItsDeclaredSize) {
     ReadLimits limits;
     limits.zip = row.zip;
     const std::string refusal = outcome(file, limits);
-    EXPECT_NE(refusal.find("\"xl/worksheets/sheet1.xml\" inflates beyond " + row.named + " (a zip bomb or a damaged archive)"),
+    EXPECT_NE(refusal.find("\"xl/worksheets/sheet1.xml\" inflates beyond " + row.named +
+                           " (a zip bomb or a damaged archive)"),
               std::string::npos)
         << refusal;
   }
@@ -204,12 +220,14 @@ TEST(ReaderHostile, DeeplyNestedXmlIsRefusedWithoutRecursing) {
 }
 
 TEST(ReaderHostile, HugeDeclaredDimensionAllocatesNothing) {
-  const std::string sheet = sheetXml(R"(<row r="1"><c r="A1"><v>1</v></c></row><row r="1048576"><c r="XFD1048576"><v>2</v></c></row>)",
-                                     R"(<dimension ref="A1:XFD1048576"/>)");
+  const std::string sheet =
+      sheetXml(R"(<row r="1"><c r="A1"><v>1</v></c></row><row r="1048576"><c r="XFD1048576"><v>2</v></c></row>)",
+               R"(<dimension ref="A1:XFD1048576"/>)");
   ReadLimits limits;
   limits.maxStoredCells = 10;  // two single cells fit; anything dense would not
   InMemoryApplication app;
-  InMemoryWorksheet& ws = openWorkbookFile(app, writeZip("dim.xlsx", oneSheetPackage(sheet)), limits).book.Worksheets(1);
+  InMemoryWorksheet& ws =
+      openWorkbookFile(app, writeZip("dim.xlsx", oneSheetPackage(sheet)), limits).book.Worksheets(1);
   EXPECT_EQ(ws.cellValue(kMaxRows, kMaxColumns), CellValue(2.0));
   EXPECT_EQ(ws.usedBlock(), (CellBlock{1, 1, kMaxRows, kMaxColumns}));
 }
@@ -229,10 +247,12 @@ TEST(ReaderHostile, DefaultsTakeAFullHeightSheetAndTheLongestCellText) {
   std::string longest;
   for (int i = 0; i < 32767; ++i) longest += "\xF0\x9F\x98\x80";
   std::string rows = R"(<row r="1"><c r="A1"><v>1</v></c><c r="B1" t="s"><v>0</v></c></row>)"
-                     R"(<row r="2"><c r="A2"><v>2</v></c><c r="B2" t="inlineStr"><is><t>)" + longest + "</t></is></c></row>";
+                     R"(<row r="2"><c r="A2"><v>2</v></c><c r="B2" t="inlineStr"><is><t>)" +
+                     longest + "</t></is></c></row>";
   for (std::int32_t r = 3; r <= kMaxRows; ++r) rows += "<row><c><v>" + std::to_string(r) + "</v></c></row>";
   InMemoryApplication app;
-  InMemoryWorksheet& ws = loadWorkbook(app, writeZip("full.xlsx", oneSheetPackage(sheetXml(rows), sst({longest})))).Worksheets(1);
+  InMemoryWorksheet& ws =
+      loadWorkbook(app, writeZip("full.xlsx", oneSheetPackage(sheetXml(rows), sst({longest})))).Worksheets(1);
   EXPECT_EQ(ws.usedBlock(), (CellBlock{1, 1, kMaxRows, 2}));
   EXPECT_EQ(ws.cellValue(1, 2), CellValue(longest));
   EXPECT_EQ(ws.cellValue(2, 2), CellValue(longest));

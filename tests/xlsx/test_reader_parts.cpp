@@ -31,9 +31,13 @@ TEST(ReaderParts, TargetsWidthsDatesAndEscapes) {
     bool ok;
     double serial;
   } dates[] = {
-      {"1900-02-28", false, true, 59}, {"1900-03-01", false, true, 61},  // the phantom 29 February 1900
-      {"2024-03-01T00:00:00.5Z", false, true, 45352 + 0.5 / 86400}, {"1904-01-02T18:00:00", true, true, 1.75},
-      {"1899-12-30", false, false, 0}, {"2023-02-29", false, false, 0}, {"2024-1-1", false, false, 0},
+      {"1900-02-28", false, true, 59},
+      {"1900-03-01", false, true, 61},  // the phantom 29 February 1900
+      {"2024-03-01T00:00:00.5Z", false, true, 45352 + 0.5 / 86400},
+      {"1904-01-02T18:00:00", true, true, 1.75},
+      {"1899-12-30", false, false, 0},
+      {"2023-02-29", false, false, 0},
+      {"2024-1-1", false, false, 0},
       {"2024-03-01T12:00+02:00", false, false, 0},
   };
   for (const auto& row : dates) {
@@ -46,8 +50,8 @@ TEST(ReaderParts, TargetsWidthsDatesAndEscapes) {
   }
 
   const std::pair<std::string, std::string> escapes[] = {
-      {"a_x000D_b", "a\rb"}, {"_x005F_x000D_", "_x000D_"}, {"_x00e9_", "\xC3\xA9"}, {"_xD800_", "_xD800_"},
-      {"_x12G4_", "_x12G4_"}, {"_x12", "_x12"},
+      {"a_x000D_b", "a\rb"},  {"_x005F_x000D_", "_x000D_"}, {"_x00e9_", "\xC3\xA9"},
+      {"_xD800_", "_xD800_"}, {"_x12G4_", "_x12G4_"},       {"_x12", "_x12"},
   };
   for (const auto& [text, expected] : escapes) EXPECT_EQ(decodeSpreadsheetEscapes(text), expected) << text;
 }

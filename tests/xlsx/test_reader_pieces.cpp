@@ -126,9 +126,9 @@ TEST(ReaderPieces, PlainCellsReadAsTheirGeneralSpelling) {
   }
 
   // Damage found in a plain cell is reported as it is in any other.
-  for (const std::string cell : {"<c r=\"A0\"><v>1</v></c>", "<c r=\"A1\"><v>1.2.3</v></c>",
-                                 "<c r=\"A1\" t=\"s\"><v>0</v></c>", "<c r=\"A1\" t=\"q\"><v>1</v></c>",
-                                 "<c r=\"A1\" t=\"b\"><v>2</v></c>"}) {
+  for (const std::string cell :
+       {"<c r=\"A0\"><v>1</v></c>", "<c r=\"A1\"><v>1.2.3</v></c>", "<c r=\"A1\" t=\"s\"><v>0</v></c>",
+        "<c r=\"A1\" t=\"q\"><v>1</v></c>", "<c r=\"A1\" t=\"b\"><v>2</v></c>"}) {
     SCOPED_TRACE(cell);
     const std::string damaged = plainSheet("<row r=\"1\">" + std::string(cell) + "</row>");
     const std::string expected = readInPieces(spelledOtherwise(damaged), 0).error;

@@ -13,7 +13,8 @@ namespace orv::test {
 namespace {
 
 TEST(ReaderWorkbook, ReadsEveryCellTypeFromSharedAndInlineStrings) {
-  const std::string sst = R"(<sst xmlns=")" + kMainNs + R"(" count="99" uniqueCount="99">)"
+  const std::string sst = R"(<sst xmlns=")" + kMainNs +
+                          R"(" count="99" uniqueCount="99">)"
                           R"(<si><t>plain</t></si>)"
                           R"(<si><r><rPr><b/></rPr><t>rich </t></r><r><t xml:space="preserve">text </t></r>)"
                           R"(<rPh sb="0" eb="1"><t>HINT</t></rPh></si>)"
@@ -38,10 +39,25 @@ TEST(ReaderWorkbook, ReadsEveryCellTypeFromSharedAndInlineStrings) {
     CellValue expected;
   };
   const Row rows[] = {
-      {1, 1, "plain"}, {1, 2, "rich text "}, {1, 3, "line\rbreak & _x"}, {1, 4, "  "},
-      {2, 1, 1500.0}, {2, 2, -0.25}, {2, 3, true}, {2, 4, false}, {2, 5, ErrorValue::Div0}, {2, 6, ErrorValue::Value},
-      {3, 1, "inline <x>"}, {3, 2, "inruns"}, {3, 3, 2.0}, {3, 4, "ab"}, {3, 5, ErrorValue::NA}, {3, 6, CellValue{}},
-      {3, 7, CellValue{}}, {4, 1, 45352.5}, {4, 2, 7.0},
+      {1, 1, "plain"},
+      {1, 2, "rich text "},
+      {1, 3, "line\rbreak & _x"},
+      {1, 4, "  "},
+      {2, 1, 1500.0},
+      {2, 2, -0.25},
+      {2, 3, true},
+      {2, 4, false},
+      {2, 5, ErrorValue::Div0},
+      {2, 6, ErrorValue::Value},
+      {3, 1, "inline <x>"},
+      {3, 2, "inruns"},
+      {3, 3, 2.0},
+      {3, 4, "ab"},
+      {3, 5, ErrorValue::NA},
+      {3, 6, CellValue{}},
+      {3, 7, CellValue{}},
+      {4, 1, 45352.5},
+      {4, 2, 7.0},
   };
   for (const Row& r : rows) {
     SCOPED_TRACE(testing::Message() << "row " << r.row << " column " << r.column);
@@ -60,16 +76,16 @@ TEST(ReaderWorkbook, SheetsInWorkbookOrderWithTheirPartsAndChartSheetsLeftOut) {
                          R"(<x:sheet name="My data" sheetId="4" rel:id="rId9"/>)"
                          R"(<x:sheet name="Chart1" sheetId="2" rel:id="rId2"/>)"
                          R"(<x:sheet name="It's &quot;here&quot;" sheetId="1" rel:id="rId1"/></x:sheets></x:workbook>)";
-  const std::string prefixedSheet = R"(<x:worksheet xmlns:x=")" + kMainNs +
-                                    R"("><x:sheetData><x:row><x:c><x:v>5</x:v></x:c><x:c t="d"><x:v>1904-01-02</x:v></x:c>)"
-                                    R"(</x:row></x:sheetData></x:worksheet>)";
+  const std::string prefixedSheet =
+      R"(<x:worksheet xmlns:x=")" + kMainNs +
+      R"("><x:sheetData><x:row><x:c><x:v>5</x:v></x:c><x:c t="d"><x:v>1904-01-02</x:v></x:c>)"
+      R"(</x:row></x:sheetData></x:worksheet>)";
   const Parts parts = {
       {"_rels/.rels", rootRels("/xl/workbook.xml")},
       {"xl/workbook.xml", wb},
-      {"xl/_rels/workbook.xml.rels",
-       workbookRels({{"rId1", "worksheet", "/xl/worksheets/sheet1.xml"},
-                           {"rId2", "chartsheet", "chartsheets/sheet1.xml"},
-                           {"rId9", "worksheet", "./worksheets/../worksheets/sheet2.xml"}})},
+      {"xl/_rels/workbook.xml.rels", workbookRels({{"rId1", "worksheet", "/xl/worksheets/sheet1.xml"},
+                                                   {"rId2", "chartsheet", "chartsheets/sheet1.xml"},
+                                                   {"rId9", "worksheet", "./worksheets/../worksheets/sheet2.xml"}})},
       {"xl/chartsheets/sheet1.xml", "<chartsheet/>"},
       {"xl/worksheets/sheet1.xml", prefixedSheet},
       {"xl/worksheets/sheet2.xml", sheetXml(R"(<row r="2"><c r="B2"><v>9</v></c></row>)")},
@@ -136,7 +152,8 @@ TEST(ReaderWorkbook, CellsLandWhereTheySayOrFollowThePreviousOneAndLaterDuplicat
   const struct {
     std::int32_t row, column;
     double expected;
-  } rows[] = {{1, 1, 1}, {1, 2, 2}, {1, 5, 5}, {1, 6, 6}, {2, 1, 7}, {10, 3, 8}, {10, 4, 9}, {3, 1, 3}, {5, 1, 55}, {5, 2, 50}};
+  } rows[] = {{1, 1, 1},  {1, 2, 2},  {1, 5, 5}, {1, 6, 6},  {2, 1, 7},
+              {10, 3, 8}, {10, 4, 9}, {3, 1, 3}, {5, 1, 55}, {5, 2, 50}};
   for (const auto& r : rows) {
     SCOPED_TRACE(testing::Message() << "row " << r.row << " column " << r.column);
     EXPECT_EQ(ws.cellValue(r.row, r.column), CellValue(r.expected));
@@ -148,12 +165,13 @@ TEST(ReaderWorkbook, ColumnWidthsAndRowHeightsFeedTheGeometry) {
       R"(<sheetFormatPr defaultRowHeight="15"/><cols><col min="1" max="3" width="20" customWidth="1"/>)"
       R"(<col min="2" max="2" width="9.140625"/><col min="5" max="5" width="30" hidden="1"/>)"
       R"(<col min="7" max="16384" width="4.5"/></cols>)";
-  const std::string sheet = sheetXml(
-      R"(<row r="1" ht="30" customHeight="1"><c r="A1"><v>1</v></c></row><row r="3" ht="15"/>)"
-      R"(<row r="4" hidden="1"/><row r="5" ht="999"/>)",
-      before);
+  const std::string sheet =
+      sheetXml(R"(<row r="1" ht="30" customHeight="1"><c r="A1"><v>1</v></c></row><row r="3" ht="15"/>)"
+               R"(<row r="4" hidden="1"/><row r="5" ht="999"/>)",
+               before);
   InMemoryApplication app;
-  const SheetGeometry& g = loadWorkbook(app, writeZip("geometry.xlsx", oneSheetPackage(sheet))).Worksheets(1).geometry();
+  const SheetGeometry& g =
+      loadWorkbook(app, writeZip("geometry.xlsx", oneSheetPackage(sheet))).Worksheets(1).geometry();
   EXPECT_EQ(g.columnWidth(1), 105.0);  // 20 characters: 140 px
   EXPECT_EQ(g.columnWidth(2), 48.0);   // the later <col> wins
   EXPECT_EQ(g.columnWidth(3), 105.0);

@@ -17,7 +17,8 @@ namespace {
 
 struct FaultAt {
   FaultAt(WriteStage stage, int occurrence) {
-    setWriteFaultHook([stage, occurrence, seen = 0](WriteStage s) mutable { return s == stage && ++seen == occurrence; });
+    setWriteFaultHook(
+        [stage, occurrence, seen = 0](WriteStage s) mutable { return s == stage && ++seen == occurrence; });
   }
   ~FaultAt() { setWriteFaultHook({}); }
   FaultAt(const FaultAt&) = delete;
@@ -90,11 +91,14 @@ TEST(WriteInterrupted, EveryStageOfEveryWayLeavesTheOldFileAndNoTemporary) {
   const struct {
     const char* name;
     Way way;
-  } ways[] = {{"new file", Way::NewFile}, {"over an old result", Way::OverOldResult},
-              {"in place", Way::InPlace}, {"fresh workbook", Way::FreshWorkbook}};
+  } ways[] = {{"new file", Way::NewFile},
+              {"over an old result", Way::OverOldResult},
+              {"in place", Way::InPlace},
+              {"fresh workbook", Way::FreshWorkbook}};
   for (const auto& w : ways) {
     for (const auto& [stage, occurrence] : faultPoints(w.way)) {
-      SCOPED_TRACE(std::string(w.name) + ", stage " + std::to_string(static_cast<int>(stage)) + " #" + std::to_string(occurrence));
+      SCOPED_TRACE(std::string(w.name) + ", stage " + std::to_string(static_cast<int>(stage)) + " #" +
+                   std::to_string(occurrence));
       const Scene s = makeScene(w.way);
       const std::set<std::string> before = folderListing(s.folder);
       try {

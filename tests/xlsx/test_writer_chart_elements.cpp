@@ -49,7 +49,8 @@ TEST(ChartElements, CachesMarkersErrorBarsLayoutAndPalette) {
   bars.endCaps = false;
   bars.plusAmounts.literal = {2};
   const std::string plusOnly = errorBars(bars);
-  EXPECT_TRUE(has(plusOnly, R"(<c:errBarType val="plus"/><c:errValType val="cust"/><c:noEndCap val="1"/>)")) << plusOnly;
+  EXPECT_TRUE(has(plusOnly, R"(<c:errBarType val="plus"/><c:errValType val="cust"/><c:noEndCap val="1"/>)"))
+      << plusOnly;
   EXPECT_FALSE(has(plusOnly, "<c:minus>"));
   bars.plus = false;
   EXPECT_EQ(errorBars(bars), "");
@@ -78,9 +79,10 @@ TEST(ChartGroups, AStockGroupTakesFourSeriesAndNeedsMoreThanTwo) {
     for (const GroupPlan& g : planGroups(chart)) out.emplace_back(g.type, g.series);
     return out;
   };
-  EXPECT_EQ(stock(ChartKind::StockOHLC, 5), (std::vector<std::pair<GroupType, std::vector<std::size_t>>>{{GroupType::Stock, {0, 1, 2, 3}},
-                                                                                    {GroupType::Line, {4}}}));
-  EXPECT_EQ(stock(ChartKind::StockHLC, 2), (std::vector<std::pair<GroupType, std::vector<std::size_t>>>{{GroupType::Line, {0, 1}}}));
+  EXPECT_EQ(stock(ChartKind::StockOHLC, 5), (std::vector<std::pair<GroupType, std::vector<std::size_t>>>{
+                                                {GroupType::Stock, {0, 1, 2, 3}}, {GroupType::Line, {4}}}));
+  EXPECT_EQ(stock(ChartKind::StockHLC, 2),
+            (std::vector<std::pair<GroupType, std::vector<std::size_t>>>{{GroupType::Line, {0, 1}}}));
 }
 
 }  // namespace
@@ -102,8 +104,8 @@ TEST(ChartAnchor, WalksRowHeightsAndColumnWidthsSkippingHiddenRows) {
     std::int64_t rowOffset;
   };
   // Row tops: 1:0 2:15 3:30 (hidden) 4:30 5:75; column lefts: A 0, B 48, C 148.
-  const Case cases[] = {{148, 30, 2, 0, 3, 0}, {150, 31, 2, 25400, 3, 12700}, {-5, -5, 0, 0, 0, 0},
-                        {47.5, 74.99, 0, 603250, 3, 571373}};
+  const Case cases[] = {
+      {148, 30, 2, 0, 3, 0}, {150, 31, 2, 25400, 3, 12700}, {-5, -5, 0, 0, 0, 0}, {47.5, 74.99, 0, 603250, 3, 571373}};
   for (const Case& c : cases) {
     SCOPED_TRACE(std::to_string(c.left) + "," + std::to_string(c.top));
     const ChartAnchor a = anchorFor(geometry, c.left, c.top, 200, 180);

@@ -28,8 +28,8 @@ inline SheetRef cells(std::int32_t top, std::int32_t left, std::int32_t bottom, 
 // rows 14..19: X, Y.
 inline void fillResults(InMemoryWorksheet& sheet) {
   const char* labels[] = {"", "LP", "Min", "Max", "UP", "Median", "Mean", "SE", "Cum %"};
-  const double values[][3] = {{3, 4, 2},       {1, 2, 0.5},     {9.1, 8, 6},     {7, 6.5, 4},
-                              {5, 5, 3},       {5.2, 5.1, 3.1}, {0.8, 0.6, 0.4}, {30, 70, 100}};
+  const double values[][3] = {{3, 4, 2}, {1, 2, 0.5},     {9.1, 8, 6},     {7, 6.5, 4},
+                              {5, 5, 3}, {5.2, 5.1, 3.1}, {0.8, 0.6, 0.4}, {30, 70, 100}};
   const char* names[] = {"Alpha", "Beta", "Gamma"};
   for (int r = 1; r < 9; ++r) sheet.storeRaw(r + 1, 1, CellValue(labels[r]));
   for (int c = 0; c < 3; ++c) {
@@ -106,7 +106,8 @@ inline ChartModel boxPlot(const InMemoryWorksheet& sheet, double left, double to
 
 // Plus amounts from the SE row; minus amounts from cells too, or as literal distances.
 inline ChartModel errorPlot(const InMemoryWorksheet& sheet, double left, double top, bool literalMinus) {
-  ChartModel c = chart(literalMinus ? "Chart 3" : "Chart 2", "Mean with standard error", ChartKind::LineMarkers, left, top, 200);
+  ChartModel c =
+      chart(literalMinus ? "Chart 3" : "Chart 2", "Mean with standard error", ChartKind::LineMarkers, left, top, 200);
   SeriesModel s = series(sheet, 7);
   s.line = false;
   s.marker = MarkerSymbol::Diamond;
@@ -175,7 +176,8 @@ inline std::vector<ChartModel> allCharts(const InMemoryWorksheet& sheet) {
 
 // Records `model` through the sheet's chart objects, as a chart builder does (the object keeps its name).
 inline void record(InMemoryWorksheet& sheet, const ChartModel& model) {
-  auto& object = dynamic_cast<InMemoryChartObject&>(sheet.chartObjects().Add(model.left, model.top, model.width, model.height));
+  auto& object =
+      dynamic_cast<InMemoryChartObject&>(sheet.chartObjects().Add(model.left, model.top, model.width, model.height));
   const std::string name = object.model().name;
   object.model() = model;
   object.model().name = name;

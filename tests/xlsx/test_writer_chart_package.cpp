@@ -38,7 +38,8 @@ class ChartPackage : public ::testing::Test {
 };
 
 TEST_F(ChartPackage, PartsRelationshipsAndContentTypes) {
-  EXPECT_EQ(texts(part("xl/worksheets/sheet2.xml").document_element(), "//drawing/@r:id"), std::vector<std::string>{"rId1"});
+  EXPECT_EQ(texts(part("xl/worksheets/sheet2.xml").document_element(), "//drawing/@r:id"),
+            std::vector<std::string>{"rId1"});
   EXPECT_EQ(texts(part("xl/worksheets/_rels/sheet2.xml.rels").document_element(), "//Relationship/@Target"),
             std::vector<std::string>{"../drawings/drawing1.xml"});
   EXPECT_EQ(texts(part("xl/drawings/_rels/drawing1.xml.rels").document_element(), "//Relationship/@Target"),
@@ -63,9 +64,10 @@ TEST_F(ChartPackage, AnchorsWalkRowHeightsInEmu) {
     }
     anchors.push_back(line);
   }
-  EXPECT_EQ(anchors, (std::vector<std::string>{"Chart 1 2 5 0 0 0 2540000 2286000 ", "Chart 2 3 5 0 12 38100 2540000 2540000 ",
-                                               "Chart 3 4 5 0 25 76200 2540000 2540000 ", "Chart 4 5 11 0 0 0 2540000 2540000 ",
-                                               "Chart 5 6 11 0 13 0 3810000 2540000 "}));
+  EXPECT_EQ(anchors,
+            (std::vector<std::string>{"Chart 1 2 5 0 0 0 2540000 2286000 ", "Chart 2 3 5 0 12 38100 2540000 2540000 ",
+                                      "Chart 3 4 5 0 25 76200 2540000 2540000 ", "Chart 4 5 11 0 0 0 2540000 2540000 ",
+                                      "Chart 5 6 11 0 13 0 3810000 2540000 "}));
 }
 
 TEST_F(ChartPackage, BoxPlotIsAStockChartWithMediansOnDeletedSecondaryAxis) {
@@ -104,7 +106,8 @@ TEST_F(ChartPackage, ScatterAndHistogramGroupsAndAxes) {
   const pugi::xml_document scatter = part("xl/charts/chart4.xml");
   EXPECT_EQ(texts(scatter.document_element(), "//c:scatterChart/c:ser/c:xVal/c:numRef/c:f"),
             std::vector<std::string>{"'Results & O''Neil'!$A$14:$A$19"});
-  EXPECT_EQ(texts(scatter.document_element(), "//c:valAx/c:scaling/c:min/@val"), (std::vector<std::string>{"-1", "-1"}));
+  EXPECT_EQ(texts(scatter.document_element(), "//c:valAx/c:scaling/c:min/@val"),
+            (std::vector<std::string>{"-1", "-1"}));
   EXPECT_TRUE(scatter.select_node("//c:catAx").node().empty());
 
   const pugi::xml_document histogram = part("xl/charts/chart5.xml");
@@ -124,7 +127,8 @@ TEST_F(ChartPackage, ScatterAndHistogramGroupsAndAxes) {
 // with the sheet's own prefix; a <drawing> whose relationship leads nowhere is reused.
 TEST(ChartSheetPart, DrawingElementTakesItsSchemaPlace) {
   const std::string head = R"(<x:worksheet xmlns:x="http://schemas.openxmlformats.org/spreadsheetml/2006/main">)";
-  const std::string margins = R"(<x:sheetData/><x:pageMargins left="1" right="1" top="1" bottom="1" header="0" footer="0"/>)";
+  const std::string margins =
+      R"(<x:sheetData/><x:pageMargins left="1" right="1" top="1" bottom="1" header="0" footer="0"/>)";
   const std::string drawing =
       R"(<x:drawing xmlns:r="http://schemas.openxmlformats.org/officeDocument/2006/relationships" r:id="rId1"/>)";
   const std::tuple<const char*, std::string, std::string> rows[] = {
@@ -160,8 +164,9 @@ TEST(ChartWorkbook, NewAndAppendedSheetsGetTheirCharts) {
 
   const ZipContents first = readZip(folder / "new.xlsx");
   EXPECT_EQ(first.at("xl/worksheets/_rels/sheet1.xml.rels"), "");  // the data sheet has no charts
-  EXPECT_EQ(texts(parseXml(first.at("xl/drawings/_rels/drawing1.xml.rels")).document_element(), "//Relationship/@Target"),
-            (std::vector<std::string>{"../charts/chart1.xml", "../charts/chart2.xml"}));
+  EXPECT_EQ(
+      texts(parseXml(first.at("xl/drawings/_rels/drawing1.xml.rels")).document_element(), "//Relationship/@Target"),
+      (std::vector<std::string>{"../charts/chart1.xml", "../charts/chart2.xml"}));
   EXPECT_NE(first.at("xl/worksheets/sheet2.xml").find("<drawing xmlns:r="), std::string::npos);
   EXPECT_NE(first.at("[Content_Types].xml").find("/xl/charts/chart2.xml"), std::string::npos);
 
@@ -172,11 +177,13 @@ TEST(ChartWorkbook, NewAndAppendedSheetsGetTheirCharts) {
   record(more, histogram(more, 0, 0));
   writeIntoPackage(folder / "new.xlsx", book, {{kResults, CellBlock{1, 1, 1, 1}}}, folder / "again.xlsx");
   const ZipContents second = readZip(folder / "again.xlsx");
-  EXPECT_EQ(texts(parseXml(second.at("xl/drawings/_rels/drawing1.xml.rels")).document_element(), "//Relationship/@Target"),
-            (std::vector<std::string>{"../charts/chart1.xml", "../charts/chart2.xml", "../charts/chart3.xml",
-                                      "../charts/chart4.xml"}));
-  EXPECT_EQ(texts(parseXml(second.at("xl/drawings/_rels/drawing2.xml.rels")).document_element(), "//Relationship/@Target"),
-            std::vector<std::string>{"../charts/chart5.xml"});
+  EXPECT_EQ(
+      texts(parseXml(second.at("xl/drawings/_rels/drawing1.xml.rels")).document_element(), "//Relationship/@Target"),
+      (std::vector<std::string>{"../charts/chart1.xml", "../charts/chart2.xml", "../charts/chart3.xml",
+                                "../charts/chart4.xml"}));
+  EXPECT_EQ(
+      texts(parseXml(second.at("xl/drawings/_rels/drawing2.xml.rels")).document_element(), "//Relationship/@Target"),
+      std::vector<std::string>{"../charts/chart5.xml"});
   EXPECT_NE(second.at("xl/charts/chart5.xml").find("<c:barChart>"), std::string::npos);
   EXPECT_EQ(second.at("xl/charts/chart1.xml"), first.at("xl/charts/chart1.xml"));
   const pugi::xml_document drawing = parseXml(second.at("xl/drawings/drawing1.xml"));

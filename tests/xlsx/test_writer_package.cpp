@@ -50,11 +50,9 @@ Parts originalEntries() {
        std::string(R"(<?xml version="1.0" encoding="UTF-8"?><worksheet xmlns=")") + kMainNs +
            R"("><sheetData><row r="1"><c r="A1"><f>SUM(Data!B1:B3)</f><v>13</v></c></row></sheetData></worksheet>)"},
       {"xl/styles.xml",
-       std::string(R"(<?xml version="1.0" encoding="UTF-8"?><styleSheet xmlns=")") + kMainNs +
-           R"("><fonts count="1"><font><sz val="10"/><name val="Arial"/></font></fonts><fills count="2"><fill><patternFill patternType="none"/></fill><fill><patternFill patternType="gray125"/></fill></fills><borders count="1"><border/></borders><cellStyleXfs count="1"><xf numFmtId="0" fontId="0" fillId="0" borderId="0"/></cellStyleXfs><cellXfs count="2"><xf numFmtId="0" fontId="0" fillId="0" borderId="0" xfId="0"/><xf numFmtId="3" fontId="0" fillId="0" borderId="0" xfId="0" applyNumberFormat="1"/></cellXfs></styleSheet>)"},
-      {"xl/sharedStrings.xml",
-       std::string(R"(<?xml version="1.0" encoding="UTF-8"?><sst xmlns=")") + kMainNs +
-           R"(" count="1" uniqueCount="1"><si><t>Name</t></si></sst>)"},
+       std::string(R"(<?xml version="1.0" encoding="UTF-8"?><styleSheet xmlns=")") + kMainNs + R"("><fonts count="1"><font><sz val="10"/><name val="Arial"/></font></fonts><fills count="2"><fill><patternFill patternType="none"/></fill><fill><patternFill patternType="gray125"/></fill></fills><borders count="1"><border/></borders><cellStyleXfs count="1"><xf numFmtId="0" fontId="0" fillId="0" borderId="0"/></cellStyleXfs><cellXfs count="2"><xf numFmtId="0" fontId="0" fillId="0" borderId="0" xfId="0"/><xf numFmtId="3" fontId="0" fillId="0" borderId="0" xfId="0" applyNumberFormat="1"/></cellXfs></styleSheet>)"},
+      {"xl/sharedStrings.xml", std::string(R"(<?xml version="1.0" encoding="UTF-8"?><sst xmlns=")") + kMainNs +
+                                   R"(" count="1" uniqueCount="1"><si><t>Name</t></si></sst>)"},
       {"xl/vbaProject.bin", std::string("\xD0\xCF\x11\xE0 binary \0 payload", 22)},
   };
 }
@@ -83,7 +81,8 @@ class WriterPackage : public ::testing::Test {
     data.setCellFormat(2, 3, CellFormat{"0.00", false, 11.0, 3, 19, HAlign::Right});
     InMemoryWorksheet& results = book_->addSheet("Results");
     results.storeRaw(1, 1, CellValue("Count"));
-    results.setCellFormat(1, 1, CellFormat{"General", true, 11.0, kColorIndexAutomatic, kColorIndexNone, HAlign::General});
+    results.setCellFormat(1, 1,
+                          CellFormat{"General", true, 11.0, kColorIndexAutomatic, kColorIndexNone, HAlign::General});
     results.storeRaw(1, 2, CellValue(3.0));
     results.Activate();
   }
@@ -112,24 +111,31 @@ TEST_F(WriterPackage, ResultsJoinThePackageLeavingEverythingElseAsItWas) {
   const std::string& workbook = out.at("xl/workbook.xml");
   EXPECT_NE(workbook.find(R"(mc:Ignorable="x15")"), std::string::npos);
   EXPECT_NE(workbook.find(R"(<x:definedName name="Total">Calc!$A$1</x:definedName>)"), std::string::npos);
-  EXPECT_NE(workbook.find(R"(<x:sheet xmlns:r=")" + kRelNs + R"(" name="Results" sheetId="8" r:id="rId6"/></x:sheets>)"),
-            std::string::npos)
+  EXPECT_NE(
+      workbook.find(R"(<x:sheet xmlns:r=")" + kRelNs + R"(" name="Results" sheetId="8" r:id="rId6"/></x:sheets>)"),
+      std::string::npos)
       << workbook;
   EXPECT_NE(workbook.find(R"(<x:workbookView activeTab="2"/>)"), std::string::npos);
-  EXPECT_NE(out.at("xl/_rels/workbook.xml.rels").find(R"(Id="rId6" Type=")" + kRelNs + R"(/worksheet" Target="worksheets/sheet3.xml")"),
+  EXPECT_NE(out.at("xl/_rels/workbook.xml.rels")
+                .find(R"(Id="rId6" Type=")" + kRelNs + R"(/worksheet" Target="worksheets/sheet3.xml")"),
             std::string::npos);
-  EXPECT_NE(out.at("[Content_Types].xml").find(R"(<Override PartName="/xl/worksheets/sheet3.xml" ContentType="application/vnd.openxmlformats-officedocument.spreadsheetml.worksheet+xml"/>)"),
-            std::string::npos);
+  EXPECT_NE(
+      out.at("[Content_Types].xml")
+          .find(
+              R"(<Override PartName="/xl/worksheets/sheet3.xml" ContentType="application/vnd.openxmlformats-officedocument.spreadsheetml.worksheet+xml"/>)"),
+      std::string::npos);
   // Exactly one selected tab: the new sheet's. Its text cells are inline: the shared strings stay.
   const std::string& results = out.at("xl/worksheets/sheet3.xml");
   EXPECT_NE(results.find(R"(<sheetView tabSelected="1" workbookViewId="0"/>)"), std::string::npos);
-  EXPECT_NE(results.find(R"(<c r="A1" s="2" t="inlineStr"><is><t>Count</t></is></c><c r="B1"><v>3</v></c>)"), std::string::npos)
+  EXPECT_NE(results.find(R"(<c r="A1" s="2" t="inlineStr"><is><t>Count</t></is></c><c r="B1"><v>3</v></c>)"),
+            std::string::npos)
       << results;
 
   const pugi::xml_document sheet = parseXml(out.at("xl/worksheets/sheet1.xml"));
   EXPECT_FALSE(sheet.select_node("//sheetView/@tabSelected"));
   std::vector<std::string> row2;
-  for (pugi::xml_node c : sheet.select_node("//row[@r='2']").node().children("c")) row2.push_back(c.attribute("r").value());
+  for (pugi::xml_node c : sheet.select_node("//row[@r='2']").node().children("c"))
+    row2.push_back(c.attribute("r").value());
   EXPECT_EQ(row2, (std::vector<std::string>{"A2", "B2", "C2", "D2"}));
   EXPECT_FALSE(sheet.select_node("//row[@r='2']/@spans"));
   EXPECT_TRUE(sheet.select_node("//row[@r='1']/@spans"));  // untouched rows keep their hint
@@ -141,7 +147,8 @@ TEST_F(WriterPackage, ResultsJoinThePackageLeavingEverythingElseAsItWas) {
   // The styles of the original stay at their indices; the new ones follow.
   const pugi::xml_document styles = parseXml(out.at("xl/styles.xml"));
   const std::string c2Style = sheet.select_node("//c[@r='C2']").node().attribute("s").value();
-  const pugi::xml_node xf = styles.select_node(("/styleSheet/cellXfs/xf[" + std::to_string(std::stoi(c2Style) + 1) + "]").c_str()).node();
+  const pugi::xml_node xf =
+      styles.select_node(("/styleSheet/cellXfs/xf[" + std::to_string(std::stoi(c2Style) + 1) + "]").c_str()).node();
   EXPECT_STREQ(styles.select_node("/styleSheet/cellXfs/xf[2]").node().attribute("numFmtId").value(), "3");
   EXPECT_STREQ(xf.attribute("numFmtId").value(), "2");
   EXPECT_STREQ(xf.child("alignment").attribute("horizontal").value(), "right");
@@ -214,9 +221,15 @@ TEST_F(WriterPackage, FailuresLeaveNoTemporaryFileAndNameTheCause) {
   fs::permissions(locked, fs::perms::owner_read | fs::perms::owner_exec);
   std::ofstream(folder_ / "text.xlsx") << "a,b\n1,2\n";
   const std::tuple<const char*, std::function<void()>, const char*, const char*> rows[] = {
-      {"unknown sheet", [&] { writeIntoPackage(folder_ / "in.xlsm", *book_, {{"Nope", CellBlock{}}}, folder_ / "o.xlsx"); }, "Save", "\"Nope\""},
-      {"missing original", [&] { writeIntoPackage(folder_ / "none.xlsx", *book_, {}, folder_ / "o.xlsx"); }, "Save", "none.xlsx"},
-      {"original is no zip", [&] { writeIntoPackage(folder_ / "text.xlsx", *book_, {}, folder_ / "o.xlsx"); }, "Save", "text.xlsx\" cannot be opened as a package (Not a zip archive)"},
+      {"unknown sheet",
+       [&] {
+         writeIntoPackage(folder_ / "in.xlsm", *book_, {{"Nope", CellBlock{}}}, folder_ / "o.xlsx");
+       },
+       "Save", "\"Nope\""},
+      {"missing original", [&] { writeIntoPackage(folder_ / "none.xlsx", *book_, {}, folder_ / "o.xlsx"); }, "Save",
+       "none.xlsx"},
+      {"original is no zip", [&] { writeIntoPackage(folder_ / "text.xlsx", *book_, {}, folder_ / "o.xlsx"); }, "Save",
+       "text.xlsx\" cannot be opened as a package (Not a zip archive)"},
       {"read-only folder", [&] { writeNewWorkbook(*book_, locked / "o.xlsx"); }, "SaveAs", "o.xlsx"},
   };
   for (const auto& [what, write, procedure, named] : rows) {

@@ -8,8 +8,9 @@
 namespace orv::test {
 namespace {
 
-CellFormat format(std::string numberFormat, bool bold = false, double size = 11.0, std::int32_t font = kColorIndexAutomatic,
-                  std::int32_t interior = kColorIndexNone, HAlign align = HAlign::General) {
+CellFormat format(std::string numberFormat, bool bold = false, double size = 11.0,
+                  std::int32_t font = kColorIndexAutomatic, std::int32_t interior = kColorIndexNone,
+                  HAlign align = HAlign::General) {
   return CellFormat{std::move(numberFormat), bold, size, font, interior, align};
 }
 
@@ -41,7 +42,8 @@ TEST(WriterStyles, EqualFormatsShareOneEntryWithTheirFontFillAlignmentAndCode) {
   EXPECT_STREQ(font.child("sz").attribute("val").value(), "8");
   EXPECT_STREQ(font.child("color").attribute("indexed").value(), "10");  // colour index 3 = palette 10
   EXPECT_STREQ(font.child("name").attribute("val").value(), "Calibri");
-  EXPECT_STREQ(d.select_node("/styleSheet/fills/fill[3]/patternFill/fgColor").node().attribute("indexed").value(), "26");
+  EXPECT_STREQ(d.select_node("/styleSheet/fills/fill[3]/patternFill/fgColor").node().attribute("indexed").value(),
+               "26");
   EXPECT_STREQ(entry.attribute("fillId").value(), "2");
   EXPECT_STREQ(entry.child("alignment").attribute("horizontal").value(), "center");
   EXPECT_STREQ(d.document_element().first_child().name(), "numFmts");  // first, as the schema's sequence demands
@@ -63,9 +65,11 @@ TEST(WriterStyles, AppendsToAUserPartKeepingItsPrefixAndEntries) {
   const std::string out = styles.xml();
   EXPECT_NE(out.find(R"(mc:Ignorable="x14ac")"), std::string::npos);
   EXPECT_NE(out.find(R"(<x:numFmt numFmtId="171" formatCode="0.0000"/>)"), std::string::npos) << out;
-  EXPECT_NE(out.find(R"(<x:font><x:b/><x:sz val="11"/><x:color theme="1"/><x:name val="Arial"/></x:font>)"), std::string::npos)
+  EXPECT_NE(out.find(R"(<x:font><x:b/><x:sz val="11"/><x:color theme="1"/><x:name val="Arial"/></x:font>)"),
+            std::string::npos)
       << out;
-  EXPECT_NE(out.find(R"(<x:cellXfs count="4"><x:xf numFmtId="0" fontId="0" fillId="0" borderId="0"/>)"), std::string::npos);
+  EXPECT_NE(out.find(R"(<x:cellXfs count="4"><x:xf numFmtId="0" fontId="0" fillId="0" borderId="0"/>)"),
+            std::string::npos);
   EXPECT_NE(out.find(R"(<x:numFmts count="2">)"), std::string::npos);
 }
 

@@ -67,7 +67,8 @@ TEST(WriterTools, SchemaAndPackageChecksPass) {
   ASSERT_TRUE(onPath("xmllint")) << "xmllint is missing: install the Debian package libxml2-utils";
   ASSERT_TRUE(onPath("unzip")) << "unzip is missing: install the Debian package unzip";
   const std::filesystem::path tools = xlsxToolsFolder();
-  const bool found = std::filesystem::exists(tools / "validate-xlsx") && std::filesystem::exists(tools / "xlsx-inspect");
+  const bool found =
+      std::filesystem::exists(tools / "validate-xlsx") && std::filesystem::exists(tools / "xlsx-inspect");
   // The schema tools and the schemas come with the team's shared folder beside the checkout, not
   // from a Debian package: a fresh clone without it cannot run this check. CI requires it.
   if (!found && std::getenv("ORV_REQUIRE_XLSX_TOOLS") == nullptr) {

@@ -69,7 +69,7 @@ std::string bashCommandBranch(const CommandHelp& help) {
   return branch + words + "      ;;\n";
 }
 
-// zsh: an _arguments specification for an entry, one per name.
+// zsh: an _arguments entry for an option, one per name.
 std::string zshDescription(const std::string& text) {
   std::string out;
   for (const char c : text) {
@@ -100,13 +100,13 @@ std::string zshSpecs(const CommandHelp& help) {
       continue;
     }
     for (const std::string& name : entry->names) {
-      std::string spec = name + "[" + zshDescription(entry->description) + "]";
+      std::string argument = name + "[" + zshDescription(entry->description) + "]";
       if (!value.empty()) {
         const bool optional = value.front() == '[';
         const std::string shown = optional ? value.substr(1, value.size() - 2) : value;
-        spec += (optional ? "::" : ":") + shown + ":" + zshAction(*entry);
+        argument += (optional ? "::" : ":") + shown + ":" + zshAction(*entry);
       }
-      specs += "        " + singleQuoted(spec) + " \\\n";
+      specs += "        " + singleQuoted(argument) + " \\\n";
     }
   }
   return specs;

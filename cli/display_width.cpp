@@ -4,6 +4,8 @@
 #include <array>
 #include <cstdint>
 
+#include "frame/utf8.h"
+
 namespace orv::cli {
 namespace {
 
@@ -53,32 +55,6 @@ bool inRanges(const std::array<CodeRange, N>& ranges, char32_t c) {
   return it != ranges.begin() && c <= std::prev(it)->last;
 }
 
-// Decodes one character at `at` and moves past it; a byte that starts no valid sequence is
-// returned as itself with its own length of one.
-char32_t nextCharacter(std::string_view text, std::size_t& at) {
-  const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
-  const unsigned char lead = byte(at);
-  const std::size_t length = lead < 0x80           ? 1
-                             : (lead >> 5) == 0x6  ? 2
-                             : (lead >> 4) == 0xE  ? 3
-                             : (lead >> 3) == 0x1E ? 4
-                                                   : 0;
-  if (length <= 1 || at + length > text.size()) {
-    ++at;
-    return lead;
-  }
-  char32_t c = lead & (0x7F >> length);
-  for (std::size_t i = 1; i < length; ++i) {
-    if ((byte(at + i) & 0xC0) != 0x80) {
-      ++at;
-      return lead;
-    }
-    c = (c << 6) | (byte(at + i) & 0x3F);
-  }
-  at += length;
-  return c;
-}
-
 std::size_t characterWidth(char32_t c) {
   if (c < 0x300) return 1;
   if (inRanges(kZeroWidth, c)) return 0;
@@ -89,7 +65,7 @@ std::size_t characterWidth(char32_t c) {
 
 std::size_t displayWidth(std::string_view text) {
   std::size_t width = 0;
-  for (std::size_t at = 0; at < text.size();) width += characterWidth(nextCharacter(text, at));
+  for (std::size_t at = 0; at < text.size();) width += characterWidth(nextCodePoint(text, at));
   return width;
 }
 

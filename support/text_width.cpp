@@ -3,6 +3,8 @@
 #include <array>
 #include <cstdint>
 
+#include "frame/utf8.h"
+
 namespace orv {
 namespace {
 
@@ -62,33 +64,11 @@ std::uint16_t advance(char32_t c, bool bold) {
   return kDigit;
 }
 
-// The code point that starts at `at`, and where the next one starts. A byte that starts no valid
-// sequence stands for itself.
-char32_t decode(std::string_view text, std::size_t& at) {
-  const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
-  const unsigned char lead = byte(at);
-  std::size_t length = lead < 0x80 ? 1 : (lead >> 5) == 0x6 ? 2 : (lead >> 4) == 0xE ? 3 : (lead >> 3) == 0x1E ? 4 : 0;
-  if (length == 0 || at + length > text.size()) {
-    ++at;
-    return lead;
-  }
-  char32_t c = length == 1 ? lead : lead & (0x7F >> length);
-  for (std::size_t i = 1; i < length; ++i) {
-    if ((byte(at + i) & 0xC0) != 0x80) {
-      ++at;
-      return lead;
-    }
-    c = (c << 6) | (byte(at + i) & 0x3F);
-  }
-  at += length;
-  return c;
-}
-
 }  // namespace
 
 double textWidthPoints(std::string_view utf8, double fontSize, bool bold) {
   double units = 0;
-  for (std::size_t at = 0; at < utf8.size();) units += advance(decode(utf8, at), bold);
+  for (std::size_t at = 0; at < utf8.size();) units += advance(nextCodePoint(utf8, at), bold);
   return units / kUnitsPerEm * fontSize;
 }
 

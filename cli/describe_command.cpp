@@ -149,6 +149,49 @@ int run(const DescribeOptions& o) {
   return runAnalysis(o.files, request);
 }
 
+// The box plot's and the error plot's options; each shapes its chart only, so it needs the
+// flag that draws that chart.
+void addChartOptions(CLI::App& cmd, DescribeOptions& o) {
+  CLI::Option* boxPlot =
+      cmd.add_flag("--box-plot", o.boxPlot,
+                   "draw a box-and-whisker chart (median, percentiles, minimum, maximum) beside the table")
+          ->group(kChartsGroup);
+  cmd.add_option("--box-title", o.boxTitle, "title of the box plot")
+      ->type_name("TEXT")
+      ->group(kChartsGroup)
+      ->needs(boxPlot);
+  cmd.add_option("--box-y-title", o.boxYTitle, "title of the box plot's value axis")
+      ->type_name("TEXT")
+      ->group(kChartsGroup)
+      ->needs(boxPlot);
+  CLI::Option* errorPlot =
+      cmd.add_flag("--error-plot", o.errorPlot, "draw each column's centre with error bars beside the table")
+          ->group(kChartsGroup);
+  cmd.add_option("--error-title", o.errorTitle, "title of the error plot")
+      ->type_name("TEXT")
+      ->group(kChartsGroup)
+      ->needs(errorPlot);
+  cmd.add_option("--error-y-title", o.errorYTitle, "title of the error plot's value axis")
+      ->type_name("TEXT")
+      ->group(kChartsGroup)
+      ->needs(errorPlot);
+  const std::vector<std::string> centres = {"Mean", "Median"};
+  setChoices(cmd.add_option("--error-centre", o.errorCentre, "the plotted centre: Mean or Median (default Mean)")
+                 ->type_name("CENTRE")
+                 ->group(kChartsGroup)
+                 ->needs(errorPlot)
+                 ->check(oneOf("--error-centre", centres)),
+             centres);
+  setChoices(cmd.add_option("--error-bars", o.errorBars,
+                            "what the bars show: \"Standard Error\" (default), \"Standard Deviation\", "
+                            "Variance, Range, \"Interpercentile Range\" or \"Confidence Limits\"")
+                 ->type_name("KIND")
+                 ->group(kChartsGroup)
+                 ->needs(errorPlot)
+                 ->check(oneOf("--error-bars", kErrorBars)),
+             kErrorBars);
+}
+
 }  // namespace
 
 void addDescribeCommand(CLI::App& app, int& exitCode) {
@@ -202,44 +245,7 @@ Charts stand beside the table in the written workbook, the error plot below the 
                          ->type_name("K")
                          ->group(kStatisticsGroup)
                          ->check(wholeNumberFrom("--smallest", "a whole number", 1));
-  CLI::Option* boxPlot =
-      cmd->add_flag("--box-plot", o.boxPlot,
-                    "draw a box-and-whisker chart (median, percentiles, minimum, maximum) beside the table")
-          ->group(kChartsGroup);
-  cmd->add_option("--box-title", o.boxTitle, "title of the box plot")
-      ->type_name("TEXT")
-      ->group(kChartsGroup)
-      ->needs(boxPlot);
-  cmd->add_option("--box-y-title", o.boxYTitle, "title of the box plot's value axis")
-      ->type_name("TEXT")
-      ->group(kChartsGroup)
-      ->needs(boxPlot);
-  CLI::Option* errorPlot =
-      cmd->add_flag("--error-plot", o.errorPlot, "draw each column's centre with error bars beside the table")
-          ->group(kChartsGroup);
-  cmd->add_option("--error-title", o.errorTitle, "title of the error plot")
-      ->type_name("TEXT")
-      ->group(kChartsGroup)
-      ->needs(errorPlot);
-  cmd->add_option("--error-y-title", o.errorYTitle, "title of the error plot's value axis")
-      ->type_name("TEXT")
-      ->group(kChartsGroup)
-      ->needs(errorPlot);
-  const std::vector<std::string> centres = {"Mean", "Median"};
-  setChoices(cmd->add_option("--error-centre", o.errorCentre, "the plotted centre: Mean or Median (default Mean)")
-                 ->type_name("CENTRE")
-                 ->group(kChartsGroup)
-                 ->needs(errorPlot)
-                 ->check(oneOf("--error-centre", centres)),
-             centres);
-  setChoices(cmd->add_option("--error-bars", o.errorBars,
-                             "what the bars show: \"Standard Error\" (default), \"Standard Deviation\", "
-                             "Variance, Range, \"Interpercentile Range\" or \"Confidence Limits\"")
-                 ->type_name("KIND")
-                 ->group(kChartsGroup)
-                 ->needs(errorPlot)
-                 ->check(oneOf("--error-bars", kErrorBars)),
-             kErrorBars);
+  addChartOptions(*cmd, o);
   cmd->callback([options, &exitCode] { exitCode = run(*options); });
 }
 

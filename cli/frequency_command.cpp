@@ -149,6 +149,37 @@ int run(const FrequencyOptions& o) {
   return runAnalysis(o.files, request);
 }
 
+// The histogram's options: each shapes the chart only, so it needs --histogram.
+void addHistogramOptions(CLI::App& cmd, FrequencyOptions& o) {
+  CLI::Option* histogram =
+      cmd.add_flag("--histogram", o.histogram.plot,
+                   "draw a histogram of the counts beside the tables (bins are proposed when none are given)")
+          ->group(kChartsGroup);
+  cmd.add_flag("--normal,!--no-normal", o.histogram.normal,
+               "draw the normal curve over the histogram (default on; --no-normal leaves it out)")
+      ->group(kChartsGroup)
+      ->needs(histogram);
+  cmd.add_flag("--cumulative", o.histogram.cumulative, "draw the cumulative percentage too")
+      ->group(kChartsGroup)
+      ->needs(histogram);
+  cmd.add_flag("--start-points", o.startPoints,
+               "label the histogram's categories by their start values instead of \"from - to\"")
+      ->group(kChartsGroup)
+      ->needs(histogram);
+  cmd.add_option("--title", o.histogram.title, "title of the histogram")
+      ->type_name("TEXT")
+      ->group(kChartsGroup)
+      ->needs(histogram);
+  cmd.add_option("--x-title", o.histogram.xTitle, "title of the histogram's category axis")
+      ->type_name("TEXT")
+      ->group(kChartsGroup)
+      ->needs(histogram);
+  cmd.add_option("--y-title", o.histogram.yTitle, "title of the histogram's count axis")
+      ->type_name("TEXT")
+      ->group(kChartsGroup)
+      ->needs(histogram);
+}
+
 }  // namespace
 
 void addFrequencyCommand(CLI::App& app, int& exitCode) {
@@ -192,32 +223,7 @@ Examples:
                 "textbook arithmetic: whole sheet columns, and empty cells counted nowhere in binned "
                 "tables either (see README)")
       ->group(kStatisticsGroup);
-  CLI::Option* histogram =
-      cmd->add_flag("--histogram", o.histogram.plot,
-                    "draw a histogram of the counts beside the tables (bins are proposed when none are given)")
-          ->group(kChartsGroup);
-  cmd->add_flag("--normal,!--no-normal", o.histogram.normal,
-                "draw the normal curve over the histogram (default on; --no-normal leaves it out)")
-      ->group(kChartsGroup)
-      ->needs(histogram);
-  cmd->add_flag("--cumulative", o.histogram.cumulative, "draw the cumulative percentage too")
-      ->group(kChartsGroup)
-      ->needs(histogram);
-  cmd->add_flag("--start-points", o.startPoints,
-                "label the histogram's categories by their start values instead of \"from - to\"")
-      ->group(kChartsGroup);
-  cmd->add_option("--title", o.histogram.title, "title of the histogram")
-      ->type_name("TEXT")
-      ->group(kChartsGroup)
-      ->needs(histogram);
-  cmd->add_option("--x-title", o.histogram.xTitle, "title of the histogram's category axis")
-      ->type_name("TEXT")
-      ->group(kChartsGroup)
-      ->needs(histogram);
-  cmd->add_option("--y-title", o.histogram.yTitle, "title of the histogram's count axis")
-      ->type_name("TEXT")
-      ->group(kChartsGroup)
-      ->needs(histogram);
+  addHistogramOptions(*cmd, o);
   cmd->callback([options, &exitCode] { exitCode = run(*options); });
 }
 

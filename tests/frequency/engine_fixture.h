@@ -1,6 +1,7 @@
 #pragma once
 // Shared by the clsFreqBO tests: arrays from literals, their text forms, an analysed engine.
 
+#include <algorithm>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -25,13 +26,26 @@ inline Texts textsOf(const ValueArray1D& values) {
   for (const CellValue& v : values.items()) out.push_back(toText(v));
   return out;
 }
+// The categories with their counts, "value:count" joined by blanks: the table in one line.
+inline std::string tableOf(const clsFreqBO& bo) {
+  const Texts values = textsOf(bo.Values());
+  const Counts counts = bo.Counts().items();
+  std::string out;
+  for (std::size_t i = 0; i < std::max(values.size(), counts.size()); ++i) {
+    out += (i > 0 ? " " : "") + (i < values.size() ? values[i] : "?") + ":" +
+           (i < counts.size() ? std::to_string(counts[i]) : "?");
+  }
+  return out;
+}
 // Data, optional weights (none: each weighs 1) and bins (none: distinct values), analysed.
 struct Analysis {
   Cells data, weights, bins;
   std::int32_t dataType = 0;
+  bool textbook = false;
 };
 inline clsFreqBO analysed(const Analysis& a) {
   clsFreqBO bo;
+  bo.Textbook(a.textbook);
   bo.DataType(a.dataType);
   bo.Data(cells(a.data));
   if (!a.weights.empty()) bo.Frequencies(cells(a.weights));

@@ -4,7 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -29,7 +31,22 @@ inline ValueArray2D columnOf(const std::vector<double>& values) {
 inline ValueArray2D repeated(std::int32_t n, double x) {
   return columnOf(std::vector<double>(static_cast<std::size_t>(n), x));
 }
+inline std::vector<double> shifted(std::vector<double> data, double by) {
+  for (double& x : data) x += by;
+  return data;
+}
 inline bool isDash(const CellValue& v) { return v.isText() && v.text() == "-"; }
+// The number a statistic gave; NaN, which no comparison accepts, for "-" or any other text.
+inline double numberOf(const CellValue& v) { return v.isNumber() ? v.number() : std::nan(""); }
+// The textbook value of a note of this rule; NaN when there is no note.
+inline double noted(const std::optional<KeptRuleEffect>& note, KeptRule rule) {
+  EXPECT_TRUE(note.has_value());
+  if (!note) return std::nan("");
+  EXPECT_EQ(note->rule, rule);
+  return note->textbook;
+}
+// The relative distance of a from b.
+inline double relative(double a, double b) { return std::fabs(a - b) / std::fabs(b); }
 inline std::string source(const char* procedure) {
   return std::string("Line 0 in ORVDescriptives.clsDSBO.") + procedure;
 }

@@ -22,6 +22,8 @@ inline clsDSCircBO engineOf(const std::vector<double>& degrees) {
   bo.Data(array(Cells(degrees.begin(), degrees.end())));
   return bo;
 }
+// The number a statistic gave; NaN, which no comparison accepts, for "n/a" or any other text.
+inline double numberOf(const CellValue& v) { return v.isNumber() ? v.number() : std::nan(""); }
 inline std::string source(const std::string& where) { return "Line 0 in ORVDescriptives." + where; }
 
 }  // namespace orv::test

@@ -120,24 +120,5 @@ TEST_F(DriverTest, AFailingColumnIsRecordedBesideTheUnchangedError) {
   EXPECT_FALSE(fine.failure().has_value());
 }
 
-// The row count of the input is the host's, in 32 bits; the 16-bit limit is on observations.
-TEST_F(DriverTest, ThirtyTwoThousandSevenHundredSixtySevenObservationsUnderAHeaderAreDescribed) {
-  data.storeRaw(1, 1, "Depth");
-  for (std::int32_t r = 2; r <= 32769; ++r) data.storeRaw(r, 1, 1.0);
-  clsDS ds;
-  ds.Headers(true);
-  ds.GetMean(true);
-  ds.GetCount(true);
-  ds.InputRange("A1:A32768");
-  ds.Results();
-  EXPECT_EQ(down(lastSheet(), 2, 5, 6), (Cells{1.0, 32767.0}));
-  ds.InputRange("Data!A1:A32769");
-  const ComponentError e = errorOf([&] { ds.Results(true); });
-  EXPECT_EQ(e.number(), err::kOverflow) << e.description();
-  ASSERT_TRUE(ds.failure().has_value());
-  EXPECT_EQ(ds.failure()->cells.AddressWithSheet(), "Data!$A$2:$A$32769");
-  EXPECT_EQ(ds.failure()->step, "Mean");
-}
-
 }  // namespace
 }  // namespace orv::test

@@ -84,24 +84,20 @@ TEST_F(CircularTest, NoInputAndUnresolvableReferences) {
 
 // A failure that already names a line gets each procedure's name appended on its way up.
 TEST_F(CircularTest, FailuresWriteNothingAndNameTheirSource) {
+  const std::string results = source("clsDSCirc.Results"), mean = source("clsDSCircBO.Mean.GetResults.Results");
   const struct {
     Cells cells;  // column B, beside a good column A: every column is tested
     std::int32_t number;
     std::string source;
-    std::string failedName;  // the column failure recorded beside the error; empty for none
-    std::string failedCells;
+    std::string failedName, failedCells;  // the column failure recorded beside the error; empty for none
   } rows[] = {
-      {{"Bearing", 0.0, 360.5}, -2147216480, source("clsDSCirc.Results"), "", ""},
-      {{"Bearing", 10.0, -0.1}, -2147216480, source("clsDSCirc.Results"), "", ""},
-      {{400.0, 10.0, 20.0}, -2147216480, source("clsDSCirc.Results"), "", ""},  // a numeric title is tested too
+      {{"Bearing", 0.0, 360.5}, -2147216480, results, "", ""},
+      {{"Bearing", 10.0, -0.1}, -2147216480, results, "", ""},
+      {{400.0, 10.0, 20.0}, -2147216480, results, "", ""},  // a numeric title is tested too
       {{"Bearing", 10.0, "NE"}, err::kInputColumnNotNumeric, source("RangeChecks.CheckInputColumn.Results"), "", ""},
-      {{"Bearing", 0.0, 180.0},
-       err::kDivisionByZero,
-       source("clsDSCircBO.Mean.GetResults.Results"),
-       "Bearing",
-       "Data!$B$2:$B$3"},
+      {{"Bearing", 0.0, 180.0}, err::kDivisionByZero, mean, "Bearing", "Data!$B$2:$B$3"},
       // One data cell, in both columns of A1:B2: no array, and the first column is the one named.
-      {{"Bearing", 10.0}, err::kTypeMismatch, source("clsDSCircBO.Mean.GetResults.Results"), "Good", "Data!$A$2"},
+      {{"Bearing", 10.0}, err::kTypeMismatch, mean, "Good", "Data!$A$2"},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(::testing::PrintToString(row.cells));

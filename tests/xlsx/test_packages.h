@@ -180,4 +180,10 @@ inline Parts oneSheetPackage(const std::string& sheet, const std::string& shared
   return parts;
 }
 
+// A one-sheet package file holding `sheetData`, optional shared strings and the elements `before` it.
+inline fs::path sheetFile(const fs::path& where, const std::string& sheetData, const std::string& sharedStrings = "",
+                          const std::string& before = "") {
+  return writeZip(where, oneSheetPackage(sheetXml(sheetData, before), sharedStrings));
+}
+
 }  // namespace orv::test

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "frame/errors.h"
+#include "package_sources.h"
 #include "test_packages.h"
 #include "workbook/in_memory_application.h"
 #include "xlsx/package_zip.h"
@@ -61,14 +62,7 @@ class WriterPackage : public ::testing::Test {
  protected:
   void SetUp() override {
     writeZip(folder_ / "in.xlsm", originalEntries());
-    book_ = &app_.AddWorkbook("in.xlsm", {"Data", "Calc"});
-    InMemoryWorksheet& data = book_->Worksheets("Data");
-    data.storeRaw(1, 1, CellValue("Name"));
-    data.storeRaw(1, 2, CellValue(10.0));
-    data.storeRaw(2, 1, CellValue(1.0));
-    data.storeRaw(2, 4, CellValue(4.0));
-    data.storeRaw(3, 2, CellValue(3.0));
-    book_->Worksheets("Calc").storeRaw(1, 1, CellValue(13.0));
+    book_ = &loadWorkbook(app_, folder_ / "in.xlsm");
   }
 
   // The analysis: a results block B2:C2 on Data (overwriting nothing but an empty cell and
@@ -199,18 +193,7 @@ TEST_F(WriterPackage, WrittenPackagesReadBackWithTheSameValues) {
     InMemoryApplication other;
     InMemoryWorkbook& back = loadWorkbook(other, folder_ / file);
     ASSERT_EQ(back.WorksheetsCount(), 3);
-    for (std::int32_t i = 1; i <= 3; ++i) {
-      InMemoryWorksheet& expected = book_->Worksheets(i);
-      InMemoryWorksheet& actual = back.Worksheets(i);
-      EXPECT_EQ(actual.Name(), expected.Name());
-      ASSERT_EQ(actual.usedBlock(), expected.usedBlock());
-      const CellBlock used = *expected.usedBlock();
-      for (std::int32_t r = used.top; r <= used.bottom; ++r) {
-        for (std::int32_t c = used.left; c <= used.right; ++c) {
-          EXPECT_EQ(actual.cellValue(r, c), expected.cellValue(r, c)) << expected.Name() << " " << r << "," << c;
-        }
-      }
-    }
+    EXPECT_EQ(cellLines(back), cellLines(*book_));
   }
 }
 

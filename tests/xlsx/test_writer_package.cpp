@@ -192,6 +192,7 @@ TEST_F(WriterPackage, WrittenPackagesReadBackWithTheSameValues) {
     InMemoryWorkbook& back = loadWorkbook(other, folder_ / file);
     ASSERT_EQ(back.WorksheetsCount(), 3);
     EXPECT_EQ(cellLines(back), cellLines(*book_));
+    for (std::int32_t i = 1; i <= 3; ++i) EXPECT_EQ(back.Worksheets(i).usedBlock(), book_->Worksheets(i).usedBlock());
   }
 }
 

@@ -9,6 +9,7 @@ TEST(Palette, IndicesOutsideThePaletteHaveNoColour) {
   EXPECT_EQ(paletteColor(1), 0x000000u);
   EXPECT_EQ(paletteColor(15), 0xC0C0C0u);
   EXPECT_EQ(paletteRgb(22), "FF8080");
+  EXPECT_EQ(paletteRgb(56), "333333");
   for (std::int32_t index : {0, 57, -4105, -4142}) {
     SCOPED_TRACE(index);
     EXPECT_EQ(paletteColor(index), std::nullopt);

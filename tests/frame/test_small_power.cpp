@@ -5,7 +5,6 @@
 #include <cmath>
 #include <cstdint>
 #include <random>
-#include <vector>
 
 #include "frame/small_power.h"
 
@@ -21,8 +20,12 @@ void expectSameAsPow(double x) {
   for (int n : {2, 3, 4}) {
     const double want = platformPow(x, n);
     const double got = smallPower(x, n);
-    ASSERT_EQ(std::bit_cast<std::uint64_t>(got), std::bit_cast<std::uint64_t>(want))
-        << "x = " << std::hexfloat << x << ", n = " << n;
+    if (std::isnan(want)) {
+      ASSERT_TRUE(std::isnan(got)) << "x = " << x << ", n = " << n;
+    } else {
+      ASSERT_EQ(std::bit_cast<std::uint64_t>(got), std::bit_cast<std::uint64_t>(want))
+          << "x = " << std::hexfloat << x << ", n = " << n;
+    }
   }
 }
 
@@ -50,18 +53,9 @@ TEST(SmallPower, AgreesWithPowOnDataLikeValues) {
     expectSameAsPow(d / 100.0);
     expectSameAsPow(d / 1000.0);
   }
-  for (const double x :
-       std::vector<double>{0.0, -0.0, 1.0, 0.5, 134217729.0, 94906267.0, 0x1p-300, 0x1.fffffffffffffp+255, 0x1p-1074,
-                           1e-200, 1e200, 1e300, std::nan(""), HUGE_VAL, -HUGE_VAL}) {
-    for (int n : {2, 3, 4}) {
-      const double want = platformPow(x, n);
-      const double got = smallPower(x, n);
-      if (std::isnan(want)) {
-        EXPECT_TRUE(std::isnan(got));
-      } else {
-        EXPECT_EQ(std::bit_cast<std::uint64_t>(got), std::bit_cast<std::uint64_t>(want)) << x;
-      }
-    }
+  for (const double x : {0.0, -0.0, 1.0, 0.5, 134217729.0, 94906267.0, 0x1p-300, 0x1.fffffffffffffp+255, 0x1p-1074,
+                         1e-200, 1e200, 1e300, std::nan(""), HUGE_VAL, -HUGE_VAL}) {
+    expectSameAsPow(x);
   }
 }
 

@@ -147,7 +147,10 @@ void readDrawing(const ZipPackage& zip, const std::string& part, const std::stri
 
 std::vector<std::string> cellLines(const std::filesystem::path& file) {
   InMemoryApplication app;
-  InMemoryWorkbook& book = openWorkbookFile(app, file).book;
+  return cellLines(openWorkbookFile(app, file).book);
+}
+
+std::vector<std::string> cellLines(InMemoryWorkbook& book) {
   std::vector<std::string> lines;
   for (std::int32_t i = 1; i <= book.WorksheetsCount(); ++i) {
     const InMemoryWorksheet& sheet = book.Worksheets(i);

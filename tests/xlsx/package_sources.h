@@ -8,10 +8,13 @@
 #include <string>
 #include <vector>
 
+#include "workbook/in_memory_workbook.h"
+
 namespace orv::test {
 
 // "Sheet!B7 number 12.5" for every non-empty cell, sheet by sheet in tab order, row by row.
 std::vector<std::string> cellLines(const std::filesystem::path& file);
+std::vector<std::string> cellLines(InMemoryWorkbook& book);
 
 // One chart: the sheet it lies on and the cell its anchor starts in, its title, and one line per
 // series in plot order: "lineChart tx=Normal cat=Results!$B$1:$D$1 val=... plus=... minus=lit{1.6;1.1}".

@@ -13,13 +13,9 @@ namespace orv::test {
 namespace {
 
 std::string bigSheet(std::size_t rows, bool selected) {
-  std::string xml = R"(<?xml version="1.0" encoding="UTF-8" standalone="yes"?>)"
-                    R"(<worksheet xmlns=")" +
-                    kMainNs +
-                    R"(">)"
-                    R"(<sheetViews><sheetView )";
-  if (selected) xml += R"(tabSelected="1" )";
-  xml += R"(workbookViewId="0"/></sheetViews><sheetData>)";
+  std::string xml = R"(<?xml version="1.0" encoding="UTF-8" standalone="yes"?><worksheet xmlns=")" + kMainNs +
+                    R"("><sheetViews><sheetView )" + (selected ? R"(tabSelected="1" )" : "") +
+                    R"(workbookViewId="0"/></sheetViews><sheetData>)";
   std::mt19937 random(7);
   std::uniform_real_distribution<double> value(0, 1000);
   for (std::size_t r = 1; r <= rows; ++r) {

@@ -138,10 +138,12 @@ inline const std::string kMainNs = "http://schemas.openxmlformats.org/spreadshee
 inline const std::string kRelNs = "http://schemas.openxmlformats.org/officeDocument/2006/relationships";
 inline const std::string kPkgRelNs = "http://schemas.openxmlformats.org/package/2006/relationships";
 
+// Relationships (id, type, target); a type without "://" is one of the office document's.
 inline std::string workbookRels(const std::vector<std::vector<std::string>>& rels) {
   std::string s = R"(<Relationships xmlns=")" + kPkgRelNs + R"(">)";
   for (const auto& r : rels) {
-    s += "<Relationship Id=\"" + r[0] + "\" Type=\"" + kRelNs + "/" + r[1] + "\" Target=\"" + r[2] + "\"/>";
+    const std::string type = r[1].find("://") == std::string::npos ? kRelNs + "/" + r[1] : r[1];
+    s += "<Relationship Id=\"" + r[0] + "\" Type=\"" + type + "\" Target=\"" + r[2] + "\"/>";
   }
   return s + "</Relationships>";
 }
@@ -178,6 +180,12 @@ inline Parts oneSheetPackage(const std::string& sheet, const std::string& shared
   }
   parts.emplace_back("xl/_rels/workbook.xml.rels", workbookRels(rels));
   return parts;
+}
+
+// A one-sheet package file holding `sheetData`, optional shared strings and the elements `before` it.
+inline fs::path sheetFile(const fs::path& where, const std::string& sheetData, const std::string& sharedStrings = "",
+                          const std::string& before = "") {
+  return writeZip(where, oneSheetPackage(sheetXml(sheetData, before), sharedStrings));
 }
 
 }  // namespace orv::test

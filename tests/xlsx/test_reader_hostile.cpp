@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
-
 #include "frame/errors.h"
 #include "test_packages.h"
 #include "workbook/in_memory_application.h"
@@ -24,6 +22,12 @@ std::string outcome(const fs::path& file, const ReadLimits& limits = {}) {
     return e.description();
   }
   return "";
+}
+
+ReadLimits limit(std::uint64_t ReadLimits::*field, std::uint64_t value) {
+  ReadLimits limits;
+  limits.*field = value;
+  return limits;
 }
 
 std::string ole(const std::string& directoryName) {
@@ -56,11 +60,13 @@ std::string sharedCells(int count) {
 }
 
 TEST(ReaderHostile, EveryBadFileSaysWhatItIsAndWhatIsAccepted) {
-  const std::string good = readBytes(writeZip("good.xlsx", oneSheetPackage(sheetXml(""))));
-  Parts missingWorkbook = oneSheetPackage(sheetXml("")), missingSheet = missingWorkbook;
+  const std::string good = readBytes(sheetFile("good.xlsx", ""));
+  Parts missingWorkbook = oneSheetPackage(sheetXml("")), missingSheet = missingWorkbook, badName = missingWorkbook;
   missingWorkbook.erase(missingWorkbook.begin() + 1);
   missingSheet.erase(missingSheet.begin() + 2);
+  badName[1].second = workbookXml({{"a[1]", "rId1"}});
   const std::string ooxmlCount = R"(<sst xmlns=")" + kMainNs + R"(" count="1"><si><t>a</t></si></sst>)";
+  const std::string deep = nested(200000);  // would overflow the stack of any recursive walk
 
   const struct {
     std::string name;
@@ -72,11 +78,7 @@ TEST(ReaderHostile, EveryBadFileSaysWhatItIsAndWhatIsAccepted) {
        "neither a workbook nor a text file"},
       {"text named xlsx", writeBytes("text.xlsx", "a,b\n1,2\n"), "it is text, not a zip package"},
       {"empty", writeBytes("empty.xlsx", ""), "is empty"},
-      {"utf-16",
-       writeBytes("utf16.csv",
-                  "\xFF\xFE"
-                  "a\0"),
-       "UTF-16"},
+      {"utf-16", writeBytes("utf16.csv", "\xFF\xFE\x61"), "UTF-16"},
       {"encrypted", writeBytes("secret.xlsx", ole("EncryptedPackage")), "password-protected workbook"},
       {"legacy xls", writeBytes("old.xls", ole("Workbook")), "legacy binary workbook (.xls)"},
       {"missing", tempFile("absent.xlsx"), "cannot be opened"},
@@ -91,27 +93,21 @@ TEST(ReaderHostile, EveryBadFileSaysWhatItIsAndWhatIsAccepted) {
       {"ods",
        writeZip("calc.ods", {{"mimetype", "application/vnd.oasis.opendocument.spreadsheet"}, {"content.xml", "<x/>"}}),
        "OpenDocument spreadsheet (.ods)"},
-      {"string index out of range",
-       writeZip("sst.xlsx", oneSheetPackage(sheetXml(R"(<row><c r="B2" t="s"><v>1</v></c></row>)"), ooxmlCount)),
+      {"string index out of range", sheetFile("sst.xlsx", R"(<row><c r="B2" t="s"><v>1</v></c></row>)", ooxmlCount),
        "refers to shared string 1 of 1 in cell B2"},
       {"truncated sheet XML", writeZip("cutxml.xlsx", oneSheetPackage(sheetXml("<row><c><v>1</v>").substr(0, 150))),
        "the sheet \"Data\" is cut short"},
-      {"cell off the sheet", writeZip("off.xlsx", oneSheetPackage(sheetXml(R"(<row><c r="XFE1"><v>1</v></c></row>)"))),
+      {"cell off the sheet", sheetFile("off.xlsx", R"(<row><c r="XFE1"><v>1</v></c></row>)"),
        "cell reference that is off the sheet"},
-      {"bad number", writeZip("num.xlsx", oneSheetPackage(sheetXml(R"(<row><c r="C3"><v>1,5</v></c></row>)"))),
+      {"bad number", sheetFile("num.xlsx", R"(<row><c r="C3"><v>1,5</v></c></row>)"),
        "number that does not read as one in cell C3"},
-      {"infinite number", writeZip("inf.xlsx", oneSheetPackage(sheetXml(R"(<row><c><v>1e999</v></c></row>)"))),
+      {"infinite number", sheetFile("inf.xlsx", R"(<row><c><v>1e999</v></c></row>)"),
        "number that does not read as one"},
       {"doctype", writeZip("dtd.xlsx", oneSheetPackage("<!DOCTYPE x [<!ENTITY a 'b'>]>" + sheetXml(""))),
        "document type declaration"},
-      {"invalid sheet name",
-       writeZip("names.xlsx",
-                [] {
-                  Parts p = oneSheetPackage(sheetXml(""));
-                  p[1].second = workbookXml({{"a[1]", "rId1"}});
-                  return p;
-                }()),
-       "\"a[1]\" cannot name a sheet"},
+      {"invalid sheet name", writeZip("names.xlsx", badName), "\"a[1]\" cannot name a sheet"},
+      {"deep sheet", sheetFile("deep.xlsx", R"(<row><c><v>3</v></c></row>)", "", deep), "(the XML depth limit)"},
+      {"deep shared strings", sheetFile("deepsst.xlsx", sharedCells(1), sst({"a"}, deep)), "(the XML depth limit)"},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
@@ -124,69 +120,49 @@ TEST(ReaderHostile, EveryBadFileSaysWhatItIsAndWhatIsAccepted) {
 }
 
 TEST(ReaderHostile, EachLimitAdmitsItsBoundAndRefusesOnePastItByName) {
-  struct LimitCase {
-    const char* name;
-    std::function<fs::path(bool over)> file;  // just within the limit, or one past it
-    std::function<void(ReadLimits&)> limit;
-    std::string named;
-  };
-  const auto none = [](ReadLimits&) {};
   const std::size_t inside = kMaxXmlDepth - 1;  // the root element is the first level
-  const std::vector<LimitCase> cases = {
+  const std::string cell = R"(<row><c><v>1</v></c></row>)";
+  const std::string inlineText = R"(<row><c r="B3" t="inlineStr"><is><t>ab&amp;d)";
+  const std::string line = "1,1,1,1,1,1,1,1,1,1\n";  // two lines of 10 cells, 9 rows apart
+  const std::string rows = R"(<row r="1"><c><v>1</v></c></row><row r=")";
+  const struct {
+    const char* name;
+    fs::path within, over;
+    ReadLimits limits;
+    std::string named;
+  } cases[] = {
       {"XML depth of a sheet",
-       [&](bool over) {
-         return writeZip("depth_sheet.xlsx", oneSheetPackage(sheetXml(R"(<row><c><v>1</v></c></row>)",
-                                                                      nested(over ? inside + 1 : inside))));
-       },
-       none, "nests its XML elements more than 256 deep (the XML depth limit)"},
-      {"shared-string count",
-       [](bool over) {
-         return writeZip("count_sst.xlsx",
-                         oneSheetPackage(sheetXml(sharedCells(1)), over ? sst({"a", "b", "c"}) : sst({"a", "b"})));
-       },
-       [](ReadLimits& l) { l.maxSharedStrings = 2; }, "holds more than 2 strings (the shared-string count limit)"},
-      {"length of an inline string",
-       [](bool over) {
-         return writeZip("long_inline.xlsx",
-                         oneSheetPackage(sheetXml(std::string(R"(<row><c r="B3" t="inlineStr"><is><t>)") +
-                                                  (over ? "ab&amp;de" : "ab&amp;d") + "</t></is></c></row>")));
-       },
-       [](ReadLimits& l) { l.maxStringBytes = 4; },
+       sheetFile("depth_in.xlsx", cell, "", nested(inside)),
+       sheetFile("depth_over.xlsx", cell, "", nested(inside + 1)),
+       {},
+       "nests its XML elements more than 256 deep (the XML depth limit)"},
+      {"shared-string count", sheetFile("count_in.xlsx", sharedCells(1), sst({"a", "b"})),
+       sheetFile("count_over.xlsx", sharedCells(1), sst({"a", "b", "c"})), limit(&ReadLimits::maxSharedStrings, 2),
+       "holds more than 2 strings (the shared-string count limit)"},
+      {"length of an inline string", sheetFile("inline_in.xlsx", inlineText + "</t></is></c></row>"),
+       sheetFile("inline_over.xlsx", inlineText + "e</t></is></c></row>"), limit(&ReadLimits::maxStringBytes, 4),
        "the cell B3 of the sheet \"Data\" holds a text longer than 4 bytes"},
-      {"text in all cells: one shared string in many cells",
-       [](bool over) {
-         return writeZip("text_total.xlsx", oneSheetPackage(sheetXml(sharedCells(over ? 4 : 3)), sst({"abcd"})));
-       },
-       [](ReadLimits& l) { l.maxTextBytes = 12; },
+      {"text in all cells: one shared string in many cells", sheetFile("total_in.xlsx", sharedCells(3), sst({"abcd"})),
+       sheetFile("total_over.xlsx", sharedCells(4), sst({"abcd"})), limit(&ReadLimits::maxTextBytes, 12),
        "its cells hold more than 12 bytes of text in all, counting each shared string once per cell (the total text limit)"},
-      {"cells of a CSV file spread over many columns",  // two cells in each of 10 columns, 9 rows apart
-       [](bool over) {
-         const std::string line = "1,1,1,1,1,1,1,1,1,1\n";
-         return writeBytes("wide.csv", line + std::string(8, '\n') + (over ? line : line.substr(0, 17) + "\n"));
-       },
-       [](ReadLimits& l) { l.maxStoredCells = 99; }, "(the cell count limit)"},
-      {"cells of a sheet spread down a column",
-       [](bool over) {
-         return writeZip("cells.xlsx",
-                         oneSheetPackage(sheetXml(std::string(R"(<row r="1"><c><v>1</v></c></row><row r=")") +
-                                                  (over ? "11" : "10") + R"("><c><v>2</v></c></row>)")));
-       },
-       [](ReadLimits& l) { l.maxStoredCells = 10; },
+      {"cells of a CSV file spread over many columns",
+       writeBytes("wide_in.csv", line + std::string(8, '\n') + line.substr(0, 17) + "\n"),
+       writeBytes("wide_over.csv", line + std::string(8, '\n') + line), limit(&ReadLimits::maxStoredCells, 99),
+       "(the cell count limit)"},
+      {"cells of a sheet spread down a column", sheetFile("cells_in.xlsx", rows + R"(10"><c><v>2</v></c></row>)"),
+       sheetFile("cells_over.xlsx", rows + R"(11"><c><v>2</v></c></row>)"), limit(&ReadLimits::maxStoredCells, 10),
        "more than 10 cell slots, more than this program holds in memory (the cell count limit)"},
   };
-  for (const LimitCase& c : cases) {
+  for (const auto& c : cases) {
     SCOPED_TRACE(c.name);
-    ReadLimits limits;
-    c.limit(limits);
-    EXPECT_EQ(outcome(c.file(false), limits), "");
-    const std::string refusal = outcome(c.file(true), limits);
+    EXPECT_EQ(outcome(c.within, c.limits), "");
+    const std::string refusal = outcome(c.over, c.limits);
     EXPECT_NE(refusal.find(c.named), std::string::npos) << refusal;
   }
 }
 
 TEST(ReaderHostile, ZipBombIsRefusedAtTheLimitNotAtItsDeclaredSize) {
-  const auto file =
-      writeZip("bomb.xlsx", oneSheetPackage(sheetXml("<row><c><v>1</v></c></row>" + std::string(4 << 20, ' '))));
+  const auto file = sheetFile("bomb.xlsx", "<row><c><v>1</v></c></row>" + std::string(4 << 20, ' '));
   const struct {
     ZipLimits zip;
     std::string named;
@@ -208,33 +184,20 @@ TEST(ReaderHostile, ZipBombIsRefusedAtTheLimitNotAtItsDeclaredSize) {
   EXPECT_EQ(outcome(file), "");  // within the default limits
 }
 
-// 200,000 levels would overflow the stack of any recursive walk.
-TEST(ReaderHostile, DeeplyNestedXmlIsRefusedWithoutRecursing) {
-  const std::string deep = nested(200000);
-  const Parts inSheet = oneSheetPackage(sheetXml(R"(<row><c><v>3</v></c></row>)", deep));
-  const Parts inStrings = oneSheetPackage(sheetXml(sharedCells(1)), sst({"a"}, deep));
-  for (const auto& [name, parts] : {std::pair{"deep.xlsx", inSheet}, std::pair{"deepsst.xlsx", inStrings}}) {
-    SCOPED_TRACE(name);
-    EXPECT_NE(outcome(writeZip(name, parts)).find("(the XML depth limit)"), std::string::npos);
-  }
-}
-
 TEST(ReaderHostile, HugeDeclaredDimensionAllocatesNothing) {
-  const std::string sheet =
-      sheetXml(R"(<row r="1"><c r="A1"><v>1</v></c></row><row r="1048576"><c r="XFD1048576"><v>2</v></c></row>)",
-               R"(<dimension ref="A1:XFD1048576"/>)");
-  ReadLimits limits;
-  limits.maxStoredCells = 10;  // two single cells fit; anything dense would not
+  const auto file = sheetFile(
+      "dim.xlsx", R"(<row r="1"><c r="A1"><v>1</v></c></row><row r="1048576"><c r="XFD1048576"><v>2</v></c></row>)", "",
+      R"(<dimension ref="A1:XFD1048576"/>)");
   InMemoryApplication app;
-  InMemoryWorksheet& ws =
-      openWorkbookFile(app, writeZip("dim.xlsx", oneSheetPackage(sheet)), limits).book.Worksheets(1);
+  // Two single cells fit in 10 slots; anything dense would not.
+  InMemoryWorksheet& ws = openWorkbookFile(app, file, limit(&ReadLimits::maxStoredCells, 10)).book.Worksheets(1);
   EXPECT_EQ(ws.cellValue(kMaxRows, kMaxColumns), CellValue(2.0));
   EXPECT_EQ(ws.usedBlock(), (CellBlock{1, 1, kMaxRows, kMaxColumns}));
 }
 
 TEST(ReaderHostile, EveryCutOfAValidPackageFailsCleanly) {
-  const std::string sheet = sheetXml(R"(<row><c t="inlineStr"><is><t>x</t></is></c><c><v>2</v></c></row>)");
-  const std::string good = readBytes(writeZip("whole.xlsx", oneSheetPackage(sheet)));
+  const std::string good =
+      readBytes(sheetFile("whole.xlsx", R"(<row><c t="inlineStr"><is><t>x</t></is></c><c><v>2</v></c></row>)"));
   for (std::size_t cut = 0; cut < good.size(); cut += 7) {
     SCOPED_TRACE(cut);
     EXPECT_NE(outcome(writeBytes("cut_each.xlsx", good.substr(0, cut))), "");
@@ -251,8 +214,7 @@ TEST(ReaderHostile, DefaultsTakeAFullHeightSheetAndTheLongestCellText) {
                      longest + "</t></is></c></row>";
   for (std::int32_t r = 3; r <= kMaxRows; ++r) rows += "<row><c><v>" + std::to_string(r) + "</v></c></row>";
   InMemoryApplication app;
-  InMemoryWorksheet& ws =
-      loadWorkbook(app, writeZip("full.xlsx", oneSheetPackage(sheetXml(rows), sst({longest})))).Worksheets(1);
+  InMemoryWorksheet& ws = loadWorkbook(app, sheetFile("full.xlsx", rows, sst({longest}))).Worksheets(1);
   EXPECT_EQ(ws.usedBlock(), (CellBlock{1, 1, kMaxRows, 2}));
   EXPECT_EQ(ws.cellValue(1, 2), CellValue(longest));
   EXPECT_EQ(ws.cellValue(2, 2), CellValue(longest));

@@ -36,13 +36,10 @@ const std::string kStyles =
 
 Parts styledPackage(const std::string& sheetData) {
   Parts parts = oneSheetPackage(sheetXml(sheetData), R"(<sst xmlns=")" + kMainNs + R"("><si><t>x</t></si></sst>)");
-  for (auto& [name, content] : parts) {
-    if (name == "xl/_rels/workbook.xml.rels") {
-      content = workbookRels({{"rId1", "worksheet", "worksheets/sheet1.xml"},
-                              {"rId2", "sharedStrings", "sharedStrings.xml"},
-                              {"rId3", "styles", "styles.xml"}});
-    }
-  }
+  EXPECT_EQ(parts.back().first, "xl/_rels/workbook.xml.rels");
+  parts.back().second = workbookRels({{"rId1", "worksheet", "worksheets/sheet1.xml"},
+                                      {"rId2", "sharedStrings", "sharedStrings.xml"},
+                                      {"rId3", "styles", "styles.xml"}});
   parts.emplace_back("xl/styles.xml", kStyles);
   return parts;
 }

@@ -34,34 +34,16 @@ TEST(ReaderWorkbook, ReadsEveryCellTypeFromSharedAndInlineStrings) {
   InMemoryApplication app;
   const LoadedWorkbook loaded = openWorkbookFile(app, file);
   InMemoryWorksheet& ws = loaded.book.Worksheets(1);
-  struct Row {
-    std::int32_t row, column;
-    CellValue expected;
-  };
-  const Row rows[] = {
-      {1, 1, "plain"},
-      {1, 2, "rich text "},
-      {1, 3, "line\rbreak & _x"},
-      {1, 4, "  "},
-      {2, 1, 1500.0},
-      {2, 2, -0.25},
-      {2, 3, true},
-      {2, 4, false},
-      {2, 5, ErrorValue::Div0},
-      {2, 6, ErrorValue::Value},
-      {3, 1, "inline <x>"},
-      {3, 2, "inruns"},
-      {3, 3, 2.0},
-      {3, 4, "ab"},
-      {3, 5, ErrorValue::NA},
-      {3, 6, CellValue{}},
-      {3, 7, CellValue{}},
-      {4, 1, 45352.5},
-      {4, 2, 7.0},
-  };
-  for (const Row& r : rows) {
-    SCOPED_TRACE(testing::Message() << "row " << r.row << " column " << r.column);
-    EXPECT_EQ(ws.cellValue(r.row, r.column), r.expected) << describe(ws.cellValue(r.row, r.column));
+  const std::vector<std::vector<CellValue>> expected = {
+      {"plain", "rich text ", "line\rbreak & _x", "  "},
+      {1500.0, -0.25, true, false, ErrorValue::Div0, ErrorValue::Value},
+      {"inline <x>", "inruns", 2.0, "ab", ErrorValue::NA, CellValue{}, CellValue{}},
+      {45352.5, 7.0}};
+  for (std::size_t r = 0; r < expected.size(); ++r) {
+    for (std::size_t c = 0; c < expected[r].size(); ++c) {
+      const CellValue read = ws.cellValue(static_cast<std::int32_t>(r + 1), static_cast<std::int32_t>(c + 1));
+      EXPECT_EQ(read, expected[r][c]) << "row " << r + 1 << " column " << c + 1 << ": " << describe(read);
+    }
   }
   EXPECT_EQ(ws.usedBlock(), (CellBlock{1, 1, 4, 6}));
   EXPECT_EQ(loaded.book.Name(), "types.xlsx");

@@ -1,7 +1,6 @@
 #pragma once
 // A results sheet with the four kinds of chart the component draws (box plot, error plot,
-// circular scatter plot, histogram), built by hand as the chart builders record them, and the
-// package that holds them.
+// circular scatter plot, histogram), built by hand as the chart builders record them.
 
 #include <string>
 #include <tuple>
@@ -11,9 +10,6 @@
 #include "workbook/chart_model.h"
 #include "workbook/in_memory_application.h"
 #include "workbook/in_memory_chart_objects.h"
-#include "xlsx/package_parts.h"
-#include "xlsx/package_zip.h"
-#include "xlsx/writer_drawing_package.h"
 #include "xlsx/writer_workbook.h"
 
 namespace orv::test {
@@ -181,20 +177,6 @@ inline void record(InMemoryWorksheet& sheet, const ChartModel& model) {
   const std::string name = object.model().name;
   object.model() = model;
   object.model().name = name;
-}
-
-// Puts `charts` on the sheet `sheetPart` of a written package as the writer does for a receiving sheet.
-inline void addCharts(const std::filesystem::path& file, const std::string& sheetPart, const SheetGeometry& geometry,
-                      const std::vector<ChartModel>& charts) {
-  ZipPackage zip = ZipPackage::open(file);
-  std::map<std::string, std::string> edited;
-  PartSet::Overrides overrides;
-  PartSet parts([&zip](const std::string& part) { return zip.read(part); }, edited, overrides, zip.entryNames());
-  attachCharts(parts, sheetPart, geometry, charts);
-  const std::string types = package::addOverrides(*zip.read("[Content_Types].xml"), overrides);
-  zip.put("[Content_Types].xml", types);
-  for (auto& [part, content] : edited) zip.put(part, std::move(content));
-  zip.commit();
 }
 
 }  // namespace orv::test

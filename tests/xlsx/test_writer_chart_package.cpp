@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "test_writer_chart_fixture.h"
+#include "xlsx/package_parts.h"
+#include "xlsx/writer_drawing_package.h"
 
 namespace orv::test {
 namespace {
@@ -18,26 +20,26 @@ std::vector<std::string> texts(const pugi::xml_node& root, const char* xpath) {
 class ChartPackage : public ::testing::Test {
  protected:
   void SetUp() override {
-    InMemoryWorkbook& book = app_.AddWorkbook("data.csv", {"data"});
-    results_ = &book.addSheet(kResults);
+    book_ = &app_.AddWorkbook("data.csv", {"data"});
+    results_ = &book_->addSheet(kResults);
     fillResults(*results_);
     results_->geometry().setRowHeight(5, 30.0);  // the anchor walk must see it
-    file_ = folder_ / "charts.xlsx";
-    writeNewWorkbook(book, file_);
-    addCharts(file_, "xl/worksheets/sheet2.xml", results_->geometry(), allCharts(*results_));
-    zip_ = readZip(file_);
+    for (const ChartModel& chart : allCharts(*results_)) record(*results_, chart);
+    writeNewWorkbook(*book_, folder_ / "charts.xlsx");
+    zip_ = readZip(folder_ / "charts.xlsx");
   }
 
   pugi::xml_document part(const std::string& name) { return parseXml(zip_.at(name)); }
 
   InMemoryApplication app_;
+  InMemoryWorkbook* book_ = nullptr;
   InMemoryWorksheet* results_ = nullptr;
   ScratchFolder folder_;
-  std::filesystem::path file_;
   ZipContents zip_;
 };
 
 TEST_F(ChartPackage, PartsRelationshipsAndContentTypes) {
+  EXPECT_EQ(zip_.at("xl/worksheets/_rels/sheet1.xml.rels"), "");  // the data sheet has no charts
   EXPECT_EQ(texts(part("xl/worksheets/sheet2.xml").document_element(), "//drawing/@r:id"),
             std::vector<std::string>{"rId1"});
   EXPECT_EQ(texts(part("xl/worksheets/_rels/sheet2.xml.rels").document_element(), "//Relationship/@Target"),
@@ -150,45 +152,27 @@ TEST(ChartSheetPart, DrawingElementTakesItsSchemaPlace) {
   }
 }
 
-// Charts recorded through the host's chart objects reach new sheets of a new workbook, new sheets
-// appended to a package, and a receiving sheet that already has a drawing.
-TEST(ChartWorkbook, NewAndAppendedSheetsGetTheirCharts) {
-  InMemoryApplication app;
-  ScratchFolder folder;
-  InMemoryWorkbook& book = app.AddWorkbook("data.csv", {"data"});
-  InMemoryWorksheet& results = book.addSheet(kResults);
-  fillResults(results);
-  record(results, boxPlot(results, 300, 0));
-  record(results, scatterPlot(results, 300, 210));
-  writeNewWorkbook(book, folder / "new.xlsx");
-
-  const ZipContents first = readZip(folder / "new.xlsx");
-  EXPECT_EQ(first.at("xl/worksheets/_rels/sheet1.xml.rels"), "");  // the data sheet has no charts
-  EXPECT_EQ(
-      texts(parseXml(first.at("xl/drawings/_rels/drawing1.xml.rels")).document_element(), "//Relationship/@Target"),
-      (std::vector<std::string>{"../charts/chart1.xml", "../charts/chart2.xml"}));
-  EXPECT_NE(first.at("xl/worksheets/sheet2.xml").find("<drawing xmlns:r="), std::string::npos);
-  EXPECT_NE(first.at("[Content_Types].xml").find("/xl/charts/chart2.xml"), std::string::npos);
-
-  // Written into that package: the receiving sheet already has drawing1, so the charts it
-  // records (here the same two again) are appended to it; the new sheet gets drawing2.
-  InMemoryWorksheet& more = book.addSheet("More");
+// Written into the package: the receiving sheet already has drawing1, so the five charts it
+// records (the same again) are appended to it; a new sheet gets drawing2.
+TEST_F(ChartPackage, AppendedSheetsAndAReceivingSheetWithADrawingGetTheirCharts) {
+  InMemoryWorksheet& more = book_->addSheet("More");
   fillResults(more);
   record(more, histogram(more, 0, 0));
-  writeIntoPackage(folder / "new.xlsx", book, {{kResults, CellBlock{1, 1, 1, 1}}}, folder / "again.xlsx");
-  const ZipContents second = readZip(folder / "again.xlsx");
+  writeIntoPackage(folder_ / "charts.xlsx", *book_, {{kResults, CellBlock{1, 1, 1, 1}}}, folder_ / "again.xlsx");
+  const ZipContents again = readZip(folder_ / "again.xlsx");
+  std::vector<std::string> appended;
+  for (int n = 1; n <= 10; ++n) appended.push_back("../charts/chart" + std::to_string(n) + ".xml");
   EXPECT_EQ(
-      texts(parseXml(second.at("xl/drawings/_rels/drawing1.xml.rels")).document_element(), "//Relationship/@Target"),
-      (std::vector<std::string>{"../charts/chart1.xml", "../charts/chart2.xml", "../charts/chart3.xml",
-                                "../charts/chart4.xml"}));
+      texts(parseXml(again.at("xl/drawings/_rels/drawing1.xml.rels")).document_element(), "//Relationship/@Target"),
+      appended);
   EXPECT_EQ(
-      texts(parseXml(second.at("xl/drawings/_rels/drawing2.xml.rels")).document_element(), "//Relationship/@Target"),
-      std::vector<std::string>{"../charts/chart5.xml"});
-  EXPECT_NE(second.at("xl/charts/chart5.xml").find("<c:barChart>"), std::string::npos);
-  EXPECT_EQ(second.at("xl/charts/chart1.xml"), first.at("xl/charts/chart1.xml"));
-  const pugi::xml_document drawing = parseXml(second.at("xl/drawings/drawing1.xml"));
-  EXPECT_EQ(drawing.select_nodes("//xdr:oneCellAnchor").size(), 4u);
-  EXPECT_STREQ(drawing.select_node("(//xdr:cNvPr)[4]/@id").attribute().value(), "5");
+      texts(parseXml(again.at("xl/drawings/_rels/drawing2.xml.rels")).document_element(), "//Relationship/@Target"),
+      std::vector<std::string>{"../charts/chart11.xml"});
+  EXPECT_NE(again.at("xl/charts/chart11.xml").find("<c:barChart>"), std::string::npos);
+  EXPECT_EQ(again.at("xl/charts/chart1.xml"), zip_.at("xl/charts/chart1.xml"));
+  const pugi::xml_document drawing = parseXml(again.at("xl/drawings/drawing1.xml"));
+  EXPECT_EQ(drawing.select_nodes("//xdr:oneCellAnchor").size(), 10u);
+  EXPECT_STREQ(drawing.select_node("(//xdr:cNvPr)[10]/@id").attribute().value(), "11");
 }
 
 }  // namespace

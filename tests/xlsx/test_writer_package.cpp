@@ -8,6 +8,7 @@
 #include <string>
 
 #include "frame/errors.h"
+#include "package_sources.h"
 #include "test_packages.h"
 #include "workbook/in_memory_application.h"
 #include "xlsx/package_zip.h"
@@ -25,20 +26,18 @@ Parts originalEntries() {
       {"[Content_Types].xml",
        R"(<?xml version="1.0" encoding="UTF-8" standalone="yes"?>
 <Types xmlns="http://schemas.openxmlformats.org/package/2006/content-types"><Default Extension="rels" ContentType="application/vnd.openxmlformats-package.relationships+xml"/><Default Extension="xml" ContentType="application/xml"/><Default Extension="bin" ContentType="application/vnd.ms-office.vbaProject"/><Override PartName="/xl/workbook.xml" ContentType="application/vnd.ms-excel.sheet.macroEnabled.main+xml"/><Override PartName="/xl/worksheets/sheet1.xml" ContentType="application/vnd.openxmlformats-officedocument.spreadsheetml.worksheet+xml"/><Override PartName="/xl/worksheets/sheet2.xml" ContentType="application/vnd.openxmlformats-officedocument.spreadsheetml.worksheet+xml"/><Override PartName="/xl/styles.xml" ContentType="application/vnd.openxmlformats-officedocument.spreadsheetml.styles+xml"/><Override PartName="/xl/sharedStrings.xml" ContentType="application/vnd.openxmlformats-officedocument.spreadsheetml.sharedStrings+xml"/></Types>)"},
-      {"_rels/.rels",
-       R"(<?xml version="1.0" encoding="UTF-8"?><Relationships xmlns="http://schemas.openxmlformats.org/package/2006/relationships"><Relationship Id="rId1" Type=")" +
-           rel + R"(/officeDocument" Target="/xl/workbook.xml"/></Relationships>)"},
+      {"_rels/.rels", rootRels("/xl/workbook.xml")},
       {"xl/workbook.xml",
        std::string(R"(<?xml version="1.0" encoding="UTF-8"?><x:workbook xmlns:x=")") + kMainNs +
            R"(" xmlns:mc="http://schemas.openxmlformats.org/markup-compatibility/2006" mc:Ignorable="x15" xmlns:x15="urn:x15"><x:bookViews><x:workbookView activeTab="0"/></x:bookViews><x:sheets><x:sheet name="Data" sheetId="3" r:id="rId1" xmlns:r=")" +
            rel + R"("/><x:sheet name="Calc" sheetId="7" r:id="rId2" xmlns:r=")" + rel +
            R"("/></x:sheets><x:definedNames><x:definedName name="Total">Calc!$A$1</x:definedName></x:definedNames></x:workbook>)"},
       {"xl/_rels/workbook.xml.rels",
-       R"(<?xml version="1.0" encoding="UTF-8"?><Relationships xmlns="http://schemas.openxmlformats.org/package/2006/relationships"><Relationship Id="rId1" Type=")" +
-           rel + R"(/worksheet" Target="worksheets/sheet1.xml"/><Relationship Id="rId2" Type=")" + rel +
-           R"(/worksheet" Target="/xl/worksheets/sheet2.xml"/><Relationship Id="rId3" Type=")" + rel +
-           R"(/styles" Target="styles.xml"/><Relationship Id="rId4" Type=")" + rel +
-           R"(/sharedStrings" Target="sharedStrings.xml"/><Relationship Id="rId5" Type="http://schemas.microsoft.com/office/2006/relationships/vbaProject" Target="vbaProject.bin"/></Relationships>)"},
+       workbookRels({{"rId1", "worksheet", "worksheets/sheet1.xml"},
+                     {"rId2", "worksheet", "/xl/worksheets/sheet2.xml"},
+                     {"rId3", "styles", "styles.xml"},
+                     {"rId4", "sharedStrings", "sharedStrings.xml"},
+                     {"rId5", "http://schemas.microsoft.com/office/2006/relationships/vbaProject", "vbaProject.bin"}})},
       {"xl/worksheets/sheet1.xml",
        std::string(R"(<?xml version="1.0" encoding="UTF-8"?><worksheet xmlns=")") + kMainNs +
            R"("><dimension ref="A1:D3"/><sheetViews><sheetView tabSelected="1" workbookViewId="0"/></sheetViews><sheetData>)"
@@ -49,8 +48,8 @@ Parts originalEntries() {
       {"xl/worksheets/sheet2.xml",
        std::string(R"(<?xml version="1.0" encoding="UTF-8"?><worksheet xmlns=")") + kMainNs +
            R"("><sheetData><row r="1"><c r="A1"><f>SUM(Data!B1:B3)</f><v>13</v></c></row></sheetData></worksheet>)"},
-      {"xl/styles.xml",
-       std::string(R"(<?xml version="1.0" encoding="UTF-8"?><styleSheet xmlns=")") + kMainNs + R"("><fonts count="1"><font><sz val="10"/><name val="Arial"/></font></fonts><fills count="2"><fill><patternFill patternType="none"/></fill><fill><patternFill patternType="gray125"/></fill></fills><borders count="1"><border/></borders><cellStyleXfs count="1"><xf numFmtId="0" fontId="0" fillId="0" borderId="0"/></cellStyleXfs><cellXfs count="2"><xf numFmtId="0" fontId="0" fillId="0" borderId="0" xfId="0"/><xf numFmtId="3" fontId="0" fillId="0" borderId="0" xfId="0" applyNumberFormat="1"/></cellXfs></styleSheet>)"},
+      {"xl/styles.xml", std::string(R"(<?xml version="1.0" encoding="UTF-8"?><styleSheet xmlns=")") +
+                            kMainNs + R"("><fonts count="1"><font><sz val="10"/><name val="Arial"/></font></fonts><fills count="2"><fill><patternFill patternType="none"/></fill><fill><patternFill patternType="gray125"/></fill></fills><borders count="1"><border/></borders><cellStyleXfs count="1"><xf numFmtId="0" fontId="0" fillId="0" borderId="0"/></cellStyleXfs><cellXfs count="2"><xf numFmtId="0" fontId="0" fillId="0" borderId="0" xfId="0"/><xf numFmtId="3" fontId="0" fillId="0" borderId="0" xfId="0" applyNumberFormat="1"/></cellXfs></styleSheet>)"},
       {"xl/sharedStrings.xml", std::string(R"(<?xml version="1.0" encoding="UTF-8"?><sst xmlns=")") + kMainNs +
                                    R"(" count="1" uniqueCount="1"><si><t>Name</t></si></sst>)"},
       {"xl/vbaProject.bin", std::string("\xD0\xCF\x11\xE0 binary \0 payload", 22)},
@@ -61,14 +60,7 @@ class WriterPackage : public ::testing::Test {
  protected:
   void SetUp() override {
     writeZip(folder_ / "in.xlsm", originalEntries());
-    book_ = &app_.AddWorkbook("in.xlsm", {"Data", "Calc"});
-    InMemoryWorksheet& data = book_->Worksheets("Data");
-    data.storeRaw(1, 1, CellValue("Name"));
-    data.storeRaw(1, 2, CellValue(10.0));
-    data.storeRaw(2, 1, CellValue(1.0));
-    data.storeRaw(2, 4, CellValue(4.0));
-    data.storeRaw(3, 2, CellValue(3.0));
-    book_->Worksheets("Calc").storeRaw(1, 1, CellValue(13.0));
+    book_ = &loadWorkbook(app_, folder_ / "in.xlsm");
   }
 
   // The analysis: a results block B2:C2 on Data (overwriting nothing but an empty cell and
@@ -199,18 +191,8 @@ TEST_F(WriterPackage, WrittenPackagesReadBackWithTheSameValues) {
     InMemoryApplication other;
     InMemoryWorkbook& back = loadWorkbook(other, folder_ / file);
     ASSERT_EQ(back.WorksheetsCount(), 3);
-    for (std::int32_t i = 1; i <= 3; ++i) {
-      InMemoryWorksheet& expected = book_->Worksheets(i);
-      InMemoryWorksheet& actual = back.Worksheets(i);
-      EXPECT_EQ(actual.Name(), expected.Name());
-      ASSERT_EQ(actual.usedBlock(), expected.usedBlock());
-      const CellBlock used = *expected.usedBlock();
-      for (std::int32_t r = used.top; r <= used.bottom; ++r) {
-        for (std::int32_t c = used.left; c <= used.right; ++c) {
-          EXPECT_EQ(actual.cellValue(r, c), expected.cellValue(r, c)) << expected.Name() << " " << r << "," << c;
-        }
-      }
-    }
+    EXPECT_EQ(cellLines(back), cellLines(*book_));
+    for (std::int32_t i = 1; i <= 3; ++i) EXPECT_EQ(back.Worksheets(i).usedBlock(), book_->Worksheets(i).usedBlock());
   }
 }
 

@@ -71,12 +71,10 @@ TEST(WriterTools, SchemaAndPackageChecksPass) {
       std::filesystem::exists(tools / "validate-xlsx") && std::filesystem::exists(tools / "xlsx-inspect");
   // The schema tools and the schemas come with the team's shared folder beside the checkout, not
   // from a Debian package: a fresh clone without it cannot run this check. CI requires it.
-  if (!found && std::getenv("ORV_REQUIRE_XLSX_TOOLS") == nullptr) {
-    GTEST_SKIP() << "no validate-xlsx and xlsx-inspect in \"" << tools.string()
-                 << "\": set ORV_XLSX_TOOLS (environment or CMake cache) to the folder that holds them";
-  }
-  ASSERT_TRUE(found) << "no validate-xlsx and xlsx-inspect in \"" << tools.string()
-                     << "\": set ORV_XLSX_TOOLS (environment or CMake cache) to the folder that holds them";
+  const std::string missing = "no validate-xlsx and xlsx-inspect in \"" + tools.string() +
+                              "\": set ORV_XLSX_TOOLS (environment or CMake cache) to the folder that holds them";
+  if (!found && std::getenv("ORV_REQUIRE_XLSX_TOOLS") == nullptr) GTEST_SKIP() << missing;
+  ASSERT_TRUE(found) << missing;
   ScratchFolder folder;
   writeOutputs(folder);
   for (const char* name : kWritten) {

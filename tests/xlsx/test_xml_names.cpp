@@ -14,7 +14,7 @@
 namespace orv {
 namespace {
 
-TEST(XmlNames, SplitAtTheFirstColon) {
+TEST(XmlNames, SplitAtTheFirstColonForElementsChildrenAndAttributes) {
   const struct {
     std::string qualified;
     std::string prefix;
@@ -36,9 +36,7 @@ TEST(XmlNames, SplitAtTheFirstColon) {
     EXPECT_EQ(xml::prefixOf(node), row.prefix);
     EXPECT_EQ(xml::isElement(node, "c"), row.local == "c");
   }
-}
-
-TEST(XmlNames, ChildrenAndAttributesAreFoundByLocalName) {
+  // Children and attributes are found by the same local name.
   pugi::xml_document document;
   ASSERT_TRUE(document.load_string(
       R"(<x:root xmlns:x="urn:x" xmlns:r="urn:r"><!-- c --><x:a:c/><x:c n="1"/><c n="2"/></x:root>)"));

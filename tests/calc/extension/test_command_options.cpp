@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <map>
 #include <memory>
 #include <set>
 #include <string>
@@ -290,30 +291,6 @@ TEST(CommandOptions, DialogsOpenWithTheValuesOfANewObject) {
         EXPECT_EQ(option.initial, OptionValue(std::string()));
       }
     }
-  }
-}
-
-// Macros name the options as the classes' public interfaces do, in their member order.
-TEST(CommandOptions, OptionsAreThePublicPropertiesInMemberOrder) {
-  const std::map<Command, std::string> interfaces = {
-      {Command::Describe,
-       "Headers GetMean GetMedian GetMode GetSE GetSD GetVariance GetCV GetCL GetSum GetSkewness GetKurtosis GetMin "
-       "GetMax GetCount GetLargest GetSmallest GetRange GetPercentile PlotBox PlotError InputRange OutputRange CL "
-       "Percentile Largest Smallest BoxTitle BoxYTitle ErrorTitle ErrorYTitle ErrorCentre ErrorError "
-       "OutputFrequencies Textbook OverWrite"},
-      {Command::Circular,
-       "Headers GetMean GetMeanVector GetCount GetAngularSD GetAngularVar GetCircularSD GetCircularVar GetRayleigh "
-       "GetCL Plot InputRange OutputRange CL Textbook OverWrite"},
-      {Command::Frequency,
-       "Headers DataType PlotHistogram PlotNormal PlotCumulative HistogramTitle HistogramXTitle HistogramYTitle "
-       "CategoryStartPoint ShowRawData DataInRows Textbook InputRange FrequencyRange BinRange OutputRange OverWrite"},
-  };
-  for (const auto& [command, names] : interfaces) {
-    std::string options;
-    for (const PropertyInfo& option : commandInfo(command).options) {
-      options += (options.empty() ? "" : " ") + std::string(option.name);
-    }
-    EXPECT_EQ(options, names) << commandInfo(command).name;
   }
 }
 

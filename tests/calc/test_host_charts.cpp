@@ -112,8 +112,12 @@ TEST_P(HostCharts, ErrorBarsFromCellsAndFromLiteralAmounts) {
   centre.SetHasErrorBars(true);
   centre.ErrorBars().Delete();
   EXPECT_EQ(raisedNumber([&] { centre.ErrorBars(); }), 1004);
-  centre.ErrorBar(host::ErrorBarDirection::Y, host::ErrorBarInclude::Both, host::ErrorBarType::Custom, range("B7:C7"),
-                  ValueArray1D(std::vector<CellValue>{2.0, 3.5}));
+  // Custom amounts above and below, in the direction of the values unless told.
+  const auto customBars = [&](const ErrorAmount& plus, const ErrorAmount& minus,
+                              host::ErrorBarDirection direction = host::ErrorBarDirection::Y) {
+    centre.ErrorBar(direction, host::ErrorBarInclude::Both, host::ErrorBarType::Custom, plus, minus);
+  };
+  customBars(range("B7:C7"), ValueArray1D(std::vector<CellValue>{2.0, 3.5}));
   centre.ErrorBars().SetEndStyle(host::EndStyle::Cap);
   centre.Border().SetLineStyle(host::LineStyle::None);
   chart.SetHasLegend(false);
@@ -129,23 +133,14 @@ TEST_P(HostCharts, ErrorBarsFromCellsAndFromLiteralAmounts) {
   range("B8").SetValue(CellValue(2.0));
   range("C8").SetValue(CellValue(3.5));
   const ValueArray1D distances(std::vector<CellValue>{2.0, 3.5});
-  centre.ErrorBar(host::ErrorBarDirection::Y, host::ErrorBarInclude::Both, host::ErrorBarType::Custom,
-                  AmountList(distances, range("B8:C8")), AmountList(distances, range("B8:D8")));
+  customBars(AmountList(distances, range("B8:C8")), AmountList(distances, range("B8:D8")));
   expected.series.front().plusErrors = "Data!$B$8:$C$8";
   expected.series.front().minusErrors = "=2;3.5";
   expectSameChart(expected, only());
 
   const ErrorAmount nothing;
-  EXPECT_EQ(raisedNumber([&] {
-              centre.ErrorBar(host::ErrorBarDirection::Y, host::ErrorBarInclude::Both, host::ErrorBarType::Custom,
-                              nothing, nothing);
-            }),
-            1004);
-  EXPECT_EQ(raisedNumber([&] {
-              centre.ErrorBar(host::ErrorBarDirection::X, host::ErrorBarInclude::Both, host::ErrorBarType::Custom,
-                              range("B7:C7"), range("B7:C7"));
-            }),
-            1004);
+  EXPECT_EQ(raisedNumber([&] { customBars(nothing, nothing); }), 1004);
+  EXPECT_EQ(raisedNumber([&] { customBars(range("B7:C7"), range("B7:C7"), host::ErrorBarDirection::X); }), 1004);
 }
 
 // The histogram: columns from cells with literal labels, a smooth curve of literal values, and

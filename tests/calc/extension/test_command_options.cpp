@@ -266,6 +266,8 @@ TEST(CommandOptions, FrequencyOptionsReachTheirProperties) {
   expectSameRuns(Command::Frequency, cases);
 }
 
+#undef ORV_FLAG
+
 // The values each option has on a new object, as the classes document their defaults: every
 // Boolean False but PlotNormal, every text empty, CL 95, Percentile 25, Largest and Smallest 0,
 // DataType numerical; OverWrite False as Results takes it when omitted. The runs above show that

@@ -65,34 +65,30 @@ std::vector<ProbedChart> probeInMemory(Worksheet& worksheet) {
   auto& sheet = dynamic_cast<InMemoryWorksheet&>(worksheet);
   std::vector<ProbedChart> charts;
   for (const ChartModel& m : sheet.charts()) {
-    ProbedChart c;
-    c.name = m.name;
-    c.left = m.left;
-    c.top = m.top;
-    c.width = m.width;
-    c.height = m.height;
-    if (m.title) {
-      c.title = *m.title;
-      c.titleSize = m.titleFont.size;
-      c.titleBold = m.titleFont.bold;
-    }
-    c.legend = m.legend;
-    if (m.legend) {
-      c.legendAt = m.legendPlace == LegendPlace::Bottom ? "bottom" : "right";
-      c.legendSize = m.legendFont.size;
-    }
-    c.upDownBars = m.upDownBars;
+    ProbedChart c{.name = m.name,
+                  .left = m.left,
+                  .top = m.top,
+                  .width = m.width,
+                  .height = m.height,
+                  .title = m.title.value_or(""),
+                  .titleSize = m.title ? m.titleFont.size : 0,
+                  .titleBold = m.title && m.titleFont.bold,
+                  .legend = m.legend,
+                  .legendAt = !m.legend                              ? ""
+                              : m.legendPlace == LegendPlace::Bottom ? "bottom"
+                                                                     : "right",
+                  .legendSize = m.legend ? m.legendFont.size : 0,
+                  .upDownBars = m.upDownBars};
     const std::size_t prices = priceSeriesCount(m.kind);
     for (std::size_t i = 0; i < m.series.size(); ++i) {
       const SeriesModel& s = m.series[i];
-      ProbedSeries p;
       // Series past a stock chart's prices are drawn as marks, as a line group draws them.
-      p.kind = priceSeriesCount(s.kind) > 0 && i >= prices ? "line" : kindText(s.kind);
-      p.values = dataText(s.values);
-      p.categories = s.kind == ChartKind::XYScatter ? dataText(s.xValues) : labelsText(s.categories);
-      p.name = s.nameCell ? refText(*s.nameCell) : s.name;
-      p.secondary = s.axisGroup == AxisGroup::Secondary;
-      p.line = s.line;
+      ProbedSeries p{.kind = priceSeriesCount(s.kind) > 0 && i >= prices ? "line" : kindText(s.kind),
+                     .values = dataText(s.values),
+                     .categories = s.kind == ChartKind::XYScatter ? dataText(s.xValues) : labelsText(s.categories),
+                     .name = s.nameCell ? refText(*s.nameCell) : s.name,
+                     .secondary = s.axisGroup == AxisGroup::Secondary,
+                     .line = s.line};
       if (p.kind != "stock" && s.marker != MarkerSymbol::None) {
         const bool barsMarker = s.errorBars && s.marker == MarkerSymbol::Automatic;
         p.markerSize = barsMarker ? kErrorBarsMarkerSize : s.markerSize;
@@ -106,23 +102,19 @@ std::vector<ProbedChart> probeInMemory(Worksheet& worksheet) {
     for (const AxisModel& a : m.axes) {
       // The secondary category axis is never shown; the live host has none.
       if (a.kind == AxisKind::Category && a.group == AxisGroup::Secondary) continue;
-      ProbedAxis p;
-      p.which = a.kind == AxisKind::Category      ? "category"
-                : a.group == AxisGroup::Secondary ? "secondary value"
-                                                  : "value";
-      p.shown = !a.deleted;
-      if (a.title) {
-        p.title = *a.title;
-        p.titleSize = a.titleFont.size;
-      }
-      p.tickLabelSize = a.tickLabelFont.size;
-      p.numberFormat = a.tickLabelNumberFormat;
-      p.majorGridlines = a.majorGridlines;
-      p.line = a.line;
-      p.labelsLow = a.tickLabels == TickLabelPlace::Low;
-      p.minimum = a.minimumScale;
-      p.maximum = a.maximumScale;
-      c.axes.push_back(p);
+      c.axes.push_back({.which = a.kind == AxisKind::Category      ? "category"
+                                 : a.group == AxisGroup::Secondary ? "secondary value"
+                                                                   : "value",
+                        .shown = !a.deleted,
+                        .title = a.title.value_or(""),
+                        .titleSize = a.title ? a.titleFont.size : 0,
+                        .tickLabelSize = a.tickLabelFont.size,
+                        .numberFormat = a.tickLabelNumberFormat,
+                        .majorGridlines = a.majorGridlines,
+                        .line = a.line,
+                        .labelsLow = a.tickLabels == TickLabelPlace::Low,
+                        .minimum = a.minimumScale,
+                        .maximum = a.maximumScale});
     }
     charts.push_back(std::move(c));
   }

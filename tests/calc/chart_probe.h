@@ -15,43 +15,43 @@
 namespace orv::test {
 
 struct ProbedSeries {
-  std::string kind;  // "line", "column", "scatter", "stock" (a price series)
-  std::string values;
-  std::string categories;  // category labels, or the X values of a scatter series
-  std::string name;
+  std::string kind{};  // "line", "column", "scatter", "stock" (a price series)
+  std::string values{};
+  std::string categories{};  // category labels, or the X values of a scatter series
+  std::string name{};
   bool secondary = false;
   bool line = true;
-  std::string plusErrors, minusErrors;
+  std::string plusErrors{}, minusErrors{};
   double markerSize = 0;  // as drawn; 0 without markers (price series have none)
   friend bool operator==(const ProbedSeries&, const ProbedSeries&) = default;
 };
 
 struct ProbedAxis {
-  std::string which;  // "category", "value", "secondary value"
+  std::string which{};  // "category", "value", "secondary value"
   bool shown = true;
-  std::string title;
+  std::string title{};
   double titleSize = 0;
   double tickLabelSize = 0;
-  std::string numberFormat;
+  std::string numberFormat{};
   bool majorGridlines = false;
   bool line = true;
   bool labelsLow = false;  // tick labels at the plot's edge rather than next to the axis
-  std::optional<double> minimum, maximum;
+  std::optional<double> minimum{}, maximum{};
   friend bool operator==(const ProbedAxis&, const ProbedAxis&) = default;
 };
 
 struct ProbedChart {
-  std::string name;
+  std::string name{};
   double left = 0, top = 0, width = 0, height = 0;
-  std::string title;
+  std::string title{};
   double titleSize = 0;
   bool titleBold = false;
   bool legend = false;
-  std::string legendAt;  // "right" or "bottom" with a legend
+  std::string legendAt{};  // "right" or "bottom" with a legend
   double legendSize = 0;
   bool upDownBars = false;
-  std::vector<ProbedSeries> series;
-  std::vector<ProbedAxis> axes;
+  std::vector<ProbedSeries> series{};
+  std::vector<ProbedAxis> axes{};
 };
 
 std::ostream& operator<<(std::ostream& out, const ProbedSeries& s);

@@ -1,12 +1,15 @@
 #pragma once
 // The two hosts under one face, so that one suite states what every host must do.
 
+#include <gtest/gtest.h>
+
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "chart_probe.h"
 #include "frame/host.h"
+#include "frame/range.h"
 
 namespace orv::test {
 
@@ -25,5 +28,19 @@ class HostUnderTest {
 // A host with one user workbook "Book1.xlsx" of the named sheets, the first of them active.
 std::unique_ptr<HostUnderTest> inMemoryHost(const std::vector<std::string>& sheets);
 std::unique_ptr<HostUnderTest> liveHost(const std::vector<std::string>& sheets);
+
+using HostFactory = std::unique_ptr<HostUnderTest> (*)(const std::vector<std::string>&);
+
+// A suite run once on each host: INSTANTIATE_TEST_SUITE_P(Hosts, Suite, bothHosts(), hostName).
+class HostTest : public ::testing::TestWithParam<HostFactory> {
+ protected:
+  Range range(const char* reference) { return host->app().ResolveRange(reference); }
+  std::unique_ptr<HostUnderTest> host;
+};
+
+inline auto bothHosts() { return ::testing::Values(&inMemoryHost, &liveHost); }
+inline std::string hostName(const ::testing::TestParamInfo<HostFactory>& info) {
+  return info.param == &inMemoryHost ? "InMemory" : "Live";
+}
 
 }  // namespace orv::test

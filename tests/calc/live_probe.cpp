@@ -202,13 +202,11 @@ ProbedChart chartOf(CalcChartObject& object) {
         for (const char* role : {"values-first", "values-max", "values-min", "values-last"}) {
           const auto sequence = withRole(data, role);
           if (!sequence.is()) continue;
-          ProbedSeries p;
-          p.kind = "stock";
-          p.values = sourceOf(sequence);
-          p.categories = categories;
-          p.line = false;
-          p.secondary = property<sal_Int32>(s, "AttachedAxisIndex") == 1;
-          c.series.push_back(p);
+          c.series.push_back({.kind = "stock",
+                              .values = sourceOf(sequence),
+                              .categories = categories,
+                              .secondary = property<sal_Int32>(s, "AttachedAxisIndex") == 1,
+                              .line = false});
         }
       }
       continue;
@@ -218,9 +216,8 @@ ProbedChart chartOf(CalcChartObject& object) {
                                                                      : "line";
     for (const auto& s : members) c.series.push_back(seriesOf(s, kind, categories));
   }
-  const bool scatter = !c.series.empty() && c.series.front().kind == "scatter";
   const std::pair<std::pair<sal_Int32, sal_Int32>, const char*> axes[] = {
-      {{0, 0}, scatter ? "category" : "category"}, {{1, 0}, "value"}, {{1, 1}, "secondary value"}};
+      {{0, 0}, "category"}, {{1, 0}, "value"}, {{1, 1}, "secondary value"}};
   for (const auto& [where, which] : axes) {
     if (system->getMaximumAxisIndexByDimension(where.first) < where.second) continue;
     const Reference<css::chart2::XAxis> axis = system->getAxisByDimension(where.first, where.second);

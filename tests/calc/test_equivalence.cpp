@@ -214,16 +214,29 @@ std::filesystem::path writeWorkbook(const std::filesystem::path& folder) {
   return path;
 }
 
+// An analysis of class A set up by `setUp`, then Results(overWrite); the block it pasted.
+template <class A>
+Analysis analysis(std::function<void(A&)> setUp, bool overWrite = false) {
+  return [setUp, overWrite] {
+    A a;
+    setUp(a);
+    a.Results(overWrite);
+    return a.pastedBlock();
+  };
+}
+
+// `charts` and `fails` are what the in-memory host must show, so that agreement between the
+// hosts is not agreement on nothing.
 struct Case {
   const char* what;
-  Analysis analysis;
+  Analysis run;
+  std::size_t charts = 0;
+  bool fails = false;
 };
 
 const std::vector<Case>& cases() {
   static const std::vector<Case> all = {
-      {"describe: every statistic, headers, a new sheet",
-       [] {
-         clsDS ds;
+      {"describe: every statistic, headers, a new sheet", analysis<clsDS>([](clsDS& ds) {
          ds.Headers(true);
          for (auto set :
               {&clsDS::GetMean, &clsDS::GetMedian, &clsDS::GetMode, &clsDS::GetSE, &clsDS::GetSD, &clsDS::GetVariance,
@@ -231,12 +244,8 @@ const std::vector<Case>& cases() {
                &clsDS::GetMax, &clsDS::GetCount, &clsDS::GetRange, &clsDS::GetPercentile})
            (ds.*set)(true);
          ds.InputRange("Heights!A1:C13");
-         ds.Results();
-         return ds.pastedBlock();
-       }},
-      {"describe: k-th values, 10th percentiles, 99% limits, two areas without headers",
-       [] {
-         clsDS ds;
+       })},
+      {"describe: k-th values, 10th percentiles, 99% limits, two areas without headers", analysis<clsDS>([](clsDS& ds) {
          ds.GetLargest(true);
          ds.Largest(2);
          ds.GetSmallest(true);
@@ -247,12 +256,8 @@ const std::vector<Case>& cases() {
          ds.CL(99);
          ds.InputRange("Heights!A2:A13,C2:C13");
          ds.OutputRange("Heights!F20");
-         ds.Results();
-         return ds.pastedBlock();
-       }},
-      {"describe: box plot and error plot of standard errors, on the data's sheet",
-       [] {
-         clsDS ds;
+       })},
+      {"describe: box plot and error plot of standard errors, on the data's sheet", analysis<clsDS>([](clsDS& ds) {
          ds.Headers(true);
          ds.PlotBox(true);
          ds.PlotError(true);
@@ -263,33 +268,25 @@ const std::vector<Case>& cases() {
          ds.ErrorError("Standard Error");
          ds.InputRange("Heights!A1:C13");
          ds.OutputRange("Heights!F2");
-         ds.Results();
-         return ds.pastedBlock();
-       }},
+       }),
+       2},
       {"describe: error plots of literal amounts (confidence limits, ranges about the median)",
-       [] {
-         clsDS ds;
-         ds.Headers(true);
-         ds.PlotError(true);
-         ds.ErrorCentre("Median");
-         ds.ErrorError("Confidence Limits");
-         ds.InputRange("Heights!A1:C13");
-         ds.Results();
-         ds.ErrorError("Range");
-         ds.ErrorYTitle("cm");
-         ds.Results(true);  // the same output place, overwritten
-         return ds.pastedBlock();
-       }},
+       analysis<clsDS>(
+           [](clsDS& ds) {
+             ds.Headers(true);
+             ds.PlotError(true);
+             ds.ErrorCentre("Median");
+             ds.ErrorError("Confidence Limits");
+             ds.InputRange("Heights!A1:C13");
+             ds.Results();
+             ds.ErrorError("Range");
+             ds.ErrorYTitle("cm");
+           },
+           true),  // the same output place, overwritten
+       2},
       {"describe: a text among the numbers fails alike",
-       [] {
-         clsDS ds;
-         ds.InputRange("Survey!A1:B31");
-         ds.Results();
-         return ds.pastedBlock();
-       }},
-      {"circular: every statistic with the scatter plots",
-       [] {
-         clsDSCirc circ;
+       analysis<clsDS>([](clsDS& ds) { ds.InputRange("Survey!A1:B31"); }), 0, true},
+      {"circular: every statistic with the scatter plots", analysis<clsDSCirc>([](clsDSCirc& circ) {
          circ.Headers(true);
          for (auto set : {&clsDSCirc::GetMean, &clsDSCirc::GetMeanVector, &clsDSCirc::GetAngularSD,
                           &clsDSCirc::GetAngularVar, &clsDSCirc::GetCircularSD, &clsDSCirc::GetCircularVar,
@@ -297,37 +294,24 @@ const std::vector<Case>& cases() {
            (circ.*set)(true);
          circ.Plot(true);
          circ.InputRange("Angles!A1:B16");
-         circ.Results();
-         return circ.pastedBlock();
-       }},
-      {"circular: the default rows, no headers, an occupied output refused",
-       [] {
-         clsDSCirc circ;
+       }),
+       2},
+      {"circular: the default rows, no headers, an occupied output refused", analysis<clsDSCirc>([](clsDSCirc& circ) {
          circ.InputRange("Angles!B2:B16");
          circ.OutputRange("Angles!A5");
-         circ.Results();
-         return circ.pastedBlock();
-       }},
-      {"frequency: raw numbers",
-       [] {
-         clsFreq freq;
+       }),
+       0, true},
+      {"frequency: raw numbers", analysis<clsFreq>([](clsFreq& freq) {
          freq.Headers(true);
          freq.InputRange("Survey!B1:B31");
-         freq.Results();
-         return freq.pastedBlock();
-       }},
-      {"frequency: nominal items",
-       [] {
-         clsFreq freq;
+       })},
+      {"frequency: nominal items", analysis<clsFreq>([](clsFreq& freq) {
          freq.Headers(true);
          freq.DataType(ORVDescriptivesFreqNominal);
          freq.InputRange("Survey!A1:A31");
-         freq.Results();
-         return freq.pastedBlock();
-       }},
+       })},
       {"frequency: given bins with the raw table and a histogram with both curves",
-       [] {
-         clsFreq freq;
+       analysis<clsFreq>([](clsFreq& freq) {
          freq.Headers(true);
          freq.InputRange("Survey!B1:B31");
          freq.BinRange("Survey!D1:D8");
@@ -337,34 +321,25 @@ const std::vector<Case>& cases() {
          freq.HistogramTitle("Times");
          freq.HistogramXTitle("ms");
          freq.HistogramYTitle("n");
-         freq.Results();
-         return freq.pastedBlock();
-       }},
-      {"frequency: proposed bins, labelled by their start points",
-       [] {
-         clsFreq freq;
+       }),
+       1},
+      {"frequency: proposed bins, labelled by their start points", analysis<clsFreq>([](clsFreq& freq) {
          freq.Headers(true);
          freq.InputRange("Survey!B1:B31");
          freq.PlotHistogram(true);
          freq.PlotNormal(false);
          freq.CategoryStartPoint(true);
          freq.OutputRange("Survey!H1");
-         freq.Results();
-         return freq.pastedBlock();
-       }},
-      {"frequency: pre-counted bins",
-       [] {
-         clsFreq freq;
+       }),
+       1},
+      {"frequency: pre-counted bins", analysis<clsFreq>([](clsFreq& freq) {
          freq.Headers(true);
          freq.BinRange("Survey!D1:D8");
          freq.FrequencyRange("Survey!E1:E8");
          freq.PlotHistogram(true);
-         freq.Results();
-         return freq.pastedBlock();
-       }},
-      {"describe with textbook arithmetic: every statistic, 1st and 99th percentiles",
-       [] {
-         clsDS ds;
+       }),
+       1},
+      {"describe with textbook arithmetic: every statistic, 1st and 99th percentiles", analysis<clsDS>([](clsDS& ds) {
          ds.Headers(true);
          ds.Textbook(true);
          for (auto set : {&clsDS::GetMean, &clsDS::GetSD, &clsDS::GetSkewness, &clsDS::GetKurtosis,
@@ -372,30 +347,21 @@ const std::vector<Case>& cases() {
            (ds.*set)(true);
          ds.Percentile(1);
          ds.InputRange("Heights!A1:C13");
-         ds.Results();
-         return ds.pastedBlock();
-       }},
-      {"circular with textbook arithmetic: mean angle and Rayleigh's test",
-       [] {
-         clsDSCirc circ;
+       })},
+      {"circular with textbook arithmetic: mean angle and Rayleigh's test", analysis<clsDSCirc>([](clsDSCirc& circ) {
          circ.Headers(true);
          circ.Textbook(true);
          circ.GetMean(true);
          circ.GetRayleigh(true);
          circ.InputRange("Angles!A1:B16");
-         circ.Results();
-         return circ.pastedBlock();
-       }},
+       })},
       {"frequency with textbook arithmetic: given bins over a range with empty cells",
-       [] {
-         clsFreq freq;
+       analysis<clsFreq>([](clsFreq& freq) {
          freq.Headers(true);
          freq.Textbook(true);
          freq.InputRange("Survey!B1:B40");
          freq.BinRange("Survey!D1:D8");
-         freq.Results();
-         return freq.pastedBlock();
-       }},
+       })},
   };
   return all;
 }
@@ -414,32 +380,13 @@ class Equivalence : public ::testing::TestWithParam<std::size_t> {
 TEST_P(Equivalence, BothHostsGiveTheSameResult) {
   const Case& c = cases()[GetParam()];
   SCOPED_TRACE(c.what);
-  const Outcome memory = inMemory(file_, c.analysis);
-  const Outcome calc = live(file_, c.analysis);
-  expectSame(memory, calc);
+  const Outcome memory = inMemory(file_, c.run);
+  EXPECT_EQ(memory.error != 0, c.fails) << memory.description;
+  EXPECT_EQ(memory.charts.size(), c.charts);
+  expectSame(memory, live(file_, c.run));
 }
 
 INSTANTIATE_TEST_SUITE_P(Analyses, Equivalence, ::testing::Range<std::size_t>(0, cases().size()));
-
-// The cases that must fail do, and the others draw what they should, so that agreement is not
-// agreement on nothing.
-TEST(EquivalenceCases, FailAndDrawWhereTheyShould) {
-  const std::filesystem::path folder =
-      std::filesystem::temp_directory_path() / ("orvella-cases-" + std::to_string(::getpid()));
-  std::filesystem::create_directories(folder);
-  const std::filesystem::path file = writeWorkbook(folder);
-  const std::vector<std::size_t> charts = {0, 0, 2, 2, 0, 2, 0, 0, 0, 1, 1, 1, 0, 0, 0};
-  const std::vector<bool> fails = {false, false, false, false, true,  false, true, false,
-                                   false, false, false, false, false, false, false};
-  ASSERT_EQ(charts.size(), cases().size());
-  for (std::size_t i = 0; i < cases().size(); ++i) {
-    SCOPED_TRACE(cases()[i].what);
-    const Outcome o = inMemory(file, cases()[i].analysis);
-    EXPECT_EQ(o.error != 0, fails[i]) << o.description;
-    EXPECT_EQ(o.charts.size(), charts[i]);
-  }
-  std::filesystem::remove_all(folder);
-}
 
 }  // namespace
 }  // namespace orv::test

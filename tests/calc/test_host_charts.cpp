@@ -15,11 +15,10 @@
 namespace orv::test {
 namespace {
 
-using HostFactory = std::unique_ptr<HostUnderTest> (*)(const std::vector<std::string>&);
 using host::AxisGroup;
 using host::AxisType;
 
-class HostCharts : public ::testing::TestWithParam<HostFactory> {
+class HostCharts : public HostTest {
  protected:
   void SetUp() override {
     host = GetParam()({"Data"});
@@ -32,7 +31,6 @@ class HostCharts : public ::testing::TestWithParam<HostFactory> {
         data().pasteValue(static_cast<std::int32_t>(r + 1), static_cast<std::int32_t>(c + 1), rows[r][c]);
   }
   Worksheet& data() { return host->book().Worksheets("Data"); }
-  Range range(const char* reference) { return host->app().ResolveRange(reference); }
   ProbedChart only() {
     const std::vector<ProbedChart> charts = host->charts(data());
     EXPECT_EQ(charts.size(), 1u);
@@ -47,7 +45,6 @@ class HostCharts : public ::testing::TestWithParam<HostFactory> {
     a.majorGridlines = grid;
     return a;
   }
-  std::unique_ptr<HostUnderTest> host;
 };
 
 // The box plot: four price series, the stock type, the median twice on a deleted secondary axis.
@@ -84,25 +81,22 @@ TEST_P(HostCharts, AStockChartWithTheMediansOnAHiddenSecondaryAxis) {
   values.TickLabels().SetNumberFormat("0");
   host->app().ActiveSheet().shapes("chart 1").SetTop(30);
 
-  ProbedChart expected;
-  expected.name = "Chart 1";
-  expected.left = 250;
-  expected.top = 30;
-  expected.width = 200;
-  expected.height = 180;
-  expected.title = "Heights";
-  expected.titleSize = 10;
-  expected.titleBold = true;
-  expected.upDownBars = true;
+  ProbedChart expected{.name = "Chart 1",
+                       .left = 250,
+                       .top = 30,
+                       .width = 200,
+                       .height = 180,
+                       .title = "Heights",
+                       .titleSize = 10,
+                       .titleBold = true,
+                       .upDownBars = true};
   for (const char* cells : {"Data!$B$2:$C$2", "Data!$B$3:$C$3", "Data!$B$4:$C$4", "Data!$B$5:$C$5"}) {
     expected.series.push_back({"stock", cells, "Data!$B$1:$C$1", "", false, false, "", ""});
   }
   for (int i = 0; i < 2; ++i)
     expected.series.push_back({"line", "Data!$B$6:$C$6", "Data!$B$1:$C$1", "", true, false, "", "", 12});
-  ProbedAxis valueAxis = axis("value", true, 8, "0", false);
-  valueAxis.title = "cm";
-  valueAxis.titleSize = 10;
-  expected.axes = {axis("category", true, 10, "General", false), valueAxis,
+  expected.axes = {axis("category", true, 10, "General", false),
+                   {.which = "value", .title = "cm", .titleSize = 10, .tickLabelSize = 8, .numberFormat = "0"},
                    axis("secondary value", false, 10, "General", false)};
   expectSameChart(expected, only());
   EXPECT_EQ(chart.Name(), "Data Chart 1");
@@ -118,17 +112,17 @@ TEST_P(HostCharts, ErrorBarsFromCellsAndFromLiteralAmounts) {
   centre.SetHasErrorBars(true);
   centre.ErrorBars().Delete();
   EXPECT_EQ(raisedNumber([&] { centre.ErrorBars(); }), 1004);
-  centre.ErrorBar(host::ErrorBarDirection::Y, host::ErrorBarInclude::Both, host::ErrorBarType::Custom, range("B7:C7"),
-                  ValueArray1D(std::vector<CellValue>{2.0, 3.5}));
+  // Custom amounts above and below, in the direction of the values unless told.
+  const auto customBars = [&](const ErrorAmount& plus, const ErrorAmount& minus,
+                              host::ErrorBarDirection direction = host::ErrorBarDirection::Y) {
+    centre.ErrorBar(direction, host::ErrorBarInclude::Both, host::ErrorBarType::Custom, plus, minus);
+  };
+  customBars(range("B7:C7"), ValueArray1D(std::vector<CellValue>{2.0, 3.5}));
   centre.ErrorBars().SetEndStyle(host::EndStyle::Cap);
   centre.Border().SetLineStyle(host::LineStyle::None);
   chart.SetHasLegend(false);
 
-  ProbedChart expected;
-  expected.name = "Chart 1";
-  expected.top = 200;
-  expected.width = 150;
-  expected.height = 200;
+  ProbedChart expected{.name = "Chart 1", .top = 200, .width = 150, .height = 200};
   // The automatic marker of points with error bars is drawn small (frame/chart_layout.h).
   expected.series = {{"line", "Data!$B$6:$C$6", "Data!$B$1:$C$1", "", false, false, "Data!$B$7:$C$7", "=2;3.5", 4}};
   expected.axes = {axis("category", true, 10, "General", false), axis("value", true, 10, "General", true)};
@@ -139,23 +133,14 @@ TEST_P(HostCharts, ErrorBarsFromCellsAndFromLiteralAmounts) {
   range("B8").SetValue(CellValue(2.0));
   range("C8").SetValue(CellValue(3.5));
   const ValueArray1D distances(std::vector<CellValue>{2.0, 3.5});
-  centre.ErrorBar(host::ErrorBarDirection::Y, host::ErrorBarInclude::Both, host::ErrorBarType::Custom,
-                  AmountList(distances, range("B8:C8")), AmountList(distances, range("B8:D8")));
+  customBars(AmountList(distances, range("B8:C8")), AmountList(distances, range("B8:D8")));
   expected.series.front().plusErrors = "Data!$B$8:$C$8";
   expected.series.front().minusErrors = "=2;3.5";
   expectSameChart(expected, only());
 
   const ErrorAmount nothing;
-  EXPECT_EQ(raisedNumber([&] {
-              centre.ErrorBar(host::ErrorBarDirection::Y, host::ErrorBarInclude::Both, host::ErrorBarType::Custom,
-                              nothing, nothing);
-            }),
-            1004);
-  EXPECT_EQ(raisedNumber([&] {
-              centre.ErrorBar(host::ErrorBarDirection::X, host::ErrorBarInclude::Both, host::ErrorBarType::Custom,
-                              range("B7:C7"), range("B7:C7"));
-            }),
-            1004);
+  EXPECT_EQ(raisedNumber([&] { customBars(nothing, nothing); }), 1004);
+  EXPECT_EQ(raisedNumber([&] { customBars(range("B7:C7"), range("B7:C7"), host::ErrorBarDirection::X); }), 1004);
 }
 
 // The histogram: columns from cells with literal labels, a smooth curve of literal values, and
@@ -193,22 +178,25 @@ TEST_P(HostCharts, ColumnsWithLinesOfLiteralValuesAndASecondaryScale) {
   EXPECT_EQ(percents.MaximumScale(), 100);
   EXPECT_EQ(chart.SeriesCollection().Count(), 3);
 
-  ProbedChart expected;
-  expected.name = "Chart 1";
-  expected.left = expected.top = 10;
-  expected.width = 300;
-  expected.height = 200;
-  expected.legend = true;
-  expected.legendAt = "bottom";
-  expected.legendSize = 8;
+  ProbedChart expected{.name = "Chart 1",
+                       .left = 10,
+                       .top = 10,
+                       .width = 300,
+                       .height = 200,
+                       .legend = true,
+                       .legendAt = "bottom",
+                       .legendSize = 8};
   expected.series = {{"column", "Data!$B$2:$C$2", "=0 - 10;10 - 20", "Frequency", false, true, "", "", 7},
                      {"line", "=1.25;", "=0 - 10;10 - 20", "Normal", false, true, "", "", 0},
                      {"line", "Data!$B$5:$C$5", "=0 - 10;10 - 20", "Cumulative Frequency", true, true, "", "", 0}};
-  ProbedAxis secondary = axis("secondary value", true, 10, "0\"%\"", false);
-  secondary.line = false;
-  secondary.minimum = 0;
-  secondary.maximum = 100;
-  expected.axes = {axis("category", true, 10, "General", false), axis("value", true, 10, "General", true), secondary};
+  expected.axes = {axis("category", true, 10, "General", false),
+                   axis("value", true, 10, "General", true),
+                   {.which = "secondary value",
+                    .tickLabelSize = 10,
+                    .numberFormat = "0\"%\"",
+                    .line = false,
+                    .minimum = 0,
+                    .maximum = 100}};
   expectSameChart(expected, only());
 }
 
@@ -234,15 +222,16 @@ TEST_P(HostCharts, AScatterChartOnFixedScales) {
   EXPECT_EQ(chart.PlotArea().Left(), 20);
   EXPECT_GT(chart.PlotArea().Width(), 0);
 
-  ProbedChart expected;
-  expected.name = "Chart 1";
-  expected.width = expected.height = 200;
+  ProbedChart expected{.name = "Chart 1", .width = 200, .height = 200};
   expected.series = {{"scatter", "Data!$C$2:$C$6", "Data!$B$2:$B$6", "", false, false, "", "", 5}};
-  ProbedAxis x = axis("category", true, 10, "General", false), y = axis("value", true, 10, "General", false);
-  x.labelsLow = y.labelsLow = true;
-  x.minimum = y.minimum = -1;
-  x.maximum = y.maximum = 1;
-  expected.axes = {x, y};
+  for (const char* which : {"category", "value"}) {
+    expected.axes.push_back({.which = which,
+                             .tickLabelSize = 10,
+                             .numberFormat = "General",
+                             .labelsLow = true,
+                             .minimum = -1,
+                             .maximum = 1});
+  }
   expectSameChart(expected, only());
 }
 
@@ -277,9 +266,6 @@ TEST_P(HostCharts, WhatAChartDoesNotHaveIsAHostFailure) {
 
 }  // namespace
 
-INSTANTIATE_TEST_SUITE_P(Hosts, HostCharts, ::testing::Values(&inMemoryHost, &liveHost),
-                         [](const ::testing::TestParamInfo<HostFactory>& info) {
-                           return info.param == &inMemoryHost ? std::string("InMemory") : std::string("Live");
-                         });
+INSTANTIATE_TEST_SUITE_P(Hosts, HostCharts, bothHosts(), hostName);
 
 }  // namespace orv::test

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -47,6 +48,29 @@ class ChartTest : public ::testing::Test {
       if (a.kind == kind && a.group == group) return &a;
     }
     return nullptr;
+  }
+
+  // Each case sets a plot builder up; CreatePlot fails with the case's number from `source` and
+  // leaves the case's count of charts added.
+  template <class Plot>
+  struct PlotFailure {
+    std::string name;
+    std::function<void(Plot&)> setUp;
+    std::int32_t number;
+    std::size_t chartsLeft;
+  };
+  template <class Plot>
+  void expectPlotFailures(const std::string& source, const std::vector<PlotFailure<Plot>>& cases) {
+    for (const PlotFailure<Plot>& c : cases) {
+      SCOPED_TRACE(c.name);
+      const std::size_t before = data.charts().size();
+      Plot plot;
+      c.setUp(plot);
+      const ComponentError e = errorOf([&] { plot.CreatePlot(); });
+      EXPECT_EQ(e.number(), c.number);
+      EXPECT_EQ(e.source(), source);
+      EXPECT_EQ(data.charts().size(), before + c.chartsLeft);
+    }
   }
 
   InMemoryApplication app;

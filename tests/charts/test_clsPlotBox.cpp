@@ -1,7 +1,5 @@
 // The box plot builder on the in-memory host: the recorded chart after CreatePlot.
 
-#include <functional>
-
 #include "chart_fixture.h"
 #include "charts/clsPlotBox.h"
 #include "support/chart_settings.h"
@@ -114,31 +112,14 @@ TEST_F(PlotBoxTest, AVerticalOffsetThatReachesTheLastRowIsDropped) {
 
 TEST_F(PlotBoxTest, FailuresReportCreatePlotAndLeaveTheChartAdded) {
   InMemoryWorksheet& other = book.addSheet("Other");
-  struct Case {
-    std::string name;
-    std::function<void(clsPlotBox&)> setUp;
-    std::int32_t number;
-    std::size_t chartsLeft;
-  };
-  const std::vector<Case> cases = {
-      {"no output range", [](clsPlotBox&) {}, 91, 0},
-      {"headers on another sheet than the percentiles",
-       [&](clsPlotBox& p) {
-         configure(p, cells(2, 6, 2, 6));
-         p.HeadersRange(Range(other, CellBlock{1, 2, 1, 4}));
-       },
-       err::kHostFailure, 1},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.name);
-    const std::size_t before = data.charts().size();
-    clsPlotBox plot;
-    c.setUp(plot);
-    const ComponentError e = errorOf([&] { plot.CreatePlot(); });
-    EXPECT_EQ(e.number(), c.number);
-    EXPECT_EQ(e.source(), "Line 0 in ORVDescriptives.clsPlotBox.CreatePlot");
-    EXPECT_EQ(data.charts().size(), before + c.chartsLeft);
-  }
+  expectPlotFailures<clsPlotBox>("Line 0 in ORVDescriptives.clsPlotBox.CreatePlot",
+                                 {{"no output range", [](clsPlotBox&) {}, 91, 0},
+                                  {"headers on another sheet than the percentiles",
+                                   [&](clsPlotBox& p) {
+                                     configure(p, cells(2, 6, 2, 6));
+                                     p.HeadersRange(Range(other, CellBlock{1, 2, 1, 4}));
+                                   },
+                                   err::kHostFailure, 1}});
 }
 
 }  // namespace

@@ -1,7 +1,5 @@
 // The error bar plot builder on the in-memory host: the recorded chart after CreatePlot.
 
-#include <functional>
-
 #include "chart_fixture.h"
 #include "charts/clsPlotError.h"
 
@@ -57,32 +55,15 @@ TEST_F(PlotErrorTest, OneSeriesOfPointsWithCappedCustomBars) {
 }
 
 TEST_F(PlotErrorTest, FailuresReportCreatePlotAndLeaveTheChartAdded) {
-  struct Case {
-    std::string name;
-    std::function<void(clsPlotError&)> setUp;
-    std::int32_t number;
-    std::size_t chartsLeft;
-  };
-  const std::vector<Case> cases = {
-      {"no output range", [](clsPlotError&) {}, 91, 0},
-      {"a text among the distances",
-       [&](clsPlotError& p) {
-         configure(p);
-         p.ErrorPosArray(ValueArray1D(std::vector<CellValue>{1.0, "-"}));
-         p.ErrorNegArray(ValueArray1D(std::vector<CellValue>{1.0, 1.0}));
-       },
-       err::kHostFailure, 1},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.name);
-    const std::size_t before = data.charts().size();
-    clsPlotError plot;
-    c.setUp(plot);
-    const ComponentError e = errorOf([&] { plot.CreatePlot(); });
-    EXPECT_EQ(e.number(), c.number);
-    EXPECT_EQ(e.source(), "Line 0 in ORVDescriptives.clsPlotError.CreatePlot");
-    EXPECT_EQ(data.charts().size(), before + c.chartsLeft);
-  }
+  expectPlotFailures<clsPlotError>("Line 0 in ORVDescriptives.clsPlotError.CreatePlot",
+                                   {{"no output range", [](clsPlotError&) {}, 91, 0},
+                                    {"a text among the distances",
+                                     [&](clsPlotError& p) {
+                                       configure(p);
+                                       p.ErrorPosArray(ValueArray1D(std::vector<CellValue>{1.0, "-"}));
+                                       p.ErrorNegArray(ValueArray1D(std::vector<CellValue>{1.0, 1.0}));
+                                     },
+                                     err::kHostFailure, 1}});
 }
 
 }  // namespace

@@ -37,7 +37,8 @@ void fillData(InMemoryWorksheet& sheet) {
   }
 }
 
-void describeEverything() {
+// Every analysis with its charts and the statistics that call the distribution functions.
+void runTheThreeAnalyses() {
   clsDS ds;
   ds.Headers(true);
   for (auto get : {&clsDS::GetMean, &clsDS::GetMedian, &clsDS::GetMode, &clsDS::GetSE, &clsDS::GetSD,
@@ -50,9 +51,6 @@ void describeEverything() {
   ds.ErrorError("Confidence Limits");
   ds.InputRange("Data!A1:L26");
   ds.Results();
-}
-
-void circularEverything() {
   clsDSCirc circ;
   circ.Headers(true);
   circ.GetRayleigh(true);
@@ -61,9 +59,6 @@ void circularEverything() {
   circ.Plot(true);
   circ.InputRange("Data!A1:L26");
   circ.Results();
-}
-
-void frequencyEverything() {
   clsFreq freq;
   freq.Headers(true);
   freq.PlotHistogram(true);
@@ -121,9 +116,7 @@ Outcome analyseEverything(bool anyThread) {
     ~Attached() { HostSession::Attach(nullptr); }
   } attached(host);
 
-  describeEverything();
-  circularEverything();
-  frequencyEverything();
+  runTheThreeAnalyses();
 
   Outcome run;
   collect(book, run);
@@ -134,25 +127,23 @@ Outcome analyseEverything(bool anyThread) {
   return run;
 }
 
-TEST(HostThreads, AHostThatOnlyItsOwnThreadMayCallSeesEveryCallFromTheCallerOfResults) {
-  const Outcome run = analyseEverything(false);
-  const std::set<std::thread::id> caller{std::this_thread::get_id()};
-  EXPECT_GT(run.objectCalls, 0U);
-  EXPECT_GT(run.functionCalls, 0U);  // TInv, NormDist and ChiInv were all needed
-  EXPECT_EQ(run.objectThreads, caller);
-  EXPECT_EQ(run.functionThreads, caller);
-  // Two charts of the descriptive analysis, one per circular column, one histogram per frequency
-  // column.
-  EXPECT_EQ(run.charts.size(), 2U + kColumns + 2U);
-}
-
-TEST(HostThreads, WithFunctionsForAnyThreadOnlyTheyMayBeCalledElsewhereAndTheResultsAreTheSame) {
+// A host that only its own thread may call sees every call from the caller of Results; one whose
+// functions may be called from any thread sees only those elsewhere, and the results are the same.
+TEST(HostThreads, OnlyTheDistributionFunctionsOfAHostThatAllowsItAreCalledFromOtherThreads) {
   const Outcome sequential = analyseEverything(false);
   const Outcome parallel = analyseEverything(true);
-  EXPECT_EQ(parallel.objectThreads, std::set<std::thread::id>{std::this_thread::get_id()});
+  const std::set<std::thread::id> caller{std::this_thread::get_id()};
+  EXPECT_GT(sequential.objectCalls, 0U);
+  EXPECT_GT(sequential.functionCalls, 0U);  // TInv, NormDist and ChiInv were all needed
+  EXPECT_EQ(sequential.objectThreads, caller);
+  EXPECT_EQ(sequential.functionThreads, caller);
+  EXPECT_EQ(parallel.objectThreads, caller);
   EXPECT_EQ(parallel.functionCalls, sequential.functionCalls);
   EXPECT_EQ(parallel.cells, sequential.cells);
   EXPECT_EQ(parallel.charts, sequential.charts);
+  // Two charts of the descriptive analysis, one per circular column, one histogram per frequency
+  // column.
+  EXPECT_EQ(sequential.charts.size(), 2U + kColumns + 2U);
 }
 
 }  // namespace

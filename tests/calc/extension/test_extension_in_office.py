@@ -205,17 +205,21 @@ def charts_on(document, sheet_name):
     return [chart_description(charts.getByIndex(i)) for i in range(charts.getCount())]
 
 
+def used_cells(sheet, of=None):
+    """The cells of `of` (by default `sheet`) from A1 to the end of `sheet`'s used area."""
+    cursor = sheet.createCursor()
+    cursor.gotoEndOfUsedArea(False)
+    end = cursor.getRangeAddress()
+    return (of or sheet).getCellRangeByPosition(0, 0, end.EndColumn, end.EndRow).getDataArray()
+
+
 def snapshot(document):
     """Everything a failed command must leave as it was: sheets, their cells, the modified flag
     and the undo list."""
     sheets = []
     for i in range(document.Sheets.getCount()):
         sheet = document.Sheets.getByIndex(i)
-        cursor = sheet.createCursor()
-        cursor.gotoEndOfUsedArea(False)
-        end = cursor.getRangeAddress()
-        used = sheet.getCellRangeByPosition(0, 0, end.EndColumn, end.EndRow).getDataArray()
-        sheets.append((sheet.getName(), used, sheet.getCharts().getCount()))
+        sheets.append((sheet.getName(), used_cells(sheet), sheet.getCharts().getCount()))
     undo = document.getUndoManager().getAllUndoActionTitles()
     return sheets, document.isModified(), undo
 
@@ -271,10 +275,7 @@ class ExtensionTest(unittest.TestCase):
         """Saved as .xlsx and .ods and opened again, the results sheet holds the same cells and
         the same number of charts."""
         sheet = document.Sheets.getByName(sheet_name)
-        cursor = sheet.createCursor()
-        cursor.gotoEndOfUsedArea(False)
-        end = cursor.getRangeAddress()
-        expected = sheet.getCellRangeByPosition(0, 0, end.EndColumn, end.EndRow).getDataArray()
+        expected = used_cells(sheet)
         chart_count = sheet.getCharts().getCount()
         for extension, filter_name in (('xlsx', 'Calc MS Excel 2007 XML'), ('ods', 'calc8')):
             with self.subTest(format=extension):
@@ -283,7 +284,7 @@ class ExtensionTest(unittest.TestCase):
                 again = OFFICE.load(path)
                 self.documents.append(again)
                 kept = again.Sheets.getByName(sheet_name)
-                got = kept.getCellRangeByPosition(0, 0, end.EndColumn, end.EndRow).getDataArray()
+                got = used_cells(sheet, kept)
                 self.assertSameBlock(got, [[None if v == '' else v for v in row] for row in expected])
                 self.assertEqual(kept.getCharts().getCount(), chart_count)
 
@@ -409,12 +410,8 @@ class ExtensionTest(unittest.TestCase):
                 self.assertEqual(snapshot(document), before)
 
     def test_an_angle_outside_the_circle_is_named_by_its_cell(self):
-        made = OFFICE.desktop.loadComponentFromURL('private:factory/scalc', '_blank', 0, (prop('Hidden', True),))
-        self.documents.append(made)
-        made.Sheets.getByIndex(0).getCellRangeByName('A1:A4').setDataArray(((10.0,), (20.0,), (400.0,), (30.0,)))
-        path = os.path.join(self.folder, 'angles.xlsx')
-        made.storeToURL(file_url(path), (prop('FilterName', 'Calc MS Excel 2007 XML'),))
-        result = OFFICE.dispatch(made, 'Circular', InputRange='Sheet1!A1:A4')
+        path, document = self.made_workbook('angles.xlsx', 'A1:A4', ((10.0,), (20.0,), (400.0,), (30.0,)))
+        result = OFFICE.dispatch(document, 'Circular', InputRange='Sheet1!A1:A4')
         self.assertEqual(result.State, FAILURE)
         self.assertEqual(result.Result, (command_failure('circular', path, '-i', 'Sheet1!A1:A4'),))
         self.assertIn('Sheet1!$A$3 holds 400', result.Result[0])

@@ -26,6 +26,8 @@ pugi::xml_document load(const std::string& file) {
   return doc;
 }
 
+std::string attribute(const pugi::xml_node& n, const char* name) { return n.attribute(name).value(); }
+
 // Every element in the dialog's bulletin board, radio buttons inside their group included.
 std::vector<pugi::xml_node> controlsOf(const pugi::xml_document& dialog) {
   std::vector<pugi::xml_node> controls;
@@ -84,7 +86,7 @@ void expectShowsInitial(const pugi::xml_node& n, const PropertyInfo& option) {
       EXPECT_EQ(whole(n, "dlg:value"), std::get<std::int64_t>(option.initial));
       EXPECT_EQ(whole(n, "dlg:value-min"), range.least);
       EXPECT_EQ(whole(n, "dlg:value-max"), range.most);
-      EXPECT_EQ(std::string(n.attribute("dlg:decimal-accuracy").value()), "0");
+      EXPECT_EQ(attribute(n, "dlg:decimal-accuracy"), "0");
       break;
     }
     case Kind::DataType: {
@@ -95,10 +97,10 @@ void expectShowsInitial(const pugi::xml_node& n, const PropertyInfo& option) {
     }
     case Kind::Choice: {
       EXPECT_EQ(menuItems(n), std::vector<std::string>(option.choices.begin(), option.choices.end()));
-      EXPECT_EQ(std::string(n.attribute("dlg:value").value()), std::get<std::string>(option.initial));
+      EXPECT_EQ(attribute(n, "dlg:value"), std::get<std::string>(option.initial));
       break;
     }
-    default: EXPECT_EQ(std::string(n.attribute("dlg:value").value()), std::get<std::string>(option.initial));
+    default: EXPECT_EQ(attribute(n, "dlg:value"), std::get<std::string>(option.initial));
   }
 }
 
@@ -106,7 +108,7 @@ TEST(PackageFiles, EveryDialogControlIsAnOptionShowingItsInitialValue) {
   for (const CommandInfo& command : allCommands()) {
     SCOPED_TRACE(std::string(command.name));
     const pugi::xml_document dialog = load("dialogs/" + std::string(command.name) + ".xdl");
-    EXPECT_EQ(std::string(dialog.child("dlg:window").attribute("dlg:id").value()), command.name);
+    EXPECT_EQ(attribute(dialog.child("dlg:window"), "dlg:id"), command.name);
     const std::vector<pugi::xml_node> controls = controlsOf(dialog);
     std::set<std::string> read = {"OutputNewSheet", "OutputCell", "btnOK", "btnCancel"};
     for (const PropertyInfo& option : command.options) {
@@ -124,8 +126,8 @@ TEST(PackageFiles, EveryDialogControlIsAnOptionShowingItsInitialValue) {
     // A new sheet is the empty output reference; OK and Cancel end the dialog.
     EXPECT_TRUE(control(controls, "OutputNewSheet").attribute("dlg:checked").as_bool());
     EXPECT_FALSE(control(controls, "OutputCell").attribute("dlg:checked").as_bool());
-    EXPECT_EQ(std::string(control(controls, "btnOK").attribute("dlg:button-type").value()), "ok");
-    EXPECT_EQ(std::string(control(controls, "btnCancel").attribute("dlg:button-type").value()), "cancel");
+    EXPECT_EQ(attribute(control(controls, "btnOK"), "dlg:button-type"), "ok");
+    EXPECT_EQ(attribute(control(controls, "btnCancel"), "dlg:button-type"), "cancel");
     for (const pugi::xml_node& n : controls) {
       const std::string kind = n.name();
       if (kind == "dlg:text" || kind == "dlg:fixedline") continue;
@@ -166,19 +168,18 @@ TEST(PackageFiles, DialogControlsNeitherOverlapNorLeaveTheDialog) {
 
 TEST(PackageFiles, TheOfficeFindsTheExtensionByTheNamesTheCodeUses) {
   const pugi::xml_document description = load("description.xml.in");
-  EXPECT_EQ(std::string(description.child("description").child("identifier").attribute("value").value()),
-            kExtensionIdentifier);
+  EXPECT_EQ(attribute(description.child("description").child("identifier"), "value"), kExtensionIdentifier);
 
   const pugi::xml_document components = load("orvella.components");
   const pugi::xml_node component = components.child("components").child("component");
-  EXPECT_EQ(std::string(component.attribute("uri").value()), "orvella.uno.so");
-  EXPECT_EQ(std::string(component.child("implementation").attribute("name").value()), kImplementationName);
-  EXPECT_EQ(std::string(component.child("implementation").child("service").attribute("name").value()),
+  EXPECT_EQ(attribute(component, "uri"), "orvella.uno.so");
+  EXPECT_EQ(attribute(component.child("implementation"), "name"), kImplementationName);
+  EXPECT_EQ(attribute(component.child("implementation").child("service"), "name"),
             "com.sun.star.frame.ProtocolHandler");
 
   const pugi::xml_document handlers = load("ProtocolHandler.xcu");
   const pugi::xml_node handler = handlers.child("oor:component-data").child("node").child("node");
-  EXPECT_EQ(std::string(handler.attribute("oor:name").value()), kImplementationName);
+  EXPECT_EQ(attribute(handler, "oor:name"), kImplementationName);
   EXPECT_EQ(std::string(handler.child("prop").child_value("value")), std::string(kProtocol) + "*");
 
   const pugi::xml_document manifest = load("META-INF/manifest.xml");

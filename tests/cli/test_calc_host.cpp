@@ -1,23 +1,15 @@
 // orvella --host calc: the command on a live, headless LibreOffice that it starts itself. Each
 // run starts an office of its own (a couple of seconds), so these tests run few commands each.
 
-#include <fcntl.h>
-#include <gtest/gtest.h>
 #include <signal.h>
-#include <spawn.h>
-#include <sys/wait.h>
 
 #include <chrono>
-#include <fstream>
 #include <map>
 #include <thread>
 
 #include "cli_fixture.h"
 #include "frame/errors.h"
 #include "named_workbook.h"
-#include "xlsx/reader_workbook.h"
-
-extern char** environ;
 
 namespace orv::test {
 namespace {
@@ -65,24 +57,6 @@ class CalcHostTest : public CliTest {
     return workbook(name, {{"Control", a}, {"Fertiliser", b}, {"Shade", c}});
   }
 
-  // Starts orvella without waiting; its output goes to files in the test folder.
-  pid_t start(const std::vector<std::string>& args) {
-    std::vector<std::string> all = {ORVELLA_BINARY};
-    all.insert(all.end(), args.begin(), args.end());
-    std::vector<char*> argv;
-    for (std::string& a : all) argv.push_back(a.data());
-    argv.push_back(nullptr);
-    posix_spawn_file_actions_t actions;
-    posix_spawn_file_actions_init(&actions);
-    const std::string out = (dir / "stdout.txt").string(), err = (dir / "stderr.txt").string();
-    posix_spawn_file_actions_addopen(&actions, 1, out.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
-    posix_spawn_file_actions_addopen(&actions, 2, err.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
-    pid_t pid = -1;
-    posix_spawn(&pid, argv[0], &actions, nullptr, argv.data(), environ);
-    posix_spawn_file_actions_destroy(&actions);
-    return pid;
-  }
-
   // The office of a running orvella once it has run for `settled`: the first start in a new
   // profile ends by itself and is started again, so an office counts once it stays.
   pid_t officeOf(pid_t orvella, std::chrono::milliseconds settled) {
@@ -99,17 +73,10 @@ class CalcHostTest : public CliTest {
     return -1;
   }
 
-  int finish(pid_t pid) {
-    int status = 0;
-    waitpid(pid, &status, 0);
-    if (WIFSIGNALED(status)) return 128 + WTERMSIG(status);
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-  }
-
   // Describes a workbook of 20 columns of 20,000 numbers, large enough to keep the office busy
   // for a few seconds; returns orvella's process and, once it has worked for 1.5 s, its office.
   std::pair<pid_t, pid_t> startLargeRun() {
-    std::vector<std::pair<std::string, std::vector<CellValue>>> columns;
+    Columns columns;
     for (int c = 0; c < 20; ++c) {
       std::vector<CellValue> values;
       for (int r = 0; r < 20000; ++r) values.emplace_back(static_cast<double>((r * 37 + c * 11) % 1000) / 7);
@@ -120,64 +87,31 @@ class CalcHostTest : public CliTest {
                                  "calc", "-o", (dir / "out.xlsx").string()});
     return {orvella, officeOf(orvella, std::chrono::milliseconds(1500))};
   }
-
-  std::vector<std::string> filesIn(const std::filesystem::path& folder) {
-    std::vector<std::string> names;
-    for (const auto& entry : std::filesystem::directory_iterator(folder))
-      names.push_back(entry.path().filename().string());
-    std::sort(names.begin(), names.end());
-    return names;
-  }
 };
 
 TEST_F(CalcHostTest, PrintsWhatTheInMemoryHostPrintsAndSavesWhatItPrints) {
   const auto input = heights("plants.xlsx");
-  const std::vector<std::string> args = {"describe",     input.string(), "-i",         "Data!A1:C13",
-                                         "--headers",    "--all",        "--box-plot", "--error-plot",
-                                         "--error-bars", "Range",        "--json"};
-  std::vector<std::string> calc = args, inMemory = args;
+  const Args args = {"describe",   input.string(), "-i",           "Data!A1:C13", "--headers", "--all",
+                     "--box-plot", "--error-plot", "--error-bars", "Range",       "--json"};
+  Args calc = args, inMemory = args;
   calc.insert(calc.end(), {"--host", "calc", "-o", (dir / "calc.xlsx").string()});
   inMemory.insert(inMemory.end(), {"-o", (dir / "memory.xlsx").string()});
   const RunResult memory = run(inMemory);
   const RunResult live = run(calc);
   ASSERT_EQ(live.exitCode, 0) << live.err;
-  nlohmann::json a = nlohmann::json::parse(memory.out), b = nlohmann::json::parse(live.out);
+  const Json a = Json::parse(memory.out), b = Json::parse(live.out);
   for (const char* member : {"sheet", "cell", "range"}) EXPECT_EQ(b["output"][member], a["output"][member]);
   EXPECT_EQ(b["output"]["file"], (dir / "calc.xlsx").string());
   EXPECT_EQ(b["columns"].size(), a["columns"].size());
+  // The printed block is the in-memory host's, which that host saved at full precision. The
+  // saved workbook holds the printed block, the error plot's amounts below it (no hidden sheet of
+  // chart data is needed for them), and the charts beside it; the office saves numbers to 15
+  // significant digits, as the spreadsheet shows them.
   ASSERT_EQ(b["block"].size(), a["block"].size());
-  for (std::size_t r = 0; r < a["block"].size(); ++r) {
-    for (std::size_t c = 0; c < a["block"][r].size(); ++c) {
-      const nlohmann::json &x = a["block"][r][c], &y = b["block"][r][c];
-      SCOPED_TRACE(testing::Message() << "row " << r + 1 << " column " << c + 1);
-      if (x.is_number() && y.is_number()) {
-        EXPECT_NEAR(y.get<double>(), x.get<double>(), 1e-12 * std::max(1.0, std::fabs(x.get<double>())));
-      } else {
-        EXPECT_EQ(y, x);
-      }
-    }
-  }
-  // The saved workbook holds the printed block, the error plot's amounts below it (no hidden sheet
-  // of chart data is needed for them), and the charts beside it.
-  // The office saves numbers to 15 significant digits, as the spreadsheet shows them.
-  InMemoryApplication app;
-  InMemoryWorkbook& saved = loadWorkbook(app, dir / "calc.xlsx");
+  expectSheetHolds(b["block"], open(dir / "memory.xlsx").Worksheets(a["output"]["sheet"].get<std::string>()), 1e-12);
+  InMemoryWorkbook& saved = open(dir / "calc.xlsx");
   const Worksheet& sheet = saved.Worksheets(b["output"]["sheet"].get<std::string>());
-  for (std::size_t r = 0; r < b["block"].size(); ++r) {
-    for (std::size_t c = 0; c < b["block"][r].size(); ++c) {
-      const nlohmann::json& printed = b["block"][r][c];
-      const CellValue v = sheet.cellValue(static_cast<std::int32_t>(r + 1), static_cast<std::int32_t>(c + 1));
-      SCOPED_TRACE(testing::Message() << "saved row " << r + 1 << " column " << c + 1);
-      if (printed.is_number()) {
-        ASSERT_TRUE(v.isNumber());
-        EXPECT_NEAR(v.number(), printed.get<double>(), 5e-15 * std::max(1.0, std::fabs(v.number())));
-      } else if (printed.is_string()) {
-        EXPECT_EQ(v, CellValue(printed.get<std::string>()));
-      } else {
-        EXPECT_TRUE(v.isEmpty());
-      }
-    }
-  }
+  expectSheetHolds(b["block"], sheet, 5e-15);
   EXPECT_THROW(saved.Worksheets("Orvella Chart Data"), ComponentError);
   const std::int32_t heading = static_cast<std::int32_t>(b["block"].size());
   EXPECT_EQ(sheet.cellValue(heading, 1), CellValue("Data for Error Bars"));
@@ -185,24 +119,24 @@ TEST_F(CalcHostTest, PrintsWhatTheInMemoryHostPrintsAndSavesWhatItPrints) {
   EXPECT_TRUE(sheet.cellValue(heading + 3, 2).isNumber());
   const std::string package = readFile(dir / "calc.xlsx");
   EXPECT_NE(package.find("xl/charts/chart2.xml"), std::string::npos);
-  EXPECT_EQ(filesIn(dir),
-            (std::vector<std::string>{"calc.xlsx", "memory.xlsx", "plants.xlsx", "stderr.txt", "stdout.txt"}));
+  EXPECT_EQ(listing(dir), (std::vector<std::string>{"calc.xlsx", "memory.xlsx", "plants.xlsx"}));
 }
 
 // A workbook saved as .ods by the office is read by it again, as is delimited text.
 TEST_F(CalcHostTest, ReadsOdsAndTextAndWritesOds) {
-  std::ofstream(dir / "survey.csv") << "Colour;Count\nred;1\nblue;2\nred;3\ngreen;4\nblue;5\n";
-  const RunResult nominal = run({"frequency", (dir / "survey.csv").string(), "-i", "A1:A6", "--headers", "--nominal",
-                                 "--host", "calc", "-o", (dir / "survey.ods").string()});
+  const auto csv = textFile("survey.csv", "Colour;Count\nred;1\nblue;2\nred;3\ngreen;4\nblue;5\n");
+  const Args args = {"frequency", csv.string(), "-i", "A1:A6", "--headers", "--nominal"};
+  Args live = args;
+  live.insert(live.end(), {"--host", "calc", "-o", (dir / "survey.ods").string()});
+  const RunResult nominal = run(live), inMemory = run(args);
   ASSERT_EQ(nominal.exitCode, 0) << nominal.err;
-  const RunResult inMemory = run({"frequency", (dir / "survey.csv").string(), "-i", "A1:A6", "--headers", "--nominal"});
   EXPECT_EQ(nominal.out, inMemory.out);
   ASSERT_TRUE(std::filesystem::exists(dir / "survey.ods"));
 
   const RunResult again = run({"describe", (dir / "survey.ods").string(), "-i", "survey!B1:B6", "--headers", "--sum",
                                "--count", "--host", "calc", "--json"});
   ASSERT_EQ(again.exitCode, 0) << again.err;
-  const nlohmann::json block = nlohmann::json::parse(again.out)["block"];
+  const Json block = Json::parse(again.out)["block"];
   EXPECT_EQ(block[4][1], 15);  // Sum
   EXPECT_EQ(block[5][1], 5);   // Count
 }
@@ -211,17 +145,17 @@ TEST_F(CalcHostTest, ReadsOdsAndTextAndWritesOds) {
 // stand for the same cells as on the default host.
 TEST_F(CalcHostTest, DefinedNamesResolveThroughTheOfficesNamedRanges) {
   const std::string file = namedWorkbook(dir).string();
-  const std::vector<std::vector<std::string>> runs = {
+  const std::vector<Args> runs = {
       {"describe", file, "-i", "Heights", "--headers", "--mean", "--count", "--json"},
       {"describe", file, "-i", "Other!Left", "--headers", "--sum", "--json"},
   };
-  for (std::vector<std::string> args : runs) {
+  for (Args args : runs) {
     SCOPED_TRACE(args[3]);
     const RunResult memory = run(args);
     args.insert(args.end(), {"--host", "calc"});
     const RunResult live = run(args);
     ASSERT_EQ(live.exitCode, 0) << live.err;
-    const nlohmann::json a = nlohmann::json::parse(memory.out), b = nlohmann::json::parse(live.out);
+    const Json a = Json::parse(memory.out), b = Json::parse(live.out);
     EXPECT_EQ(b["input"], a["input"]);
     EXPECT_EQ(b["columns"].dump(), a["columns"].dump());
   }
@@ -229,16 +163,16 @@ TEST_F(CalcHostTest, DefinedNamesResolveThroughTheOfficesNamedRanges) {
 
 TEST_F(CalcHostTest, RefusesWhatItCannotWrite) {
   const auto input = heights("plants.xlsx");
-  std::ofstream(dir / "data.csv") << "1\n2\n3\n";
+  const auto csv = textFile("data.csv", "1\n2\n3\n");
   const struct {
-    std::vector<std::string> args;
+    Args args;
     const char* says;
   } cases[] = {
       {{"describe", input.string(), "-i", "Data!A1:A13", "--host", "calc", "-o", (dir / "out.csv").string()},
        ".xlsx or .ods"},
       {{"describe", input.string(), "-i", "Data!A1:A13", "--host", "calc", "-o", (dir / "out.xlsm").string()},
        ".xlsx or .ods"},
-      {{"describe", (dir / "data.csv").string(), "-i", "A1:A3", "--host", "calc", "--in-place"}, "text file"},
+      {{"describe", csv.string(), "-i", "A1:A3", "--host", "calc", "--in-place"}, "text file"},
       {{"describe", input.string(), "-i", "Data!A1:A13", "--host", "excel"}, "--host"},
   };
   for (const auto& c : cases) {
@@ -253,21 +187,22 @@ TEST_F(CalcHostTest, AnOfficeKilledMidRunLeavesNoOutputAndSaysSo) {
   const auto [orvella, office] = startLargeRun();
   ASSERT_GT(office, 0);
   ::kill(office, SIGKILL);
-  EXPECT_EQ(finish(orvella), 1);
+  EXPECT_EQ(WEXITSTATUS(waitStatus(orvella)), 1);
   const std::string err = readFile(dir / "stderr.txt");
   EXPECT_NE(err.find("LibreOffice ("), std::string::npos) << err;
   EXPECT_NE(err.find("stopped"), std::string::npos) << err;
-  EXPECT_EQ(filesIn(dir), (std::vector<std::string>{"large.xlsx", "stderr.txt", "stdout.txt"}));
+  EXPECT_EQ(listing(dir), std::vector<std::string>{"large.xlsx"});
 }
 
 TEST_F(CalcHostTest, ASignalStopsTheOfficeAndLeavesNoOutput) {
   const auto [orvella, office] = startLargeRun();
   ASSERT_GT(office, 0);
   ::kill(orvella, SIGTERM);
-  EXPECT_EQ(finish(orvella), 128 + SIGTERM);
+  const int status = waitStatus(orvella);
+  EXPECT_EQ(WIFSIGNALED(status) ? 128 + WTERMSIG(status) : WEXITSTATUS(status), 128 + SIGTERM);
   EXPECT_FALSE(alive(office));
   EXPECT_NE(readFile(dir / "stderr.txt").find("interrupted"), std::string::npos);
-  EXPECT_EQ(filesIn(dir), (std::vector<std::string>{"large.xlsx", "stderr.txt", "stdout.txt"}));
+  EXPECT_EQ(listing(dir), std::vector<std::string>{"large.xlsx"});
 }
 
 }  // namespace

@@ -5,15 +5,12 @@
 #include <numbers>
 
 #include "cli_fixture.h"
-#include "xlsx/reader_workbook.h"
 
 namespace orv::test {
 namespace {
 
 const std::vector<double> kNorthEast = {30.0, 45.0, 60.0};
 const std::vector<double> kSouth = {170.0, 180.0, 195.0, 200.0};
-
-std::vector<CellValue> cells(const std::vector<double>& xs) { return {xs.begin(), xs.end()}; }
 
 double radians(double degrees) { return degrees * std::numbers::pi / 180.0; }
 
@@ -39,21 +36,18 @@ TEST_F(CliTest, CircularJsonBlockAndPlotDataAreWhatTheWorkbookHolds) {
   const auto file = workbook("angles.xlsx", {{"NE", cells(kNorthEast)}, {"S", cells(kSouth)}});
   const auto out = dir / "out.xlsx";
   // Whole columns stop at the last used row, so this is A1:B5.
-  const RunResult r =
-      run({"circular", file.string(), "-i", "Data!A:B", "--headers", "--plot", "--json", "-o", out.string()});
-  ASSERT_EQ(r.exitCode, 0) << r.err;
-  const nlohmann::json doc = nlohmann::json::parse(r.out);
+  const auto doc =
+      runJson({"circular", file.string(), "-i", "Data!A:B", "--headers", "--plot", "--json", "-o", out.string()});
   EXPECT_EQ(doc["analysis"], "circular");
   // The one warning is the note on the kept rule that reports the third-quadrant mean of "S"
   // reflected into the fourth.
   ASSERT_EQ(doc["warnings"].size(), 1u);
   EXPECT_NE(doc["warnings"][0].get<std::string>().find("reads 353.734"), std::string::npos) << doc["warnings"];
   EXPECT_NE(doc["warnings"][0].get<std::string>().find("its direction is 186.266"), std::string::npos);
-  const nlohmann::json& block = doc["block"];
+  const auto& block = doc["block"];
   EXPECT_EQ(block[1][0], "Input Range = Data!$A$1:$B$5");
 
-  InMemoryApplication app;
-  InMemoryWorkbook& book = openWorkbookFile(app, out).book;
+  InMemoryWorkbook& book = open(out);
   ASSERT_EQ(book.WorksheetsCount(), 2);
   expectSheetHolds(block, book.Worksheets(doc["output"]["sheet"].get<std::string>()));
 
@@ -62,11 +56,11 @@ TEST_F(CliTest, CircularJsonBlockAndPlotDataAreWhatTheWorkbookHolds) {
   std::size_t comment = 0;
   while (comment < block.size() && block[comment][0] != "Data for Plots") ++comment;
   ASSERT_LT(comment + 2 + kSouth.size(), block.size());
-  EXPECT_EQ(block[comment + 1], (nlohmann::json{"NE", nullptr, "S", nullptr}));
-  EXPECT_EQ(block[comment + 2], (nlohmann::json{"Sin", "Cos", "Sin", "Cos"}));
+  EXPECT_EQ(block[comment + 1], (Json{"NE", nullptr, "S", nullptr}));
+  EXPECT_EQ(block[comment + 2], (Json{"Sin", "Cos", "Sin", "Cos"}));
   for (std::size_t i = 0; i < kSouth.size(); ++i) {
     SCOPED_TRACE(i);
-    const nlohmann::json& row = block[comment + 3 + i];
+    const auto& row = block[comment + 3 + i];
     EXPECT_NEAR(row[2].get<double>(), std::sin(radians(kSouth[i])), 1e-12);
     EXPECT_NEAR(row[3].get<double>(), std::cos(radians(kSouth[i])), 1e-12);
     if (i < kNorthEast.size()) {

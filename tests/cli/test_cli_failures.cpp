@@ -7,18 +7,18 @@ namespace orv::test {
 namespace {
 
 TEST_F(CliTest, FailuresExplainThemselvesAndLeaveTheInputAlone) {
-  const auto file = workbook("mixed.xlsx", {{"A", {1.0, 2.0, 3.0, 4.0}},
+  const auto file = workbook("mixed.xlsx", {{"A", sequence(4)},
                                             {"B", {1.0, CellValue("n/a"), 3.0, 4.0}},
-                                            {"C", {1.0, 2.0, 3.0, 4.0}},
-                                            {"Falling", {30.0, 20.0, 10.0}},
-                                            {"Weight", {1.0, 1.0, 2.0}},
-                                            {"Full", {0.0, 90.0, 360.0}},
-                                            {"Over", {0.0, 90.0, 360.5}},
-                                            {"Under", {-1.0, 90.0, 180.0}}});
+                                            {"C", sequence(4)},
+                                            {"Falling", cells({30, 20, 10})},
+                                            {"Weight", cells({1, 1, 2})},
+                                            {"Full", cells({0, 90, 360})},
+                                            {"Over", cells({0, 90, 360.5})},
+                                            {"Under", cells({-1, 90, 180})}});
   const std::string before = readFile(file);
   struct Case {
     const char* name;
-    std::vector<std::string> args;  // the command, then what follows the file
+    Args args;  // the command, then what follows the file
     int exitCode;
     std::vector<std::string> messageParts;
   };
@@ -80,9 +80,7 @@ TEST_F(CliTest, FailuresExplainThemselvesAndLeaveTheInputAlone) {
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.name);
-    std::vector<std::string> args = c.args;
-    args.insert(args.begin() + 1, file.string());
-    const RunResult r = run(args);
+    const RunResult r = runOn(file, c.args);
     EXPECT_EQ(r.exitCode, c.exitCode) << r.err;
     for (const std::string& part : c.messageParts) EXPECT_NE(r.err.find(part), std::string::npos) << r.err;
     EXPECT_EQ(r.out.empty(), c.exitCode != 0) << r.out;

@@ -1,15 +1,11 @@
 // orvella describe and orvella sheets on generated workbooks: what is printed and written.
 
 #include "cli_fixture.h"
-#include "xlsx/reader_workbook.h"
 
 namespace orv::test {
 namespace {
 
-const std::vector<std::pair<std::string, std::vector<CellValue>>> kTwoColumns = {
-    {"Height", {2.0, 4.0, 4.0, 4.0, 5.0, 5.0, 7.0, 9.0}},
-    {"Weight", {1.0, 2.0, 3.0, 4.0, 5.0, 6.0, 7.0, 8.0}},
-};
+const Columns kTwoColumns = {{"Height", cells({2, 4, 4, 4, 5, 5, 7, 9})}, {"Weight", sequence(8)}};
 
 TEST_F(CliTest, PrintsTheDefaultTableAndWritesNothing) {
   const auto file = workbook("two.xlsx", kTwoColumns);
@@ -29,17 +25,14 @@ TEST_F(CliTest, PrintsTheDefaultTableAndWritesNothing) {
 TEST_F(CliTest, JsonBlockIsWhatTheWorkbookHolds) {
   const auto file = workbook("two.xlsx", kTwoColumns);
   const auto out = dir / "out.xlsx";
-  const RunResult r = run({"describe", file.string(), "-i", "Data!A1:B9", "--headers", "--all", "--largest", "2",
-                           "--json", "-o", out.string()});
-  ASSERT_EQ(r.exitCode, 0) << r.err;
-  const nlohmann::json doc = nlohmann::json::parse(r.out);
+  const auto doc = runJson({"describe", file.string(), "-i", "Data!A1:B9", "--headers", "--all", "--largest", "2",
+                            "--json", "-o", out.string()});
   EXPECT_EQ(doc["analysis"], "describe");
   EXPECT_EQ(doc["input"], "Data!$A$1:$B$9");
   EXPECT_EQ(doc["output"]["sheet"], "Sheet1");
   EXPECT_EQ(doc["output"]["cell"], "$A$1");
   EXPECT_EQ(doc["output"]["file"], out.string());
-  InMemoryApplication app;
-  InMemoryWorkbook& book = openWorkbookFile(app, out).book;
+  InMemoryWorkbook& book = open(out);
   ASSERT_EQ(book.WorksheetsCount(), 2);
   ASSERT_EQ(doc["block"].size(), 27u);  // heading, blank, names, 23 statistics, blank
   expectSheetHolds(doc["block"], book.Worksheets("Sheet1"));
@@ -51,8 +44,7 @@ TEST_F(CliTest, OnTheDataSheetTheFileGetsTheChartDataBelowTheTableAndTheWiderCol
   const RunResult r = run({"describe", file.string(), "-i", "Data!A1:B9", "--headers", "--cv", "--output", "Data!E1",
                            "--error-plot", "--error-bars", "Range", "-o", out.string()});
   ASSERT_EQ(r.exitCode, 0) << r.err;
-  InMemoryApplication app;
-  InMemoryWorksheet& sheet = openWorkbookFile(app, out).book.Worksheets("Data");
+  const Worksheet& sheet = open(out).Worksheets("Data");
   // Table: names in row 4, Mean, Coeff. Var., Minimum, Maximum in rows 5-8; the distances below.
   EXPECT_EQ(sheet.cellValue(6, 5), CellValue("Coeff. Var."));
   EXPECT_EQ(sheet.cellValue(10, 5), CellValue("Data for Error Bars"));
@@ -76,8 +68,7 @@ TEST_F(CliTest, InPlaceOutputReplacesAnEarlierTableOnlyWhenTold) {
   overwrite.push_back("--overwrite");
   const RunResult r = run(overwrite);
   ASSERT_EQ(r.exitCode, 0) << r.err;
-  InMemoryApplication app;
-  Worksheet& sheet = openWorkbookFile(app, file).book.Worksheets("Data");
+  const Worksheet& sheet = open(file).Worksheets("Data");
   EXPECT_EQ(sheet.cellValue(6, 5), CellValue("Sum"));
   EXPECT_EQ(sheet.cellValue(6, 6), CellValue(36.0));
   EXPECT_EQ(sheet.cellValue(9, 1), CellValue(9.0));  // the data are still there
@@ -85,18 +76,16 @@ TEST_F(CliTest, InPlaceOutputReplacesAnEarlierTableOnlyWhenTold) {
 }
 
 TEST_F(CliTest, CsvInputWritesANewWorkbook) {
-  const auto csv = dir / "plants.csv";
-  std::ofstream(csv) << "Control;Shade\n21,4;17\n19.8;15.9\n23.1;18.8\n";
+  auto csv = textFile("plants.csv", "Control;Shade\n21,4;17\n19.8;15.9\n23.1;18.8\n");
   // Semicolon-separated with one decimal comma: "21,4" stays text and is refused by name.
   RunResult r = run({"describe", csv.string(), "-i", "A1:B4", "--headers"});
   EXPECT_EQ(r.exitCode, 1);
   EXPECT_NE(r.err.find("$A$2"), std::string::npos) << r.err;
-  std::ofstream(csv) << "Control,Shade\n21.4,17\n19.8,15.9\n23.1,18.8\n";
+  csv = textFile("plants.csv", "Control,Shade\n21.4,17\n19.8,15.9\n23.1,18.8\n");
   const auto out = dir / "plants.xlsx";
   r = run({"describe", csv.string(), "-i", "A1:B4", "--headers", "--max", "-o", out.string()});
   ASSERT_EQ(r.exitCode, 0) << r.err;
-  InMemoryApplication app;
-  InMemoryWorkbook& book = openWorkbookFile(app, out).book;
+  InMemoryWorkbook& book = open(out);
   EXPECT_EQ(book.Worksheets(1).Name(), "plants");
   EXPECT_EQ(book.Worksheets(2).cellValue(5, 2), CellValue(23.1));
 }

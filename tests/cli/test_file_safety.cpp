@@ -6,23 +6,11 @@
 
 #include "cli_fixture.h"
 #include "test_packages.h"
-#include "xlsx/reader_workbook.h"
 
 namespace orv::test {
 namespace {
 
 namespace fs = std::filesystem;
-
-// The folder's files, without the runs' captured output.
-std::vector<std::string> listing(const fs::path& folder) {
-  std::vector<std::string> names;
-  for (const auto& e : fs::directory_iterator(folder)) {
-    const std::string name = e.path().filename().string();
-    if (name != "stdout.txt" && name != "stderr.txt") names.push_back(name);
-  }
-  std::sort(names.begin(), names.end());
-  return names;
-}
 
 mode_t modeOf(const fs::path& p) {
   struct stat st {};
@@ -30,12 +18,7 @@ mode_t modeOf(const fs::path& p) {
   return st.st_mode & 07777;
 }
 
-std::int32_t sheetCount(const fs::path& file) {
-  InMemoryApplication app;
-  return openWorkbookFile(app, file).book.WorksheetsCount();
-}
-
-const std::vector<std::pair<std::string, std::vector<CellValue>>> kHeights = {{"Height", {2.0, 4.0, 5.0}}};
+const Columns kHeights = {{"Height", cells({2, 4, 5})}};
 
 TEST_F(CliTest, OutputNamingTheInputBySpellingOrLinkIsRefused) {
   const auto file = workbook("in.xlsx", kHeights);
@@ -59,20 +42,17 @@ TEST_F(CliTest, OutputNamingTheInputBySpellingOrLinkIsRefused) {
 TEST_F(CliTest, InPlaceKeepsPermissionBitsAndLinksAndRefusesReadOnlyFiles) {
   const auto file = workbook("own.xlsx", kHeights);
   ASSERT_EQ(::chmod(file.c_str(), 0600), 0);
-  const std::vector<std::string> args = {"-i", "Data!A1:A4", "--headers", "--in-place"};
-  auto describe = [&](const fs::path& target) {
-    std::vector<std::string> all = {"describe", target.string()};
-    all.insert(all.end(), args.begin(), args.end());
-    return run(all);
+  const auto describe = [&](const fs::path& target) {
+    return runOn(target, {"describe", "-i", "Data!A1:A4", "--headers", "--in-place"});
   };
   ASSERT_EQ(describe(file).exitCode, 0);
   EXPECT_EQ(modeOf(file), mode_t{0600});
-  EXPECT_EQ(sheetCount(file), 2);
+  EXPECT_EQ(open(file).WorksheetsCount(), 2);
 
   fs::create_symlink("own.xlsx", dir / "link.xlsx");
   ASSERT_EQ(describe(dir / "link.xlsx").exitCode, 0);
   EXPECT_TRUE(fs::is_symlink(fs::symlink_status(dir / "link.xlsx")));
-  EXPECT_EQ(sheetCount(file), 3);
+  EXPECT_EQ(open(file).WorksheetsCount(), 3);
   EXPECT_EQ(modeOf(file), mode_t{0600});
 
   ASSERT_EQ(::chmod(file.c_str(), 0444), 0);
@@ -96,9 +76,7 @@ TEST_F(CliTest, AMissingOrUnreadableInputIsAFileError) {
   for (const auto& c : cases) {
     for (const std::string command : {"describe", "circular", "frequency", "sheets"}) {
       SCOPED_TRACE(command + " " + c.file.string());
-      std::vector<std::string> args = {command, c.file.string()};
-      if (command != "sheets") args.insert(args.end(), {"-i", "A1:A3"});
-      const RunResult r = run(args);
+      const RunResult r = command == "sheets" ? runOn(c.file, {command}) : runOn(c.file, {command, "-i", "A1:A3"});
       EXPECT_EQ(r.exitCode, 1);
       EXPECT_EQ(r.err, "orvella: cannot open \"" + c.file.string() + "\": " + c.why + "\n");
     }
@@ -139,7 +117,7 @@ TEST_F(CliTest, TheWrittenPackageMatchesItsExtension) {
   const fs::path plain = workbook("plain.xlsx", kHeights);
   const fs::path macros = macroEnabled(plain, dir / "macros.xlsm");
   ASSERT_EQ(workbookType(macros), "application/vnd.ms-excel.sheet.macroEnabled.main+xml");
-  std::ofstream(dir / "text.csv") << "Height\n2\n4\n";
+  const fs::path text = textFile("text.csv", "Height\n2\n4\n");
   const struct {
     fs::path input;
     std::string out;
@@ -155,8 +133,8 @@ TEST_F(CliTest, TheWrittenPackageMatchesItsExtension) {
            "\" holds no macros, so it is written as a .xlsx workbook; give -o a "
            ".xlsx name instead of \"" +
            (dir / "out.xlsm").string() + "\""},
-      {dir / "text.csv", "out.xlsm",
-       "\"" + (dir / "text.csv").string() +
+      {text, "out.xlsm",
+       "\"" + text.string() +
            "\" holds no macros, so it is written as a "
            ".xlsx workbook; give -o a .xlsx name instead of \"" +
            (dir / "out.xlsm").string() + "\""},

@@ -72,42 +72,7 @@ TEST(Help, EachCommandGroupsItsOptionsWithoutParserNotation) {
   EXPECT_EQ(sectionTitles(cli::helpText(program.app)), (std::vector<std::string>{"Commands", "Other", "Examples"}));
 }
 
-TEST(Help, TheBinaryPrintsTheSameHelp) {
-  Program program;
-  for (const std::string command : {"describe", "frequency"}) {
-    SCOPED_TRACE(command);
-    const std::string out = (std::filesystem::temp_directory_path() / ("orvella-help-" + command)).string();
-    const std::string line = quoted(ORVELLA_BINARY) + " " + command + " --help >" + quoted(out);
-    ASSERT_EQ(std::system(line.c_str()), 0);
-    EXPECT_EQ(readFile(out), cli::helpText(*program.app.get_subcommand(command)));
-    std::filesystem::remove(out);
-  }
-}
-
-TEST(Help, TheManPageHasEveryOptionAndRendersWithoutWarnings) {
-  Program program;
-  const std::string page = cli::manPage(program.app, "9.9.9");
-  for (const CLI::App* command : program.app.get_subcommands({})) {
-    SCOPED_TRACE(command->get_name());
-    EXPECT_NE(page.find(".SS \"orvella " + command->get_name()), std::string::npos);
-    for (std::string name : longNames(*command)) {
-      // roff writes each hyphen escaped
-      std::string escaped;
-      for (const char c : name) escaped += c == '-' ? std::string("\\-") : std::string(1, c);
-      EXPECT_NE(page.find("\\fB" + escaped + "\\fR"), std::string::npos) << name;
-    }
-  }
-  const auto file = std::filesystem::temp_directory_path() / "orvella-test.1";
-  std::ofstream(file) << page;
-  const auto warnings = std::filesystem::temp_directory_path() / "orvella-test.1.warnings";
-  const std::string render = "groff -man -Tutf8 -ww -z " + quoted(file.string()) + " 2>" + quoted(warnings.string());
-  ASSERT_EQ(std::system(render.c_str()), 0) << "groff (package groff-base) must be installed";
-  EXPECT_EQ(readFile(warnings), "");
-  std::filesystem::remove(file);
-  std::filesystem::remove(warnings);
-}
-
-class CompletionTest : public CliTest {
+class ProgramTest : public CliTest {
  protected:
   // What bash completes for the words typed so far (the last one being completed).
   std::vector<std::string> bashCompletes(const std::vector<std::string>& typed) {
@@ -134,10 +99,29 @@ class CompletionTest : public CliTest {
   Program program_;
 };
 
-TEST_F(CompletionTest, BashCompletesCommandsFlagsChoicesAndFiles) {
+TEST_F(ProgramTest, TheManPageHasEveryOptionAndRendersWithoutWarnings) {
+  const std::string page = cli::manPage(program_.app, "9.9.9");
+  for (const CLI::App* command : program_.app.get_subcommands({})) {
+    SCOPED_TRACE(command->get_name());
+    EXPECT_NE(page.find(".SS \"orvella " + command->get_name()), std::string::npos);
+    for (std::string name : longNames(*command)) {
+      // roff writes each hyphen escaped
+      std::string escaped;
+      for (const char c : name) escaped += c == '-' ? std::string("\\-") : std::string(1, c);
+      EXPECT_NE(page.find("\\fB" + escaped + "\\fR"), std::string::npos) << name;
+    }
+  }
+  const auto warnings = dir / "orvella.1.warnings";
+  const std::string render =
+      "groff -man -Tutf8 -ww -z " + quoted(textFile("orvella.1", page).string()) + " 2>" + quoted(warnings.string());
+  ASSERT_EQ(std::system(render.c_str()), 0) << "groff (package groff-base) must be installed";
+  EXPECT_EQ(readFile(warnings), "");
+}
+
+TEST_F(ProgramTest, BashCompletesCommandsFlagsChoicesAndFiles) {
   std::ofstream(dir / "plants.xlsx") << "x";
   const struct {
-    std::vector<std::string> typed;
+    Args typed;
     std::vector<std::string> completed;
   } cases[] = {
       {{"de"}, {"describe"}},
@@ -159,7 +143,7 @@ TEST_F(CompletionTest, BashCompletesCommandsFlagsChoicesAndFiles) {
   }
 }
 
-TEST_F(CompletionTest, TheZshScriptParsesAndNamesEveryOption) {
+TEST_F(ProgramTest, TheZshScriptParsesAndNamesEveryOption) {
   const std::string script = cli::zshCompletion(program_.app);
   const auto file = dir / "_orvella";
   std::ofstream(file) << script;
@@ -175,7 +159,9 @@ TEST_F(CompletionTest, TheZshScriptParsesAndNamesEveryOption) {
             std::string::npos);
 }
 
-TEST_F(CompletionTest, TheCommandPrintsTheScripts) {
+TEST_F(ProgramTest, TheCommandPrintsTheHelpAndTheScripts) {
+  for (const std::string command : {"describe", "frequency"})
+    EXPECT_EQ(run({command, "--help"}).out, cli::helpText(*program_.app.get_subcommand(command))) << command;
   EXPECT_EQ(run({"completion", "bash"}).out, cli::bashCompletion(program_.app));
   EXPECT_EQ(run({"completion", "zsh"}).out, cli::zshCompletion(program_.app));
   const RunResult wrong = run({"completion", "fish"});

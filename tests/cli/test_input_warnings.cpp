@@ -49,14 +49,14 @@ TEST_F(CliTest, FormulasWithoutValuesAndDatesAreSaidOnStandardErrorAndInJson) {
   EXPECT_EQ(plain.err, "orvella: warning: " + expected[0] + "\norvella: warning: " + expected[1] + "\n");
   const RunResult json = run({"describe", file.string(), "-i", "Data!A1:B6", "--headers", "--json"});
   ASSERT_EQ(json.exitCode, 0) << json.err;
-  EXPECT_EQ(nlohmann::json::parse(json.out)["warnings"], nlohmann::json(expected));
+  EXPECT_EQ(Json::parse(json.out)["warnings"], Json(expected));
   // A range clear of both says nothing.
   EXPECT_EQ(run({"describe", file.string(), "-i", "Data!A1:A3", "--headers"}).err, "");
 }
 
 TEST_F(CliTest, AnglesBelowAGapAndNumericHeadersAreSaid) {
-  const fs::path gaps = workbook("gaps.xlsx", {{"Bearing", {10.0, 20.0, CellValue(), 30.0, 40.0}},
-                                               {"Steady", {10.0, 20.0, 30.0, CellValue(), CellValue()}}});
+  const fs::path gaps =
+      workbook("gaps.xlsx", {{"Bearing", {10.0, 20.0, CellValue(), 30.0, 40.0}}, {"Steady", cells({10, 20, 30})}});
   const RunResult circular = run({"circular", gaps.string(), "-i", "Data!A1:B6", "--headers", "--count"});
   ASSERT_EQ(circular.exitCode, 0) << circular.err;
   EXPECT_EQ(words(lineStarting(circular.out, "Count")), (std::vector<std::string>{"Count", "2", "3"}));
@@ -64,7 +64,7 @@ TEST_F(CliTest, AnglesBelowAGapAndNumericHeadersAreSaid) {
             "orvella: warning: 2 values of \"Bearing\" (Data!$A$2:$A$6) below its first empty cell, Data!$A$4, are "
             "not analysed: a column of angles is read down to its first empty cell\n");
 
-  std::ofstream(dir / "nums.csv") << "12,Name,7\n5,1,2\n6,3,4\n";
+  const fs::path nums = textFile("nums.csv", "12,Name,7\n5,1,2\n6,3,4\n");
   const struct {
     std::string range;
     std::string warning;
@@ -78,44 +78,35 @@ TEST_F(CliTest, AnglesBelowAGapAndNumericHeadersAreSaid) {
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.range);
-    const RunResult r = run({"describe", (dir / "nums.csv").string(), "-i", c.range, "--headers"});
+    const RunResult r = run({"describe", nums.string(), "-i", c.range, "--headers"});
     EXPECT_EQ(r.exitCode, 0);
     EXPECT_EQ(r.err, "orvella: warning: " + c.warning + "\n");
   }
 }
 
 TEST_F(CliTest, HeadersOverARangeWithoutDataRowsAreRefusedBeforeTheAnalysis) {
-  const fs::path file = workbook("names.xlsx", {{"A", {1.0, 2.0}}, {"B", {3.0, 4.0}}});
+  const fs::path file = workbook("names.xlsx", {{"A", cells({1, 2})}, {"B", cells({3, 4})}});
   const std::string before = readFile(file);
-  const std::string belowRow =
-      "orvella: --input \"Data!A1:B1\" has no data below its header row: with --headers its first row holds names, "
-      "which leaves nothing to analyse; include the data in --input, or leave out --headers\n";
+  const std::string row = "below its header row: with --headers its first row";
   const struct {
-    std::vector<std::string> args;
-    std::string err;
+    Args args;
+    std::string place;
   } cases[] = {
-      {{"describe", "-i", "Data!A1:B1"}, belowRow},
-      {{"circular", "-i", "Data!A1:B1"}, belowRow},
-      {{"frequency", "-i", "Data!A1:B1"}, belowRow},
-      {{"describe", "-i", "Data!A2:A3,Data!B1"},
-       "orvella: --input \"Data!A2:A3,Data!B1\" has no data below its "
-       "header row: with --headers its first row holds names, which leaves "
-       "nothing to analyse; include the data in --input, or leave out "
-       "--headers\n"},
-      {{"frequency", "-i", "Data!A1:A3", "--rows"},
-       "orvella: --input \"Data!A1:A3\" has no data right of its header "
-       "column: with --headers its first column holds names, which leaves "
-       "nothing to analyse; include the data in --input, or leave out "
-       "--headers\n"},
+      {{"describe", "-i", "Data!A1:B1"}, row},
+      {{"circular", "-i", "Data!A1:B1"}, row},
+      {{"frequency", "-i", "Data!A1:B1"}, row},
+      {{"describe", "-i", "Data!A2:A3,Data!B1"}, row},
+      {{"frequency", "-i", "Data!A1:A3", "--rows"}, "right of its header column: with --headers its first column"},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.args[0] + " " + c.args[2]);
-    std::vector<std::string> args = c.args;
-    args.insert(args.begin() + 1, file.string());
+    Args args = c.args;
     args.emplace_back("--headers");
-    const RunResult r = run(args);
+    const RunResult r = runOn(file, args);
     EXPECT_EQ(r.exitCode, 1);
-    EXPECT_EQ(r.err, c.err);
+    EXPECT_EQ(r.err, "orvella: --input \"" + c.args[2] + "\" has no data " + c.place +
+                         " holds names, which leaves nothing to analyse; include the data in --input, or leave out "
+                         "--headers\n");
     EXPECT_EQ(r.out, "");
   }
   EXPECT_EQ(readFile(file), before);

@@ -1,9 +1,7 @@
 // An interrupted run removes its temporary files, leaves the output as it was, and exits with
 // 128 plus the signal's number.
 
-#include <fcntl.h>
 #include <signal.h>
-#include <spawn.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -14,19 +12,10 @@
 #include "cli_fixture.h"
 #include "xlsx/package_atomic_write.h"
 
-extern char** environ;
-
 namespace orv::test {
 namespace {
 
 namespace fs = std::filesystem;
-
-std::vector<std::string> listing(const fs::path& folder) {
-  std::vector<std::string> names;
-  for (const auto& e : fs::directory_iterator(folder)) names.push_back(e.path().filename().string());
-  std::sort(names.begin(), names.end());
-  return names;
-}
 
 // Writes a workbook over `target` and, once the package is being written, signals the process
 // and waits for the end the signal brings.
@@ -65,17 +54,7 @@ TEST_F(CliTest, AnInterruptedWriteLeavesNoTemporaryFileAndExitsWith128PlusTheSig
 TEST_F(CliTest, TheCommandEndsOnAnInterruptWithItsOwnStatus) {
   const fs::path pipe = dir / "input.csv";
   ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
-  const fs::path errors = dir / "stderr.txt";
-  posix_spawn_file_actions_t actions;
-  posix_spawn_file_actions_init(&actions);
-  posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, errors.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
-  std::vector<std::string> args = {ORVELLA_BINARY, "describe", pipe.string(), "-i", "A1:A3"};
-  std::vector<char*> argv;
-  for (std::string& a : args) argv.push_back(a.data());
-  argv.push_back(nullptr);
-  pid_t child = 0;
-  ASSERT_EQ(posix_spawn(&child, ORVELLA_BINARY, &actions, nullptr, argv.data(), environ), 0);
-  posix_spawn_file_actions_destroy(&actions);
+  const pid_t child = start({"describe", pipe.string(), "-i", "A1:A3"});
   // The pipe opens for writing once the command has opened it for reading: by then it runs main.
   int writer = -1;
   for (int tries = 0; writer < 0 && tries < 3000; ++tries) {
@@ -84,12 +63,11 @@ TEST_F(CliTest, TheCommandEndsOnAnInterruptWithItsOwnStatus) {
   }
   ASSERT_GE(writer, 0) << "the command never opened its input";
   ::kill(child, SIGTERM);
-  int status = 0;
-  ASSERT_EQ(::waitpid(child, &status, 0), child);
+  const int status = waitStatus(child);
   ::close(writer);
   ASSERT_TRUE(WIFEXITED(status)) << "ended by signal " << WTERMSIG(status);
   EXPECT_EQ(WEXITSTATUS(status), 143);
-  EXPECT_EQ(readFile(errors), "orvella: interrupted\n");
+  EXPECT_EQ(readFile(dir / "stderr.txt"), "orvella: interrupted\n");
 }
 
 }  // namespace

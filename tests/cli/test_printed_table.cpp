@@ -5,11 +5,15 @@
 
 #include <sstream>
 
+#include "../support/test_util.h"
 #include "cli/block_report.h"
 #include "cli/display_width.h"
 
 namespace orv::cli {
 namespace {
+
+using test::kEmpty;
+using test::Table;
 
 std::vector<std::string> linesOf(const std::string& text) {
   std::vector<std::string> lines;
@@ -58,27 +62,13 @@ TEST(PrintedTable, NumbersLookAsInAGeneralCell) {
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.shown);
-    ValueArray2D block(1, 2);
-    block(1, 1) = CellValue("x");
-    block(1, 2) = CellValue(c.value);
-    EXPECT_EQ(formatTable(block), "x  " + c.shown + "\n");
+    EXPECT_EQ(formatTable(Table({{"x", c.value}})), "x  " + c.shown + "\n");
   }
 }
 
 TEST(PrintedTable, ColumnsAlignByDisplayWidth) {
-  ValueArray2D block(4, 3);
-  block(1, 2) = CellValue("身長");
-  block(1, 3) = CellValue("µg");
-  block(2, 1) = CellValue("Mean");
-  block(2, 2) = CellValue(172.5);
-  block(2, 3) = CellValue(3.25);
-  block(3, 1) = CellValue("95%CL (±)");
-  block(3, 2) = CellValue(1.0);
-  block(3, 3) = CellValue("n/a");
-  block(4, 1) = CellValue("Count");
-  block(4, 2) = CellValue(12.0);
-  block(4, 3) = CellValue(12.0);
-  const std::vector<std::string> lines = linesOf(formatTable(block));
+  const std::vector<std::string> lines = linesOf(
+      formatTable(Table({{kEmpty, "身長", "µg"}, {"Mean", 172.5, 3.25}, {"95%CL (±)", 1, "n/a"}, {"Count", 12, 12}})));
   ASSERT_EQ(lines.size(), 4u);
   // Every value column ends at the same terminal column on every line.
   for (const std::string& line : lines) {
@@ -92,12 +82,12 @@ TEST(PrintedTable, ColumnsAlignByDisplayWidth) {
 // The heading of chart data written below a table stands in the block's last row; the data lie
 // outside it, so the heading alone is not printed. Headings above a table are.
 TEST(PrintedTable, AHeadingThatEndsTheBlockIsNotPrinted) {
-  ValueArray2D block(6, 2);
-  block(1, 1) = CellValue("Descriptive Statistics for:");
-  block(3, 2) = CellValue("Control");
-  block(4, 1) = CellValue("Mean");
-  block(4, 2) = CellValue(21.5);
-  block(6, 1) = CellValue("Data for Error Bars");
+  const ValueArray2D block = Table({{"Descriptive Statistics for:", kEmpty},
+                                    {kEmpty, kEmpty},
+                                    {kEmpty, "Control"},
+                                    {"Mean", 21.5},
+                                    {kEmpty, kEmpty},
+                                    {"Data for Error Bars", kEmpty}});
   EXPECT_EQ(formatTable(block), "Descriptive Statistics for:\n\n      Control\nMean     21.5\n");
 }
 

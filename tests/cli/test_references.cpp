@@ -27,10 +27,10 @@ TEST(ReferenceText, BlanksAroundTheTextAndItsSeparatorsAreDropped) {
 }
 
 TEST_F(CliTest, ReferenceMistakesAreWrongUsageWithWhatWasMeant) {
-  const auto file = workbook("r.xlsx", {{"A", {1.0, 2.0}}});
+  const auto file = workbook("r.xlsx", {{"A", cells({1, 2})}});
   const std::string f = file.string();
   const struct {
-    std::vector<std::string> args;
+    Args args;
     std::string line;
   } cases[] = {
       {{"describe", f, "-i", "Sheet 2!A1:B6"},
@@ -56,24 +56,21 @@ TEST_F(CliTest, ReferenceMistakesAreWrongUsageWithWhatWasMeant) {
     EXPECT_EQ(r.exitCode, 2);
     EXPECT_EQ(r.err, "orvella: " + c.line + "\n");
   }
-  const RunResult r = run({"describe", f, "-i", "  Data!A1:A3 ", "--headers", "--json", "--output", " Data!C1 "});
-  ASSERT_EQ(r.exitCode, 0) << r.err;
-  EXPECT_EQ(nlohmann::json::parse(r.out)["output"]["sheet"], "Data");
+  const Json tidy = runJson({"describe", f, "-i", "  Data!A1:A3 ", "--headers", "--json", "--output", " Data!C1 "});
+  EXPECT_EQ(tidy["output"]["sheet"], "Data");
 }
 
 TEST_F(CliTest, DefinedNamesStandForTheirCellsInEveryCommand) {
   const auto file = namedWorkbook(dir).string();
-  const auto block = [&](std::vector<std::string> args) {
+  const auto block = [&](Args args) {
     args.insert(args.begin() + 1, file);
     args.push_back("--json");
-    const RunResult r = run(args);
-    EXPECT_EQ(r.exitCode, 0) << r.err;
-    nlohmann::json doc = nlohmann::json::parse(r.out);
+    const Json doc = runJson(args);
     return std::pair{doc["block"], doc["input"]};
   };
   const struct {
     const char* name;
-    std::vector<std::string> byName, byCells;
+    Args byName, byCells;
     std::string input;
   } cases[] = {
       {"a workbook-level name",
@@ -118,7 +115,7 @@ TEST_F(CliTest, SheetsListsSheetsAndNamesAlignedByDisplayWidth) {
             "Left      Data!$A$1:$A$5\n"
             "Left      Other!$A$1:$A$5   (of the sheet Other only)\n"
             "Bins      Data!$C$2:$C$4\n");
-  const nlohmann::json doc = nlohmann::json::parse(run({"sheets", file, "--json"}).out);
+  const Json doc = Json::parse(run({"sheets", file, "--json"}).out);
   ASSERT_EQ(doc["names"].size(), 5u);
   EXPECT_EQ(doc["names"][2]["sheet"], "Other");
   EXPECT_TRUE(doc["names"][0]["sheet"].is_null());

@@ -1,42 +1,21 @@
 // "-" as FILE reads standard input: CSV, TSV or a workbook, told apart by content; --quiet leaves
 // standard output empty when a file is written.
 
-#include <cstdlib>
-
 #include "cli_fixture.h"
-#include "xlsx/reader_workbook.h"
 
 namespace orv::test {
 namespace {
 
 class StandardInputTest : public CliTest {
  protected:
+  // The copies of standard input go here, so that a test can see none is left behind.
   StandardInputTest() {
-    // The copies of standard input go here, so that a test can see none is left behind.
-    const char* previous = std::getenv("TMPDIR");
-    if (previous != nullptr) previousTmp_ = previous;
-    tmp_ = dir / "tmp";
     std::filesystem::create_directories(tmp_);
-    ::setenv("TMPDIR", tmp_.c_str(), 1);
+    environment = "TMPDIR=" + quoted(tmp_.string()) + " ";
   }
-  ~StandardInputTest() override {
-    if (previousTmp_) {
-      ::setenv("TMPDIR", previousTmp_->c_str(), 1);
-    } else {
-      ::unsetenv("TMPDIR");
-    }
-  }
-
-  std::filesystem::path textFile(const std::string& name, const std::string& content) const {
-    const auto path = dir / name;
-    std::ofstream(path, std::ios::binary) << content;
-    return path;
-  }
-
   bool temporaryFilesLeft() const { return !std::filesystem::is_empty(tmp_); }
 
-  std::filesystem::path tmp_;
-  std::optional<std::string> previousTmp_;
+  const std::filesystem::path tmp_ = dir / "tmp";
 };
 
 TEST_F(StandardInputTest, TextIsReadAsCsvOrTsvByItsContent) {
@@ -53,7 +32,7 @@ TEST_F(StandardInputTest, TextIsReadAsCsvOrTsvByItsContent) {
     const RunResult r =
         runWithInput({"describe", "-", "-i", "A1:B4", "--headers", "--mean", "--json"}, textFile("in.txt", c.content));
     ASSERT_EQ(r.exitCode, 0) << r.err;
-    const nlohmann::json doc = nlohmann::json::parse(r.out);
+    const Json doc = Json::parse(r.out);
     EXPECT_EQ(doc["input"], "stdin!$A$1:$B$4");
     EXPECT_DOUBLE_EQ(doc["columns"][0]["statistics"]["Mean"].get<double>(), 1.7);
     EXPECT_DOUBLE_EQ(doc["columns"][1]["statistics"]["Mean"].get<double>(), 70.0);
@@ -62,16 +41,14 @@ TEST_F(StandardInputTest, TextIsReadAsCsvOrTsvByItsContent) {
 }
 
 TEST_F(StandardInputTest, AWorkbookOnStandardInputIsWrittenAsFromItsFile) {
-  const auto file = workbook("w.xlsx", {{"A", {1.0, 2.0, 4.0}}, {"B", {3.0, 5.0, 9.0}}});
+  const auto file = workbook("w.xlsx", {{"A", cells({1, 2, 4})}, {"B", cells({3, 5, 9})}});
   const auto fromFile = dir / "from-file.xlsx";
   const auto fromInput = dir / "from-input.xlsx";
-  const std::vector<std::string> options = {"-i", "Data!A1:B4", "--headers", "--all", "--box-plot"};
-  std::vector<std::string> args = {"describe", file.string(), "-o", fromFile.string()};
-  args.insert(args.end(), options.begin(), options.end());
-  ASSERT_EQ(run(args).exitCode, 0);
-  args = {"describe", "-", "-o", fromInput.string()};
-  args.insert(args.end(), options.begin(), options.end());
-  const RunResult r = runWithInput(args, file);
+  const auto args = [](const std::string& from, const std::filesystem::path& out) {
+    return Args{"describe", from, "-o", out.string(), "-i", "Data!A1:B4", "--headers", "--all", "--box-plot"};
+  };
+  ASSERT_EQ(run(args(file.string(), fromFile)).exitCode, 0);
+  const RunResult r = runWithInput(args("-", fromInput), file);
   ASSERT_EQ(r.exitCode, 0) << r.err;
   EXPECT_EQ(readFile(fromInput), readFile(fromFile));
   EXPECT_FALSE(temporaryFilesLeft());
@@ -98,7 +75,7 @@ TEST_F(StandardInputTest, FailuresNameStandardInputNotATemporaryFile) {
 }
 
 TEST_F(StandardInputTest, QuietPrintsNothingButWarningsWhenAFileIsWritten) {
-  const auto file = workbook("q.xlsx", {{"Time", {212.0, 260.0, 199.0}}, {"Bin", {200.0, 250.0}}});
+  const auto file = workbook("q.xlsx", {{"Time", cells({212, 260, 199})}, {"Bin", cells({200, 250})}});
   const auto out = dir / "q-out.xlsx";
   const RunResult r = run({"frequency", file.string(), "-i", "Data!A1:A6", "--headers", "--bins", "Data!B1:B3",
                            "--quiet", "-o", out.string()});
@@ -106,8 +83,7 @@ TEST_F(StandardInputTest, QuietPrintsNothingButWarningsWhenAFileIsWritten) {
   EXPECT_EQ(r.out, "");
   EXPECT_TRUE(r.err.starts_with("orvella: warning: 2 empty cells")) << r.err;
   EXPECT_EQ(r.err.find("Results written"), std::string::npos) << r.err;
-  InMemoryApplication app;
-  EXPECT_EQ(openWorkbookFile(app, out).book.WorksheetsCount(), 2);
+  EXPECT_EQ(open(out).WorksheetsCount(), 2);
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include <chrono>
 #include <cstddef>
 #include <mutex>
+#include <numeric>
 #include <set>
 #include <stdexcept>
 #include <string>
@@ -22,16 +23,23 @@ std::size_t slowSquare(std::size_t i) {
   return i * i;
 }
 
+std::vector<std::size_t> upTo(std::size_t count) {
+  std::vector<std::size_t> all(count);
+  std::iota(all.begin(), all.end(), std::size_t{0});
+  return all;
+}
+
 TEST(OrderedParallel, ConsumesEveryResultInOrderOnTheCallingThread) {
   const auto caller = std::this_thread::get_id();
-  std::vector<std::size_t> seen;
-  orderedParallel<std::size_t>(200, slowSquare, [&](std::size_t i, std::size_t square) {
-    EXPECT_EQ(std::this_thread::get_id(), caller);
-    EXPECT_EQ(square, i * i);
-    seen.push_back(i);
-  });
-  ASSERT_EQ(seen.size(), 200U);
-  for (std::size_t i = 0; i < seen.size(); ++i) EXPECT_EQ(seen[i], i);
+  for (const std::size_t count : {0, 1, 200}) {  // none and one need no helpers
+    std::vector<std::size_t> seen;
+    orderedParallel<std::size_t>(count, slowSquare, [&](std::size_t i, std::size_t square) {
+      EXPECT_EQ(std::this_thread::get_id(), caller);
+      EXPECT_EQ(square, i * i);
+      seen.push_back(i);
+    });
+    EXPECT_EQ(seen, upTo(count));
+  }
 }
 
 TEST(OrderedParallel, TheFirstFailureInOrderIsRethrownWhereTheLoopWouldHaveMetIt) {
@@ -104,12 +112,8 @@ TEST_P(OrderedPipeline, ReadsAndCollectsOnTheCallingThreadAndComputesThereOnlyWh
         EXPECT_EQ(square, i * i);
         collected.push_back(i);
       });
-  ASSERT_EQ(read.size(), 64U);
-  ASSERT_EQ(collected.size(), 64U);
-  for (std::size_t i = 0; i < 64; ++i) {
-    EXPECT_EQ(read[i], i);
-    EXPECT_EQ(collected[i], i);
-  }
+  EXPECT_EQ(read, upTo(64));
+  EXPECT_EQ(collected, upTo(64));
   if (!parallel) {
     EXPECT_EQ(computedOn, std::set<std::thread::id>{caller});
   }
@@ -162,16 +166,6 @@ TEST_P(OrderedPipeline, ReadsOnlyAFewPiecesAheadOfTheOneItCollects) {
       slowSquare, [&](std::size_t i, std::size_t) { mostAhead = std::max(mostAhead, read - i); });
   // However many pieces there are, the inputs held at once stay near the number of threads.
   EXPECT_LE(mostAhead, 16U);
-}
-
-TEST(OrderedParallel, NoPiecesAndOnePieceNeedNoHelpers) {
-  int calls = 0;
-  orderedParallel<int>(
-      0, [](std::size_t) { return 1; }, [&](std::size_t, int) { ++calls; });
-  EXPECT_EQ(calls, 0);
-  orderedParallel<int>(
-      1, [](std::size_t) { return 7; }, [&](std::size_t, int v) { calls += v; });
-  EXPECT_EQ(calls, 7);
 }
 
 }  // namespace

@@ -67,18 +67,25 @@ TEST_F(CliTest, InPlaceKeepsPermissionBitsAndLinksAndRefusesReadOnlyFiles) {
   EXPECT_EQ(listing(dir), (std::vector<std::string>{"link.xlsx", "other.xlsx", "own.xlsx"}));
 }
 
-TEST_F(CliTest, AMissingOrUnreadableInputIsAFileError) {
+TEST_F(CliTest, AMissingUnreadableOrDamagedInputIsAFileError) {
   fs::create_directories(dir / "folder.xlsx");
+  const fs::path damaged = textFile("damaged.xlsx", "PK\x03\x04 this is not really a zip");
   const struct {
     fs::path file;
-    std::string why;
-  } cases[] = {{dir / "nosuch.xlsx", "no such file or directory"}, {dir / "folder.xlsx", "it is a folder, not a file"}};
+    std::string line;
+  } cases[] = {
+      {dir / "nosuch.xlsx", "cannot open \"" + (dir / "nosuch.xlsx").string() + "\": no such file or directory"},
+      {dir / "folder.xlsx", "cannot open \"" + (dir / "folder.xlsx").string() + "\": it is a folder, not a file"},
+      {damaged,
+       "\"damaged.xlsx\" is a damaged or truncated zip archive (Not a zip archive). Orvella reads .xlsx and .xlsm "
+       "workbooks and .csv, .tsv and .txt text files. [error -2147215403, Line 0 in ORVDescriptives.WorkbookFile.Open]"},
+  };
   for (const auto& c : cases) {
     for (const std::string command : {"describe", "circular", "frequency", "sheets"}) {
       SCOPED_TRACE(command + " " + c.file.string());
       const RunResult r = command == "sheets" ? runOn(c.file, {command}) : runOn(c.file, {command, "-i", "A1:A3"});
       EXPECT_EQ(r.exitCode, 1);
-      EXPECT_EQ(r.err, "orvella: cannot open \"" + c.file.string() + "\": " + c.why + "\n");
+      EXPECT_EQ(r.err, "orvella: " + c.line + "\n");
     }
   }
 }
@@ -118,6 +125,10 @@ TEST_F(CliTest, TheWrittenPackageMatchesItsExtension) {
   const fs::path macros = macroEnabled(plain, dir / "macros.xlsm");
   ASSERT_EQ(workbookType(macros), "application/vnd.ms-excel.sheet.macroEnabled.main+xml");
   const fs::path text = textFile("text.csv", "Height\n2\n4\n");
+  const auto noMacros = [&](const fs::path& input) {
+    return "\"" + input.string() + "\" holds no macros, so it is written as a .xlsx workbook; give -o a .xlsx name " +
+           "instead of \"" + (dir / "out.xlsm").string() + "\"";
+  };
   const struct {
     fs::path input;
     std::string out;
@@ -125,19 +136,11 @@ TEST_F(CliTest, TheWrittenPackageMatchesItsExtension) {
   } cases[] = {
       {macros, "out.xlsx",
        "\"" + macros.string() +
-           "\" is a macro-enabled workbook, whose macros a .xlsx file cannot "
-           "hold; write it to a .xlsm file instead of \"" +
+           "\" is a macro-enabled workbook, whose macros a .xlsx file cannot hold; write it to "
+           "a .xlsm file instead of \"" +
            (dir / "out.xlsx").string() + "\""},
-      {plain, "out.xlsm",
-       "\"" + plain.string() +
-           "\" holds no macros, so it is written as a .xlsx workbook; give -o a "
-           ".xlsx name instead of \"" +
-           (dir / "out.xlsm").string() + "\""},
-      {text, "out.xlsm",
-       "\"" + text.string() +
-           "\" holds no macros, so it is written as a "
-           ".xlsx workbook; give -o a .xlsx name instead of \"" +
-           (dir / "out.xlsm").string() + "\""},
+      {plain, "out.xlsm", noMacros(plain)},
+      {text, "out.xlsm", noMacros(text)},
       {macros, "out.xlsm", ""},
       {plain, "OUT.XLSX", ""},
   };

@@ -41,13 +41,14 @@ std::vector<std::string> sectionTitles(const std::string& help) {
 
 TEST(Help, EachCommandGroupsItsOptionsWithoutParserNotation) {
   Program program;
+  const std::vector<std::string> analysis = {"Input", "Statistics", "Output", "Charts", "Other", "Examples"};
   const struct {
     std::string command;
     std::vector<std::string> titles;
   } cases[] = {
-      {"describe", {"Input", "Statistics", "Output", "Charts", "Other", "Examples"}},
-      {"circular", {"Input", "Statistics", "Output", "Charts", "Other", "Examples"}},
-      {"frequency", {"Input", "Statistics", "Output", "Charts", "Other", "Examples"}},
+      {"describe", analysis},
+      {"circular", analysis},
+      {"frequency", analysis},
       {"sheets", {"Input", "Output", "Other", "Examples"}},
       {"completion", {"Input", "Other", "Examples"}},
   };

@@ -205,6 +205,15 @@ inline std::vector<std::vector<std::string>> csvRecords(const std::string& text)
   return records;
 }
 
+// A command line whose words hold no blanks; the word FILE stands for `file`.
+inline Args commandLine(const std::string& line, const std::string& file = "") {
+  Args args = words(line);
+  for (std::string& a : args) {
+    if (a == "FILE") a = file;
+  }
+  return args;
+}
+
 // `block` starts at (top, left) of `sheet`: numbers must match to `relative` (full precision by
 // default), texts exactly, nulls must be empty cells.
 inline void expectSheetHolds(const Json& block, const Worksheet& sheet, double relative = 0, std::int32_t top = 1,

@@ -21,38 +21,36 @@ TEST_F(CliTest, AFailingColumnIsNamedWithItsCauseInNumbers) {
   const std::string describe = "Line 0 in ORVDescriptives.clsDS.Results]";
   const std::string circular = "Line 0 in ORVDescriptives.clsDSCircBO.Mean.GetResults.Results]";
   const struct {
-    Args args;
+    std::string command;
     std::string line;
   } cases[] = {
-      {{"describe", "-i", "Data!A1:B13", "--percentiles", "5"},
+      {"describe -i Data!A1:B13 --percentiles 5",
        "The 5th percentile of \"Control\" (Data!$A$2:$A$13) needs at least 19 values; the column has 12. [error 9, " +
            describe},
-      {{"describe", "-i", "Data!A1:B13", "--percentiles", "90"},  // the 10th fails first, and needs 9
+      {"describe -i Data!A1:B13 --percentiles 90",  // the 10th fails first, and needs 9
        "\"Yield\" (Data!$B$2:$B$13) holds no numbers. [error 9, " + describe},
-      {{"describe", "-i", "Data!C1:C5", "--cv"},
+      {"describe -i Data!C1:C5 --cv",
        "The coefficient of variation of \"Zero\" (Data!$C$2:$C$5) divides by its mean, which is 0. [error 11, " +
            describe},
-      {{"circular", "-i", "Data!D1:D3"},
+      {"circular -i Data!D1:D3",
        "The mean angle of \"Ang\" (Data!$D$2:$D$3) cannot be found: the cosines of its 2 angles add up to exactly 0, "
        "and the mean angle divides by that sum. [error 11, " +
            circular},
-      {{"circular", "-i", "Data!D1:E4"},
+      {"circular -i Data!D1:E4",
        "The cell Data!$E$4 holds 400, an angle outside 0 to 360 degrees; angles must be given in degrees from 0 to "
        "360. [error -2147216480, Line 0 in ORVDescriptives.clsDSCirc.Results]"},
-      {{"circular", "-i", "Data!F1:F2"},
+      {"circular -i Data!F1:F2",
        "\"One\" (Data!$F$2) has a single data cell; the circular statistics need at least two rows of angles. "
        "[error 13, " +
            circular},
-      {{"circular", "-i", "Data!G1:G4"},
+      {"circular -i Data!G1:G4",
        "\"Late\" (Data!$G$2:$G$4) has no angle above its first empty cell, Data!$G$2: a column of angles is read "
        "down to its first empty cell. [error 6, " +
            circular},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.line);
-    Args args = c.args;
-    args.emplace_back("--headers");
-    const RunResult r = runOn(file, args);
+    const RunResult r = runOn(file, words(c.command + " --headers"));
     EXPECT_EQ(r.exitCode, 1);
     // Warnings may come first; the failure is the last line.
     EXPECT_TRUE(r.err.ends_with("orvella: " + c.line + "\n")) << r.err;

@@ -1,8 +1,5 @@
 // orvella describe, circular and sheets on generated workbooks: what is printed and written.
 
-#include <cmath>
-#include <numbers>
-
 #include "cli/display_width.h"
 #include "cli_fixture.h"
 
@@ -13,8 +10,6 @@ const Columns kTwoColumns = {{"Height", cells({2, 4, 4, 4, 5, 5, 7, 9})}, {"Weig
 const std::vector<double> kNorthEast = {30.0, 45.0, 60.0};
 const std::vector<double> kSouth = {170.0, 180.0, 195.0, 200.0};
 const Columns kAngles = {{"NE", cells(kNorthEast)}, {"S", cells(kSouth)}};
-
-double radians(double degrees) { return degrees * std::numbers::pi / 180.0; }
 
 // Lines of the table looked up by how they start, numbers right-aligned: every value line is as
 // wide as the first. Nothing is written and the input stays as it was.
@@ -147,22 +142,16 @@ TEST_F(CliTest, CircularJsonBlockAndPlotDataAreWhatTheWorkbookHolds) {
   expectSheetHolds(block, book.Worksheets(doc["output"]["sheet"].get<std::string>()));
 
   // Below "Data for Plots": the column names, "Sin"/"Cos", then one row per angle, the shorter
-  // column padded with empty cells.
+  // column padded with empty cells. Their values are the circular tests' (test_clsDSCirc).
   std::size_t comment = 0;
   while (comment < block.size() && block[comment][0] != "Data for Plots") ++comment;
   ASSERT_LT(comment + 2 + kSouth.size(), block.size());
   EXPECT_EQ(block[comment + 1], (Json{"NE", nullptr, "S", nullptr}));
   EXPECT_EQ(block[comment + 2], (Json{"Sin", "Cos", "Sin", "Cos"}));
   for (std::size_t i = 0; i < kSouth.size(); ++i) {
-    SCOPED_TRACE(i);
     const auto& row = block[comment + 3 + i];
-    EXPECT_NEAR(row[2].get<double>(), std::sin(radians(kSouth[i])), 1e-12);
-    EXPECT_NEAR(row[3].get<double>(), std::cos(radians(kSouth[i])), 1e-12);
-    if (i < kNorthEast.size()) {
-      EXPECT_NEAR(row[0].get<double>(), std::sin(radians(kNorthEast[i])), 1e-12);
-    } else {
-      EXPECT_TRUE(row[0].is_null());
-    }
+    EXPECT_EQ(row[0].is_null(), i >= kNorthEast.size()) << row;
+    EXPECT_TRUE(row[2].is_number() && row[3].is_number()) << row;
   }
 }
 

@@ -14,34 +14,35 @@
 namespace orv::test {
 namespace {
 
-// The processes whose parent is `parent` and whose command is `name`.
+struct ProcessState {
+  std::string name;
+  char state = 'Z';
+  pid_t parent = 0;
+};
+
+// From /proc/PID/stat, "pid (name) state parent ..."; a process that is gone reads as a zombie.
+ProcessState processState(const std::string& pid) {
+  std::ifstream stat("/proc/" + pid + "/stat");
+  std::string line;
+  std::getline(stat, line);
+  const std::size_t open = line.find('('), close = line.rfind(')');
+  ProcessState s;
+  if (open == std::string::npos || close == std::string::npos) return s;
+  s.name = line.substr(open + 1, close - open - 1);
+  std::istringstream(line.substr(close + 2)) >> s.state >> s.parent;
+  return s;
+}
+
+// The live processes whose parent is `parent` and whose command is `name`.
 std::vector<pid_t> childrenNamed(pid_t parent, const std::string& name) {
   std::vector<pid_t> found;
   for (const auto& entry : std::filesystem::directory_iterator("/proc")) {
     const std::string pid = entry.path().filename().string();
     if (pid.find_first_not_of("0123456789") != std::string::npos) continue;
-    std::ifstream stat(entry.path() / "stat");
-    std::string line;
-    std::getline(stat, line);
-    // pid (comm) state ppid ...
-    const std::size_t open = line.find('('), close = line.rfind(')');
-    if (open == std::string::npos || close == std::string::npos) continue;
-    const std::string comm = line.substr(open + 1, close - open - 1);
-    std::istringstream rest(line.substr(close + 2));
-    char state = 0;
-    pid_t ppid = 0;
-    rest >> state >> ppid;
-    if (ppid == parent && comm == name && state != 'Z') found.push_back(std::stoi(pid));
+    const ProcessState s = processState(pid);
+    if (s.parent == parent && s.name == name && s.state != 'Z') found.push_back(std::stoi(pid));
   }
   return found;
-}
-
-bool alive(pid_t pid) {
-  std::ifstream stat("/proc/" + std::to_string(pid) + "/stat");
-  std::string line;
-  std::getline(stat, line);
-  const std::size_t close = line.rfind(')');
-  return !line.empty() && close != std::string::npos && line[close + 2] != 'Z';
 }
 
 class CalcHostTest : public CliTest {
@@ -200,7 +201,7 @@ TEST_F(CalcHostTest, ASignalStopsTheOfficeAndLeavesNoOutput) {
   ::kill(orvella, SIGTERM);
   const int status = waitStatus(orvella);
   EXPECT_EQ(WIFSIGNALED(status) ? 128 + WTERMSIG(status) : WEXITSTATUS(status), 128 + SIGTERM);
-  EXPECT_FALSE(alive(office));
+  EXPECT_EQ(processState(std::to_string(office)).state, 'Z');  // gone
   EXPECT_NE(readFile(dir / "stderr.txt").find("interrupted"), std::string::npos);
   EXPECT_EQ(listing(dir), std::vector<std::string>{"large.xlsx"});
 }

@@ -82,15 +82,10 @@ class ProgramTest : public CliTest {
     for (const std::string& w : typed) words += " " + quoted(w);
     script += "COMP_WORDS=(orvella" + words + ")\nCOMP_CWORD=" + std::to_string(typed.size()) +
               "\n_orvella\nprintf '%s\\n' \"${COMPREPLY[@]}\"\n";
-    const auto file = dir / "complete.bash";
-    std::ofstream(file) << script;
-    const auto out = dir / "completed.txt";
-    EXPECT_EQ(
-        std::system(
-            ("cd " + quoted(dir.string()) + " && bash " + quoted(file.string()) + " >" + quoted(out.string())).c_str()),
-        0);
+    textFile("complete.bash", script);
+    EXPECT_EQ(std::system(("cd " + quoted(dir.string()) + " && bash complete.bash >completed.txt").c_str()), 0);
     std::vector<std::string> lines;
-    std::istringstream in(readFile(out));
+    std::istringstream in(readFile(dir / "completed.txt"));
     for (std::string line; std::getline(in, line);) {
       if (!line.empty()) lines.push_back(line);
     }
@@ -120,7 +115,7 @@ TEST_F(ProgramTest, TheManPageHasEveryOptionAndRendersWithoutWarnings) {
 }
 
 TEST_F(ProgramTest, BashCompletesCommandsFlagsChoicesAndFiles) {
-  std::ofstream(dir / "plants.xlsx") << "x";
+  textFile("plants.xlsx", "x");
   const struct {
     Args typed;
     std::vector<std::string> completed;
@@ -146,9 +141,8 @@ TEST_F(ProgramTest, BashCompletesCommandsFlagsChoicesAndFiles) {
 
 TEST_F(ProgramTest, TheZshScriptParsesAndNamesEveryOption) {
   const std::string script = cli::zshCompletion(program_.app);
-  const auto file = dir / "_orvella";
-  std::ofstream(file) << script;
-  ASSERT_EQ(std::system(("zsh -n " + quoted(file.string())).c_str()), 0) << "zsh (package zsh) must be installed";
+  ASSERT_EQ(std::system(("zsh -n " + quoted(textFile("_orvella", script).string())).c_str()), 0)
+      << "zsh (package zsh) must be installed";
   for (const CLI::App* command : program_.app.get_subcommands({})) {
     SCOPED_TRACE(command->get_name());
     EXPECT_NE(script.find("    " + command->get_name() + ")\n"), std::string::npos);

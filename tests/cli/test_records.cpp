@@ -140,13 +140,10 @@ TEST_F(RecordsTest, NominalAndSideBySideVariablesGetATableEach) {
 
 TEST_F(RecordsTest, CsvHoldsTheSameRecordsQuotedForReaders) {
   const auto file = workbook("d.xlsx", {{"Weight, \"kg\"", sequence(8)}, {"Mode 2, 3", cells({1, 2, 2, 3, 3})}});
-  const std::vector<std::string> common = {"describe", file.string(), "-i", "Data!A1:B9", "--headers", "--all"};
-  std::vector<std::string> csvArgs = common, jsonArgs = common;
-  csvArgs.push_back("--csv");
-  jsonArgs.push_back("--json");
-  const RunResult r = run(csvArgs);
+  const std::string command = "describe FILE -i Data!A1:B9 --headers --all";
+  const RunResult r = run(commandLine(command + " --csv", file.string()));
   ASSERT_EQ(r.exitCode, 0) << r.err;
-  const Json doc = runJson(jsonArgs);
+  const Json doc = runJson(commandLine(command + " --json", file.string()));
   const auto records = csvRecords(r.out);
   ASSERT_FALSE(records.empty());
   EXPECT_EQ(records[0], (std::vector<std::string>{"column", "statistic", "value"}));

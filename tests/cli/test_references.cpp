@@ -62,39 +62,24 @@ TEST_F(CliTest, ReferenceMistakesAreWrongUsageWithWhatWasMeant) {
 
 TEST_F(CliTest, DefinedNamesStandForTheirCellsInEveryCommand) {
   const auto file = namedWorkbook(dir).string();
-  const auto block = [&](Args args) {
-    args.insert(args.begin() + 1, file);
-    args.push_back("--json");
-    const Json doc = runJson(args);
+  // The block and the input line of `command` on the workbook with --input `reference`.
+  const auto block = [&](const std::string& command, const std::string& reference) {
+    const Json doc = runJson(commandLine(command + " FILE --headers --json -i " + reference, file));
     return std::pair{doc["block"], doc["input"]};
   };
   const struct {
     const char* name;
-    Args byName, byCells;
-    std::string input;
+    std::string command, byName, byCells, input;
   } cases[] = {
-      {"a workbook-level name",
-       {"describe", "-i", "Heights", "--headers", "--all"},
-       {"describe", "-i", "Data!A1:B5", "--headers", "--all"},
-       "Data!$A$1:$B$5"},
-      {"a sheet-level name, qualified",
-       {"describe", "-i", "Other!Left", "--headers", "--mean"},
-       {"describe", "-i", "Other!A1:A5", "--headers", "--mean"},
-       "Other!$A$1:$A$5"},
-      {"a workbook-level name of the same spelling",
-       {"describe", "-i", "left", "--headers", "--mean"},
-       {"describe", "-i", "Data!A1:A5", "--headers", "--mean"},
-       "Data!$A$1:$A$5"},
-      {"bins by name",
-       {"frequency", "-i", "Left", "--headers", "--bins", "Bins"},
-       {"frequency", "-i", "Data!A1:A5", "--headers", "--bins", "Data!C2:C4"},
-       "Data!$A$1:$A$5"},
+      {"a workbook-level name", "describe --all", "Heights", "Data!A1:B5", "Data!$A$1:$B$5"},
+      {"a sheet-level name, qualified", "describe --mean", "Other!Left", "Other!A1:A5", "Other!$A$1:$A$5"},
+      {"a workbook-level name of the same spelling", "describe --mean", "left", "Data!A1:A5", "Data!$A$1:$A$5"},
+      {"bins by name", "frequency", "Left --bins Bins", "Data!A1:A5 --bins Data!C2:C4", "Data!$A$1:$A$5"},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.name);
-    const auto [named, namedInput] = block(c.byName);
-    const auto [cells, cellsInput] = block(c.byCells);
-    EXPECT_EQ(named.dump(), cells.dump());
+    const auto [named, namedInput] = block(c.command, c.byName);
+    EXPECT_EQ(named.dump(), block(c.command, c.byCells).first.dump());
     EXPECT_EQ(namedInput, c.input);
   }
   const RunResult unknown = run({"describe", file, "-i", "Heigths"});

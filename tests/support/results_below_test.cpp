@@ -7,9 +7,12 @@
 namespace orv {
 namespace {
 
-TEST(ResultsBelow, TheLastUsedRowSkipsTheBlocksEmptyTail) {
+struct ResultsBelow : ::testing::Test {
   InMemoryApplication app;
   InMemoryWorksheet& sheet = app.AddWorkbook("Book1.xlsx", {"Out"}).Worksheets("Out");
+};
+
+TEST_F(ResultsBelow, TheLastUsedRowSkipsTheBlocksEmptyTail) {
   EXPECT_EQ(lastUsedRow(app.ResolveRange("Out!B2:D9")), 0);
   sheet.storeRaw(6, 4, CellValue(0.0));
   sheet.storeRaw(3, 2, CellValue("x"));
@@ -17,9 +20,7 @@ TEST(ResultsBelow, TheLastUsedRowSkipsTheBlocksEmptyTail) {
   EXPECT_EQ(lastUsedRow(app.ResolveRange("Out!B2:D9")), 5);
 }
 
-TEST(ResultsBelow, CellsBelowAreFreeOnlyWhenEmptyAndOnTheSheet) {
-  InMemoryApplication app;
-  InMemoryWorksheet& sheet = app.AddWorkbook("Book1.xlsx", {"Out"}).Worksheets("Out");
+TEST_F(ResultsBelow, CellsBelowAreFreeOnlyWhenEmptyAndOnTheSheet) {
   const Range origin = app.ResolveRange("Out!C5");
   const std::optional<Range> free = freeCellsBelow(origin, 10, 1, 13, 3);
   ASSERT_TRUE(free.has_value());

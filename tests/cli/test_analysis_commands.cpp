@@ -92,13 +92,10 @@ TEST_F(CliTest, OnTheDataSheetTheFileGetsTheChartDataBelowTheTableAndTheWiderCol
 
 TEST_F(CliTest, InPlaceOutputReplacesAnEarlierTableOnlyWhenTold) {
   const auto file = workbook("two.xlsx", kTwoColumns);
-  const std::vector<std::string> args = {"describe", file.string(), "-i",      "Data!B1:B9", "--headers",
-                                         "--sum",    "--output",    "Data!E2", "--in-place"};
-  ASSERT_EQ(run(args).exitCode, 0);
-  EXPECT_EQ(run(args).exitCode, 1);
-  std::vector<std::string> overwrite = args;
-  overwrite.push_back("--overwrite");
-  const RunResult r = run(overwrite);
+  const std::string command = "describe FILE -i Data!B1:B9 --headers --sum --output Data!E2 --in-place";
+  ASSERT_EQ(run(commandLine(command, file.string())).exitCode, 0);
+  EXPECT_EQ(run(commandLine(command, file.string())).exitCode, 1);
+  const RunResult r = run(commandLine(command + " --overwrite", file.string()));
   ASSERT_EQ(r.exitCode, 0) << r.err;
   const Worksheet& sheet = open(file).Worksheets("Data");
   EXPECT_EQ(sheet.cellValue(6, 5), CellValue("Sum"));

@@ -47,9 +47,8 @@ TEST_F(CliTest, FormulasWithoutValuesAndDatesAreSaidOnStandardErrorAndInJson) {
   ASSERT_EQ(plain.exitCode, 0) << plain.err;
   EXPECT_EQ(words(lineStarting(plain.out, "Count")), (std::vector<std::string>{"Count", "3", "3"}));
   EXPECT_EQ(plain.err, "orvella: warning: " + expected[0] + "\norvella: warning: " + expected[1] + "\n");
-  const RunResult json = run({"describe", file.string(), "-i", "Data!A1:B6", "--headers", "--json"});
-  ASSERT_EQ(json.exitCode, 0) << json.err;
-  EXPECT_EQ(Json::parse(json.out)["warnings"], Json(expected));
+  EXPECT_EQ(runJson({"describe", file.string(), "-i", "Data!A1:B6", "--headers", "--json"})["warnings"],
+            Json(expected));
   // A range clear of both says nothing.
   EXPECT_EQ(run({"describe", file.string(), "-i", "Data!A1:A3", "--headers"}).err, "");
 }

@@ -20,9 +20,8 @@ std::vector<std::string> warningLines(const std::string& err) {
 // scipy.stats.kurtosistest gives 1.037e-49).
 TEST_F(CliTest, DefaultRunsNoteTheKeptRulesTextbookRunsSayTheirArithmetic) {
   const auto file = workbook("iris.xlsx", {{"Petal", cells(samples::kIrisPetalLength)}});
-  const std::vector<std::string> args = {"describe", file.string(), "-i", "Data!A1:A151", "--headers", "--kurtosis"};
-
-  const RunResult kept = run(args);
+  const std::string command = "describe FILE -i Data!A1:A151 --headers --kurtosis";
+  const RunResult kept = run(commandLine(command, file.string()));
   ASSERT_EQ(kept.exitCode, 0) << kept.err;
   EXPECT_EQ(lineStarting(kept.out, "Textbook"), "");
   const std::vector<std::string> notes = warningLines(kept.err);
@@ -32,14 +31,11 @@ TEST_F(CliTest, DefaultRunsNoteTheKeptRulesTextbookRunsSayTheirArithmetic) {
             "and not its sign; Anscombe and Glynn's test of the signed kurtosis gives 1.03704e-49 (--textbook "
             "gives it).");
 
-  Args json = args;
-  json.emplace_back("--json");
-  const Json keptDoc = runJson(json);
+  const Json keptDoc = runJson(commandLine(command + " --json", file.string()));
   EXPECT_EQ(keptDoc["warnings"], Json::array({notes[0]}));
   EXPECT_FALSE(keptDoc["options"].contains("textbook"));
 
-  json.emplace_back("--textbook");
-  const Json doc = runJson(json);
+  const Json doc = runJson(commandLine(command + " --json --textbook", file.string()));
   EXPECT_EQ(doc["warnings"], Json::array());
   EXPECT_EQ(doc["options"]["textbook"], true);
   EXPECT_EQ(doc["block"][2][0], "Textbook arithmetic");
@@ -51,30 +47,27 @@ TEST_F(CliTest, DefaultRunsNoteTheKeptRulesTextbookRunsSayTheirArithmetic) {
 TEST_F(CliTest, CircularAndFrequencyTakeTextbookToo) {
   // A mean direction of 225: read as 315 by the kept rules.
   const auto angles = workbook("angles.xlsx", {{"SW", cells({200, 225, 250})}});
-  const RunResult kept = run({"circular", angles.string(), "-i", "Data!A1:A4", "--headers", "--mean-angle"});
+  const std::string meanAngle = "circular FILE -i Data!A1:A4 --headers --mean-angle";
+  const RunResult kept = run(commandLine(meanAngle, angles.string()));
   ASSERT_EQ(kept.exitCode, 0) << kept.err;
   EXPECT_EQ(words(lineStarting(kept.out, "Mean Angle")), (std::vector<std::string>{"Mean", "Angle", "315"}));
   EXPECT_EQ(warningLines(kept.err),
             (std::vector<std::string>{"The mean angle of \"SW\" (Data!$A$2:$A$4) reads 315: a mean direction in the "
                                       "third quadrant is reported reflected into the fourth; its direction is 225 "
                                       "(--textbook gives it)."}));
-  const RunResult textbook =
-      run({"circular", angles.string(), "-i", "Data!A1:A4", "--headers", "--mean-angle", "--textbook"});
+  const RunResult textbook = run(commandLine(meanAngle + " --textbook", angles.string()));
   ASSERT_EQ(textbook.exitCode, 0) << textbook.err;
   EXPECT_EQ(words(lineStarting(textbook.out, "Mean Angle")), (std::vector<std::string>{"Mean", "Angle", "225"}));
   EXPECT_EQ(textbook.err, "");
 
   // Blank data cells: counted as 0 (and said so) by the kept rules, not at all with --textbook.
   const auto counts = workbook("counts.xlsx", {{"X", {12.0, CellValue(), 25.0}}, {"Bins", cells({10, 20, 30})}});
-  const std::vector<std::string> args = {"frequency", counts.string(), "-i",        "Data!A1:A4",
-                                         "--headers", "--bins",        "Data!B1:B4"};
-  const RunResult keptCounts = run(args);
+  const std::string counting = "frequency FILE -i Data!A1:A4 --headers --bins Data!B1:B4";
+  const RunResult keptCounts = run(commandLine(counting, counts.string()));
   ASSERT_EQ(keptCounts.exitCode, 0) << keptCounts.err;
   EXPECT_EQ(warningLines(keptCounts.err).size(), 1u) << keptCounts.err;
   EXPECT_NE(keptCounts.out.find("<10"), std::string::npos) << keptCounts.out;
-  Args textbookArgs = args;
-  textbookArgs.emplace_back("--textbook");
-  const RunResult textbookCounts = run(textbookArgs);
+  const RunResult textbookCounts = run(commandLine(counting + " --textbook", counts.string()));
   ASSERT_EQ(textbookCounts.exitCode, 0) << textbookCounts.err;
   EXPECT_EQ(textbookCounts.err, "");
   EXPECT_NE(lineStarting(textbookCounts.out, "Textbook arithmetic"), "");
